@@ -1,0 +1,3 @@
+# The rule sources of each folder, relative to src/. A unit listed here includes no Windows header.
+set(RULE_SOURCES
+)

@@ -1,0 +1,11 @@
+add_compile_definitions(UNICODE _UNICODE NOMINMAX STRICT _WIN32_WINNT=0x0601 WINVER=0x0601)
+add_link_options(-static -static-libgcc -static-libstdc++)
+
+# A floor of the control: a static library of the sources given, which may include the floors that it knows.
+#   ormisk_floor(tree KNOWS model)
+function(ormisk_floor name)
+  cmake_parse_arguments(FLOOR "" "" "SOURCES;KNOWS" ${ARGN})
+  add_library(${name} STATIC ${FLOOR_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ormisk_idl ${FLOOR_KNOWS})
+endfunction()
