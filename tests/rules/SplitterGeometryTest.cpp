@@ -1,0 +1,46 @@
+#include "platform/SplitterGeometry.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace ormisk {
+
+TEST(SplitterGeometry, LocationStaysOnePixelInsideTheContainer) {
+    EXPECT_EQ(ClampedSplitterLocation(40, 100, 4, 1), 40);
+    EXPECT_EQ(ClampedSplitterLocation(1, 100, 4, 1), 1);
+    EXPECT_EQ(ClampedSplitterLocation(0.5f, 100, 4, 1), 1);
+    EXPECT_EQ(ClampedSplitterLocation(-1000, 100, 4, 1), 1);
+    EXPECT_EQ(ClampedSplitterLocation(95, 100, 4, 1), 95);
+    EXPECT_EQ(ClampedSplitterLocation(96, 100, 4, 1), 95);
+    EXPECT_EQ(ClampedSplitterLocation(std::numeric_limits<float>::quiet_NaN(), 100, 4, 1), 1);
+}
+
+TEST(SplitterGeometry, ContainerWithoutRoomKeepsTheSecondPanesPixel) {
+    EXPECT_EQ(ClampedSplitterLocation(10, 0, 4, 1), -5);
+    EXPECT_EQ(ClampedSplitterLocation(0, 0, 4, 1), 1) << "too small a wish is still the least location";
+}
+
+TEST(SplitterGeometry, FirstAndTurnedLocationsUseTheDimensionsGivenToThem) {
+    EXPECT_EQ(InitialSplitterLocation(200, 100, 4, SplitterOrientation::Horizontal), 96);
+    EXPECT_EQ(InitialSplitterLocation(200, 100, 4, SplitterOrientation::Vertical), 46);
+    EXPECT_EQ(TurnedSplitterLocation(96, 200, 100), 192);
+    EXPECT_EQ(TurnedSplitterLocation(5, 100, 200), 2) << "2.5 to even";
+    EXPECT_EQ(TurnedSplitterLocation(7, 100, 0), 7);
+}
+
+TEST(SplitterGeometry, ResizeKeepsTheFractionThatThePanesMeasure) {
+    EXPECT_EQ(ProportionalSplitterLocation(48, 200, 48, 48, 4), 96);
+    EXPECT_EQ(ProportionalSplitterLocation(30, 100, 60, 136, 4), 15) << "not the fraction of the old container";
+    EXPECT_EQ(ProportionalSplitterLocation(30, 100, 0, 0, 0), 30);
+}
+
+TEST(SplitterGeometry, PanesFillTheContainerUpToTheBar) {
+    const SplitPanes rows = ArrangedPanes(200, 100, 30, 4, SplitterOrientation::Horizontal);
+    EXPECT_EQ(rows.First, (UnitRect{0, 0, 200, 30}));
+    EXPECT_EQ(rows.Second, (UnitRect{0, 34, 200, 66}));
+    const SplitPanes columns = ArrangedPanes(200, 100, 30, 4, SplitterOrientation::Vertical);
+    EXPECT_EQ(columns.First, (UnitRect{0, 0, 30, 100}));
+    EXPECT_EQ(columns.Second, (UnitRect{34, 0, 166, 100}));
+}
+
+} // namespace ormisk
