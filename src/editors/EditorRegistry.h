@@ -1,0 +1,34 @@
+#pragma once
+
+#include "editors/EditorContract.h"
+
+#include <string>
+#include <vector>
+
+namespace ormisk {
+
+// The editors of one control: built-in ones by type, those of the host by its key.
+class EditorRegistry {
+public:
+    // Makes the built-in editors, each told its parent window, given its windows, filed and hidden.
+    void CreateBuiltInEditors(HWND treeWindow, const EditorWindows& windows);
+
+    // Files an editor of the host under its key, after `init` with the parent window, and hides it. Nothing is passed
+    // over. Raises InvalidKey for a blank key, EditorKeyPresent for a key in use whatever its case, and what the editor
+    // raises.
+    void RegisterEditor(const std::wstring& key, _CEditor* editor, HWND treeWindow);
+    // After the control closed its editor. An unknown key is no error.
+    void UnRegisterEditor(const std::wstring& key) noexcept;
+
+    // The editor of a row, null when there is none. The key counts for custom editors only.
+    ComPtr<_CEditor> Find(omEditorType type, const std::wstring& editorKey) const;
+    // The further operations of an editor of ours, null for one of the host. Valid while the registry holds it.
+    BuiltInEditor* BuiltIn(_CEditor* editor) const;
+    // The built-in editor filed under a type; null when there is none.
+    _CEditor* BuiltInFor(omEditorType type) const;
+
+    // At the control's end: lets go of all, the first one first, and takes the windows back.
+    void Clear() noexcept;
+};
+
+} // namespace ormisk
