@@ -1,0 +1,69 @@
+#include "automation/Dispatch.h"
+
+namespace ormisk {
+
+namespace {
+
+void FillException(EXCEPINFO& exception, const AutomationError& error) {
+    exception = {};
+    exception.scode = error.number;
+    exception.bstrSource = SysAllocString(error.source.c_str());
+    exception.bstrDescription = SysAllocString(error.description.c_str());
+    if (!error.helpFile.empty()) {
+        exception.bstrHelpFile = SysAllocString(error.helpFile.c_str());
+    }
+}
+
+// Failures of the call itself, which tell of no failure inside the member.
+bool IsFailureOfCall(HRESULT hr) { return HRESULT_FACILITY(hr) == FACILITY_DISPATCH && hr != DISP_E_EXCEPTION; }
+
+} // namespace
+
+HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid, WORD flags, DISPPARAMS* parameters,
+                     VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
+    if (iid != IID_NULL) {
+        return DISP_E_UNKNOWNINTERFACE;
+    }
+    if (!parameters) {
+        return E_POINTER;
+    }
+    const ComPtr<IDispatch> alive(instance);
+    SetErrorInfo(0, nullptr);
+    EXCEPINFO raised{};
+    const HRESULT hr = info->Invoke(instance, id, flags, parameters, result, &raised, badArgument);
+    if (SUCCEEDED(hr) || IsFailureOfCall(hr)) {
+        return hr;
+    }
+    // The type library has taken the error information already, or left it to its caller.
+    const bool taken = hr == DISP_E_EXCEPTION && (raised.bstrDescription || raised.bstrSource);
+    const HRESULT number = hr == DISP_E_EXCEPTION && FAILED(raised.scode) ? raised.scode : hr;
+    return Guarded(iid, [&]() -> HRESULT {
+        const AutomationError error = taken ? TakeException(raised) : TakeErrorInfo(number);
+        if (exception) {
+            FillException(*exception, error);
+        }
+        return DISP_E_EXCEPTION;
+    });
+}
+
+HRESULT FindMembers(ITypeInfo* info, REFIID iid, wchar_t** names, UINT count, DISPID* ids) {
+    if (iid != IID_NULL) {
+        return DISP_E_UNKNOWNINTERFACE;
+    }
+    return names && ids ? info->GetIDsOfNames(names, count, ids) : E_POINTER;
+}
+
+HRESULT GiveTypeInfo(ITypeInfo* info, UINT index, ITypeInfo** result) {
+    if (!result) {
+        return E_POINTER;
+    }
+    *result = nullptr;
+    if (index != 0) {
+        return DISP_E_BADINDEX;
+    }
+    *result = info;
+    info->AddRef();
+    return S_OK;
+}
+
+} // namespace ormisk

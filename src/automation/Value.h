@@ -1,0 +1,32 @@
+#pragma once
+
+#include "automation/Error.h"
+
+namespace ormisk {
+
+// What the library asks of an automation value (Variant). A value may be held by reference everywhere here.
+
+bool HoldsObject(const VARIANT& v);        // an object, Nothing included
+IUnknown* ObjectOf(const VARIANT& v);      // borrowed; null for Nothing and for a plain value
+bool IsMissing(const VARIANT& v);          // an optional argument that was not given
+bool SameObject(IUnknown* a, IUnknown* b); // COM identity; two nulls are the same
+
+enum class Comparison { Equal, Different, Null };
+// Automation comparison of plain values: 1 equals "1", Empty equals "" and 0, texts differ by case. A comparison with
+// Null is Null. Values that cannot be compared, arrays among them, are Different.
+Comparison CompareValues(const VARIANT& a, const VARIANT& b);
+
+_variant_t Plain(const VARIANT& v);    // a copy that refers to nobody's memory; raises
+std::wstring TextOf(const VARIANT& v); // value & "": Empty and Null give "", an object its default value; raises
+// Numbers, booleans, Empty and texts that read as a number; no dates. Of an object its default value decides.
+bool IsNumeric(const VARIANT& v);
+// "Integer", "Long", "String", "Nothing", "Byte()" and so on; of an object the name of its class, else "Object".
+std::wstring TypeNameOf(const VARIANT& v);
+
+// Strings keep their length, embedded zeros too. A null BSTR is the empty string.
+std::wstring FromBstr(BSTR text);
+_bstr_t ToBstr(const std::wstring& text);
+BSTR NewBstr(const std::wstring& text); // for an out argument: the receiver frees it
+_variant_t ToVariant(const std::wstring& text);
+
+} // namespace ormisk
