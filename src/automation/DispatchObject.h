@@ -100,6 +100,9 @@ public:
         return E_INVALIDARG;
     }
 
+    // Borrowed; for comparing and passing on without a choice of base.
+    IUnknown* Identity() { return static_cast<Primary*>(this); }
+
 protected:
     DispatchObject() = default;
     virtual ~DispatchObject() = default;
