@@ -1,0 +1,49 @@
+# Sourced by the commands of the repository: what a machine lacks is installed, and the presets are built. Every message
+# goes to stderr; the full output of each step lies in build/logs.
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
+ROOT=$PWD
+LOGS=$ROOT/build/logs
+mkdir -p "$LOGS"
+
+BUILD_PACKAGES=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev googletest)
+WINE_PACKAGES=(wine wine64 fonts-wine xvfb)
+TEST_PACKAGES=(g++-mingw-w64-i686-posix clang-format clang-tidy)
+
+Say() { printf '%s\n' "$*" >&2; }
+
+# Logged NAME COMMAND...: runs the command with its output in build/logs/NAME.log; when it fails, shows the end of that.
+Logged() {
+    local log=$LOGS/$1.log
+    shift
+    if ! "$@" >"$log" 2>&1 </dev/null; then
+        grep -E -m 20 'error|FAILED|^E:' "$log" >&2 || tail -n 20 "$log" >&2
+        Say "failed: $*"
+        Say "full output: ${log#"$ROOT"/}"
+        return 1
+    fi
+}
+
+# Installs those of the packages that are missing. With all of them present nothing is asked of the network.
+NeedPackages() {
+    local package missing=() asRoot=()
+    for package in "$@"; do
+        [[ $(dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null) == ii* ]] || missing+=("$package")
+    done
+    ((${#missing[@]})) || return 0
+    Say "installing: ${missing[*]}"
+    ((EUID == 0)) || asRoot=(sudo)
+    Logged apt-update "${asRoot[@]}" apt-get update -q || return 1
+    Logged apt-install "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}"
+}
+
+# BuildPreset PRESET [TARGET...]: configures once, then builds what is out of date.
+BuildPreset() {
+    local preset=$1
+    shift
+    if [[ ! -f build/$preset/build.ninja ]]; then
+        Logged "configure-$preset" cmake --preset "$preset" || return 1
+    fi
+    Logged "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+}
