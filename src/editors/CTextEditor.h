@@ -16,7 +16,7 @@ public:
     void TextEdit(TextBox* box) { m_TextBox = box; }
     std::wstring Text() const;
 
-    void Attach(const EditorWindows& windows) override { TextEdit(windows.TextEditor); }
+    void Attach(const EditorWindows& windows) override;
     bool TakeFont(omEditorType type, const FontDescription& font) override;
     void Activate(bool dropDown) override;
     void BeginTyping() override;

@@ -24,11 +24,20 @@ public:
     ComPtr<_CEditor> Find(omEditorType type, const std::wstring& editorKey) const;
     // The further operations of an editor of ours, null for one of the host. Valid while the registry holds it.
     BuiltInEditor* BuiltIn(_CEditor* editor) const;
-    // The built-in editor filed under a type; null when there is none.
-    _CEditor* BuiltInFor(omEditorType type) const;
 
     // At the control's end: lets go of all, the first one first, and takes the windows back.
     void Clear() noexcept;
+
+private:
+    struct Entry {
+        std::wstring Key;
+        ComPtr<_CEditor> Editor;
+        BuiltInEditor* BuiltIn = nullptr; // the same object
+    };
+    const Entry* Lookup(const std::wstring& key) const;
+    void Add(Entry entry);
+
+    std::vector<Entry> m_Editors; // a dozen: looked through
 };
 
 } // namespace ormisk
