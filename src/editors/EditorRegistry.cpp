@@ -1,8 +1,7 @@
 #include "editors/EditorRegistry.h"
 
 #include "editors/CTextEditor.h"
-
-#include <algorithm>
+#include "model/NumberText.h"
 
 namespace ormisk {
 namespace {
@@ -34,11 +33,6 @@ std::wstring InternalKey(omEditorType type) { return L"INTERNAL_" + std::to_wstr
 
 std::wstring CustomKey(const std::wstring& key) { return L"CUSTOM_" + key; }
 
-bool SameKey(const std::wstring& a, const std::wstring& b) {
-    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()), TRUE) ==
-           CSTR_EQUAL;
-}
-
 } // namespace
 
 void EditorRegistry::CreateBuiltInEditors(HWND treeWindow, const EditorWindows& windows) {
@@ -53,59 +47,52 @@ void EditorRegistry::CreateBuiltInEditors(HWND treeWindow, const EditorWindows& 
 }
 
 void EditorRegistry::RegisterEditor(const std::wstring& key, _CEditor* editor, HWND treeWindow) {
-    if (key.find_first_not_of(L' ') == std::wstring::npos)
+    if (TrimBlanks(key).empty())
         Raise(ErrorCode::InvalidKey, kRegisterSource);
     if (!editor)
         return;
-    if (Lookup(CustomKey(key)))
+    const std::wstring custom = CustomKey(key);
+    if (m_Editors.Find(FoldedKey(custom)))
         Raise(ErrorCode::EditorKeyPresent, kRegisterSource);
     EditorProxy proxy(editor);
     proxy.Init(treeWindow);
-    Add({CustomKey(key), editor});
+    Add({custom, editor});
     proxy.SetVisible(false);
 }
 
 void EditorRegistry::UnRegisterEditor(const std::wstring& key) noexcept {
-    ComPtr<_CEditor> last; // released when the list is whole again
-    if (const Entry* entry = Lookup(CustomKey(key))) {
-        last = entry->Editor;
-        m_Editors.erase(m_Editors.begin() + (entry - m_Editors.data()));
-    }
+    // The entry, and with it the editor, goes when the collection is whole again.
+    IgnoringFailures([&] { m_Editors.Remove(FoldedKey(CustomKey(key))); });
 }
 
 ComPtr<_CEditor> EditorRegistry::Find(omEditorType type, const std::wstring& editorKey) const {
     if (type == omFileEditor) // the directory editor browses for files too
         type = omDirectoryEditor;
-    const Entry* entry = Lookup(type == omCustomEditor ? CustomKey(editorKey) : InternalKey(type));
+    const Entry* entry = m_Editors.Find(FoldedKey(type == omCustomEditor ? CustomKey(editorKey) : InternalKey(type)));
     return entry ? entry->Editor : nullptr;
 }
 
 BuiltInEditor* EditorRegistry::BuiltIn(_CEditor* editor) const {
-    const auto found = std::find_if(m_Editors.begin(), m_Editors.end(),
-                                    [&](const Entry& entry) { return entry.Editor.Get() == editor && entry.BuiltIn; });
-    return found == m_Editors.end() ? nullptr : found->BuiltIn;
+    for (const auto& entry : m_Editors) {
+        if (entry->BuiltIn && entry->Editor.Get() == editor)
+            return entry->BuiltIn;
+    }
+    return nullptr;
 }
 
 void EditorRegistry::Clear() noexcept {
-    while (!m_Editors.empty()) {
-        const Entry first = std::move(m_Editors.front());
-        m_Editors.erase(m_Editors.begin());
-        if (first.BuiltIn)
-            first.BuiltIn->Attach({});
+    while (m_Editors.Count() > 0) {
+        const auto first = m_Editors.RemoveAt(1);
+        if (first->BuiltIn)
+            first->BuiltIn->Attach({});
     }
-}
-
-const EditorRegistry::Entry* EditorRegistry::Lookup(const std::wstring& key) const {
-    const auto found =
-        std::find_if(m_Editors.begin(), m_Editors.end(), [&](const Entry& entry) { return SameKey(entry.Key, key); });
-    return found == m_Editors.end() ? nullptr : &*found;
 }
 
 // The editor's `init` may have filed another one under the key meanwhile.
 void EditorRegistry::Add(Entry entry) {
-    if (Lookup(entry.Key))
+    if (m_Editors.Find(entry.Folded()))
         Raise(ErrorCode::EditorKeyPresent, kRegisterSource);
-    m_Editors.push_back(std::move(entry));
+    m_Editors.Add(std::make_unique<Entry>(std::move(entry)));
 }
 
 } // namespace ormisk

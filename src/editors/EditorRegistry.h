@@ -1,9 +1,10 @@
 #pragma once
 
 #include "editors/EditorContract.h"
+#include "model/KeyedCollection.h"
 
+#include <memory>
 #include <string>
-#include <vector>
 
 namespace ormisk {
 
@@ -33,11 +34,12 @@ private:
         std::wstring Key;
         ComPtr<_CEditor> Editor;
         BuiltInEditor* BuiltIn = nullptr; // the same object
+
+        FoldedKey Folded() const { return FoldedKey(Key); }
     };
-    const Entry* Lookup(const std::wstring& key) const;
     void Add(Entry entry);
 
-    std::vector<Entry> m_Editors; // a dozen: looked through
+    KeyedCollection<Entry, std::unique_ptr<Entry>, &Entry::Folded> m_Editors;
 };
 
 } // namespace ormisk

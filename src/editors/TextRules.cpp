@@ -15,11 +15,6 @@ constexpr int kEnter = 13;
 constexpr int kEscape = 27;
 constexpr auto kNowhere = std::wstring_view::npos;
 
-std::wstring_view WithoutBlanks(std::wstring_view text) {
-    const auto first = text.find_first_not_of(L' ');
-    return first == kNowhere ? std::wstring_view() : text.substr(first, text.find_last_not_of(L' ') - first + 1);
-}
-
 // A number beyond a Single is greater or less than every limit.
 float SingleOrInfinity(double value) {
     constexpr float kInfinity = std::numeric_limits<float>::infinity();
@@ -45,14 +40,14 @@ KeyVerdict DecideMinus(const BoxState& box, bool allowed) {
 } // namespace
 
 Verdict ValidateText(std::wstring_view text, const TextLimits& limits) {
-    const auto length = static_cast<std::int64_t>(WithoutBlanks(text).size());
+    const auto length = static_cast<std::int64_t>(TrimBlanks(text).size());
     if (length < limits.MinLength)
         return {false, L"Entered text is too small in length"};
     return {limits.MaxLength <= 0 || length <= limits.MaxLength, {}};
 }
 
 Verdict ValidateText(std::wstring_view text, const NumberLimits& limits, wchar_t decimalPoint) {
-    const auto number = WithoutBlanks(text);
+    const auto number = TrimBlanks(text);
     const auto minus = number.find(L'-');
     if (minus != kNowhere && !limits.AllowNegative)
         return {false, L"Negative value is not permitted"};

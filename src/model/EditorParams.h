@@ -1,6 +1,7 @@
 #pragma once
 
 #include "automation/Error.h"
+#include "model/NumberText.h"
 
 #include <map>
 #include <optional>
@@ -28,10 +29,9 @@ public:
 
 private:
     static std::wstring KeyOf(std::wstring_view name, std::optional<long> editorType) {
-        const auto first = name.find_first_not_of(L' ');
-        if (first == std::wstring_view::npos)
+        std::wstring upper(TrimBlanks(name));
+        if (upper.empty())
             Raise(ErrorCode::InvalidKey);
-        std::wstring upper(name.substr(first, name.find_last_not_of(L' ') - first + 1));
         CharUpperBuffW(upper.data(), static_cast<DWORD>(upper.size()));
         return L"EDPARAM_" + upper + (editorType ? L"_" + std::to_wstring(*editorType) : std::wstring());
     }
