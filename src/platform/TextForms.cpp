@@ -27,17 +27,14 @@ void TextOfBytes(std::string_view bytes, wchar_t* out) {
         out[i] = static_cast<wchar_t>(byteAt(2 * i) | byteAt(2 * i + 1) << 8);
 }
 
-TextPoint WideTextOrigin(const TextRect& bounds, long width, long height, unsigned format) {
+Point WideTextOrigin(const Rect& bounds, Size text, unsigned format) {
     constexpr unsigned kCenter = 0x1;
     constexpr unsigned kRightOrRightToLeft = 0x20002;
-    TextPoint origin;
-    origin.Y = RoundToLong((bounds.Bottom - bounds.Top - height) / 2.0 + bounds.Top);
+    Point origin{bounds.left, RoundToLong((bounds.Height() - text.cy) / 2.0 + bounds.top)};
     if (format & kCenter)
-        origin.X = RoundToLong((bounds.Right - bounds.Left - width) / 2.0 + bounds.Left);
+        origin.x = RoundToLong((bounds.Width() - text.cx) / 2.0 + bounds.left);
     else if (format & kRightOrRightToLeft)
-        origin.X = bounds.Right - width;
-    else
-        origin.X = bounds.Left;
+        origin.x = bounds.right - text.cx;
     return origin;
 }
 

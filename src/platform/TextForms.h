@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Geometry.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -24,22 +26,8 @@ std::wstring ExpandText(std::wstring_view plain);
 // The text that a byte-expanded one stands for.
 std::wstring NarrowText(std::wstring_view expanded);
 
-struct TextRect {
-    long Left = 0;
-    long Top = 0;
-    long Right = 0;
-    long Bottom = 0;
-};
-
-struct TextPoint {
-    long X = 0;
-    long Y = 0;
-
-    bool operator==(const TextPoint&) const = default;
-};
-
-// Where a text of the given size starts on systems that cannot align wide text themselves: always centred vertically,
+// Where a text of this size starts on systems that cannot align wide text themselves: always centred vertically,
 // horizontally as the drawing format says.
-TextPoint WideTextOrigin(const TextRect& bounds, long width, long height, unsigned format);
+Point WideTextOrigin(const Rect& bounds, Size text, unsigned format);
 
 } // namespace ormisk

@@ -28,12 +28,12 @@ TEST(TextForms, OddNumberOfBytesCountsAsRoundedHalf) {
 }
 
 TEST(TextForms, WideTextStartsWhereItsFormatAlignsIt) {
-    const TextRect cell{10, 20, 111, 40};
-    EXPECT_EQ(WideTextOrigin(cell, 50, 13, 0x8824), (TextPoint{10, 24})) << "3.5 above the text, ties to even";
-    EXPECT_EQ(WideTextOrigin(cell, 50, 13, 0x8825), (TextPoint{36, 24})) << "25.5 to the left of the text";
-    EXPECT_EQ(WideTextOrigin(cell, 50, 13, 0x8826), (TextPoint{61, 24}));
-    EXPECT_EQ(WideTextOrigin(cell, 50, 13, 0x20020), (TextPoint{61, 24})) << "right-to-left text stays at the right";
-    EXPECT_EQ(WideTextOrigin(cell, 201, 13, 0x8825), (TextPoint{-40, 24})) << "too long a text is not shortened";
+    const Rect cell{10, 20, 111, 40};
+    EXPECT_EQ(WideTextOrigin(cell, {50, 13}, 0x8824), (Point{10, 24})) << "3.5 above the text, ties to even";
+    EXPECT_EQ(WideTextOrigin(cell, {50, 13}, 0x8825), (Point{36, 24})) << "25.5 to the left of the text";
+    EXPECT_EQ(WideTextOrigin(cell, {50, 13}, 0x8826), (Point{61, 24}));
+    EXPECT_EQ(WideTextOrigin(cell, {50, 13}, 0x20020), (Point{61, 24})) << "right-to-left text stays at the right";
+    EXPECT_EQ(WideTextOrigin(cell, {201, 13}, 0x8825), (Point{-40, 24})) << "too long a text is not shortened";
 }
 
 } // namespace ormisk

@@ -1,0 +1,229 @@
+#include "platform/Splitter.h"
+
+#include "platform/Gdi.h"
+#include "platform/Rounding.h"
+
+namespace ormisk {
+
+namespace {
+
+constexpr int kLeftButton = 1;
+
+// Runs at the end of a block, also when a listener raises.
+template <class Action> class AtEnd {
+public:
+    explicit AtEnd(Action action) : m_Action(action) {}
+    AtEnd(const AtEnd&) = delete;
+    AtEnd& operator=(const AtEnd&) = delete;
+    ~AtEnd() { m_Action(); }
+
+private:
+    Action m_Action;
+};
+
+} // namespace
+
+CSplitter::~CSplitter() {
+    if (m_Dragging)
+        EndCapture();
+}
+
+void CSplitter::init(SplitterContainer* container, SplitterPane* firstPane, SplitterPane* secondPane,
+                     SplitterOrientation orientation) {
+    m_FirstPane = firstPane;
+    m_SecondPane = secondPane;
+    m_Container = container;
+    if (!m_Container)
+        return;
+    // The orientation is still the old one here, a vertical bar at first: so the metric comes from the other direction.
+    const float bar = Horizontal()
+                          ? m_Container->PixelsToUnitsY(static_cast<float>(GetSystemMetrics(SM_CXFRAME)))
+                          : m_Container->PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CYFRAME)));
+    m_BarSize = RoundToShort(bar);
+    m_Location =
+        InitialSplitterLocation(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_BarSize, orientation);
+    Orientation(orientation);
+}
+
+void CSplitter::Locked(bool locked) {
+    m_Locked = locked;
+    UpdateMousePointer();
+}
+
+void CSplitter::Orientation(SplitterOrientation orientation) {
+    if (orientation != m_Orientation) {
+        const float oldExtent = Extent();
+        m_Orientation = orientation;
+        SplitterLocation(TurnedSplitterLocation(m_Location, oldExtent, Extent()));
+    }
+    UpdateMousePointer();
+}
+
+void CSplitter::SplitterLocation(float location) {
+    if (m_Container) {
+        const float clamped = ClampedSplitterLocation(location, Extent(), m_BarSize, MinimumExtent());
+        if (clamped != m_Location)
+            m_PrevLocation = m_Location;
+        m_Location = clamped;
+    }
+    ArrangePanes();
+}
+
+void CSplitter::ContainerDblClick() {
+    if (!Horizontal()) {
+        if (m_Listener)
+            m_Listener->SplitterDblClick(*this);
+    } else if (!m_Locked) {
+        SplitterLocation(m_PrevLocation);
+    }
+}
+
+void CSplitter::ContainerMouseDown(int button, int, float x, float y) {
+    if (button != kLeftButton || m_Dragging || m_Locked || !m_Container)
+        return;
+    BeginCapture();
+    m_DragLocation = m_Location;
+    m_DragMouse = Horizontal() ? y : x;
+    DrawRubberBand();
+}
+
+void CSplitter::ContainerMouseMove(int, int, float x, float y) {
+    if (!m_Dragging)
+        return;
+    DrawRubberBand();
+    FollowMouse(x, y);
+    DrawRubberBand();
+}
+
+void CSplitter::ContainerMouseUp(int, int, float x, float y) {
+    if (!m_Dragging)
+        return;
+    DrawRubberBand();
+    FollowMouse(x, y);
+    const AtEnd release([this] { EndCapture(); });
+    SplitterLocation(m_DragLocation);
+}
+
+void CSplitter::ContainerResize() {
+    if (!m_Container)
+        return;
+    const auto extentOf = [this](const SplitterPane* pane) {
+        if (!pane)
+            return 0.0f;
+        return Horizontal() ? pane->Height() : pane->Width();
+    };
+    SplitterLocation(ProportionalSplitterLocation(m_Location, Extent(), extentOf(m_FirstPane),
+                                                  extentOf(m_SecondPane), m_BarSize));
+}
+
+void CSplitter::HidePane(HiddenPane pane) {
+    if (pane == m_HiddenPane)
+        return;
+    m_HiddenPane = pane;
+    ArrangePanes();
+}
+
+// The container's size along the bar's movement.
+float CSplitter::Extent() const {
+    if (!m_Container)
+        return 0;
+    return Horizontal() ? m_Container->ScaleHeight() : m_Container->ScaleWidth();
+}
+
+// The least that a pane keeps: one pixel.
+float CSplitter::MinimumExtent() const {
+    return Horizontal() ? m_Container->PixelsToUnitsY(1) : m_Container->PixelsToUnitsX(1);
+}
+
+void CSplitter::UpdateMousePointer() {
+    if (!m_Container)
+        return;
+    if (m_Locked)
+        m_Container->SetMousePointer(MousePointer::Default);
+    else
+        m_Container->SetMousePointer(Horizontal() ? MousePointer::SizeNS : MousePointer::SizeWE);
+}
+
+void CSplitter::ArrangePanes() {
+    if (!m_Container)
+        return;
+    switch (m_HiddenPane) {
+    case HiddenPane::Left:
+    case HiddenPane::Top:
+        ShowOnly(m_FirstPane, m_SecondPane);
+        return;
+    case HiddenPane::Right:
+    case HiddenPane::Bottom:
+        ShowOnly(m_SecondPane, m_FirstPane);
+        return;
+    case HiddenPane::None:
+        break;
+    }
+    const SplitPanes panes = ArrangedPanes(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_Location,
+                                           m_BarSize, m_Orientation);
+    const auto place = [](SplitterPane* pane, const UnitRect& bounds) {
+        if (!pane)
+            return;
+        pane->SetBounds(bounds.Left, bounds.Top, bounds.Width, bounds.Height);
+        pane->SetVisible(true);
+    };
+    place(m_FirstPane, panes.First);
+    place(m_SecondPane, panes.Second);
+    if (m_Listener)
+        m_Listener->LocationChanged(*this);
+}
+
+void CSplitter::ShowOnly(SplitterPane* hidden, SplitterPane* shown) {
+    if (hidden)
+        hidden->SetVisible(false);
+    if (!shown)
+        return;
+    shown->SetBounds(0, 0, m_Container->ScaleWidth(), m_Container->ScaleHeight());
+    shown->SetVisible(true);
+}
+
+void CSplitter::FollowMouse(float x, float y) {
+    const float mouse = Horizontal() ? y : x;
+    m_DragLocation -= m_DragMouse - mouse;
+    m_DragMouse = mouse;
+}
+
+void CSplitter::BeginCapture() {
+    SetCapture(m_Container->hWnd());
+    m_Dragging = true;
+    RECT client{};
+    GetClientRect(m_Container->hWnd(), &client);
+    MapWindowPoints(m_Container->hWnd(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+    ClipCursor(&client);
+}
+
+void CSplitter::EndCapture() {
+    ReleaseCapture();
+    m_Dragging = false;
+    RECT desktop{};
+    GetWindowRect(GetDesktopWindow(), &desktop);
+    ClipCursor(&desktop);
+}
+
+// Inverts the bar's strip on the screen: drawn twice, it is gone.
+void CSplitter::DrawRubberBand() const {
+    const HWND window = m_Container->hWnd();
+    RECT band{};
+    if (const WindowDC container(window); container)
+        GetClipBox(container.Get(), &band);
+    if (Horizontal()) {
+        band.top = RoundToLong(m_Container->UnitsToPixelsY(m_DragLocation));
+        band.bottom = band.top + GetSystemMetrics(SM_CYFRAME);
+    } else {
+        band.left = RoundToLong(m_Container->UnitsToPixelsX(m_DragLocation));
+        band.right = band.left + GetSystemMetrics(SM_CXFRAME);
+    }
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&band), 2);
+    if (const WindowDC screen(nullptr); screen) {
+        const int mode = SetROP2(screen.Get(), R2_XORPEN);
+        Rectangle(screen.Get(), band.left, band.top, band.right, band.bottom);
+        SetROP2(screen.Get(), mode);
+    }
+}
+
+} // namespace ormisk
