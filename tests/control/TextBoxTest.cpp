@@ -1,0 +1,247 @@
+#include "HandleCount.h"
+
+#include "platform/TextBox.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+
+namespace ormisk {
+namespace {
+
+// A listener whose handlers do what a test needs of them.
+class Listener : public TextBoxListener {
+public:
+    std::function<void(int&)> onKeyDown = [](int&) {};
+    std::function<void(int&)> onKeyPress = [](int&) {};
+    std::function<void()> onLostFocus = [] {};
+    std::wstring heard;
+
+    void OnKeyDown(int& keyCode, int) override {
+        heard += L"down " + std::to_wstring(keyCode) + L"; ";
+        onKeyDown(keyCode);
+    }
+    void OnKeyPress(int& keyAscii) override {
+        heard += L"press " + std::to_wstring(keyAscii) + L"; ";
+        onKeyPress(keyAscii);
+    }
+    void OnKeyUp(int& keyCode, int) override { heard += L"up " + std::to_wstring(keyCode) + L"; "; }
+    void OnGotFocus() override { heard += L"got; "; }
+    void OnLostFocus() override {
+        heard += L"lost; ";
+        onLostFocus();
+    }
+};
+
+class TextBoxTest : public testing::Test {
+protected:
+    static LRESULT CALLBACK ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        auto* test = reinterpret_cast<TextBoxTest*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        if (message == WM_MOUSEWHEEL)
+            ++test->wheels;
+        if (message == WM_CTLCOLOREDIT && test->box && reinterpret_cast<HWND>(lParam) == test->box->Hwnd())
+            return reinterpret_cast<LRESULT>(test->box->OnCtlColor(reinterpret_cast<HDC>(wParam)));
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+
+    void SetUp() override {
+        WNDCLASSW parentClass{};
+        parentClass.lpfnWndProc = ParentProc;
+        parentClass.lpszClassName = L"TextBoxTestParent";
+        RegisterClassW(&parentClass);
+        // The system keeps what the first edit window of a process made, and its first painting.
+        OpenBox();
+        PixelAt(0, 0);
+        CloseBox();
+        gdiHandles = test::LiveGdiHandles();
+        windows = test::LiveWindows();
+        OpenBox();
+    }
+    void TearDown() override {
+        CloseBox();
+        EXPECT_EQ(test::LiveWindows(), windows);
+        EXPECT_EQ(test::LiveGdiHandles(), gdiHandles);
+    }
+
+    void OpenBox() {
+        parent = CreateWindowW(L"TextBoxTestParent", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 300, 200, nullptr,
+                               nullptr, GetModuleHandleW(nullptr), nullptr);
+        SetWindowLongPtrW(parent, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        box = std::make_unique<TextBox>();
+        box->Create(parent, &listener);
+        box->Move(0, 0, 100, 20);
+        box->SetVisible(true);
+        box->SetFocus();
+    }
+    void CloseBox() {
+        box.reset();
+        DestroyWindow(parent);
+    }
+    COLORREF PixelAt(int x, int y) const {
+        RedrawWindow(box->Hwnd(), nullptr, nullptr, RDW_UPDATENOW);
+        return GetPixel(WindowDC(box->Hwnd()).Get(), x, y);
+    }
+    void Type(const wchar_t* keys) {
+        for (; *keys; ++keys)
+            SendMessageW(box->Hwnd(), WM_CHAR, *keys, 1);
+    }
+
+    Listener listener;
+    HWND parent = nullptr;
+    std::unique_ptr<TextBox> box;
+    int wheels = 0;
+    unsigned gdiHandles = 0;
+    unsigned windows = 0;
+};
+
+} // namespace
+
+TEST_F(TextBoxTest, TextsOfAnyLengthAndCharactersAreKeptUpToTheirFirstZero) {
+    std::wstring text;
+    while (text.size() < 1'000'000)
+        text += L"a\x0416\xD83D\xDE00\x05D0 \x3042\xFFFD";
+    box->SetText(text);
+    EXPECT_EQ(box->Text(), text);
+    box->SetText(std::wstring(L"abc\0def", 7));
+    EXPECT_EQ(box->Text(), L"abc");
+    box->SetText({});
+    EXPECT_EQ(box->Text(), L"");
+}
+
+TEST_F(TextBoxTest, LimitHoldsForWhatIsTypedAndZeroLiftsItForLongTexts) {
+    box->SetMaxLength(3);
+    Type(L"abcdef");
+    EXPECT_EQ(box->Text(), L"abc");
+    box->SetText(L"longer");
+    EXPECT_EQ(box->Text(), L"longer") << "a text from code is whole";
+
+    box->SetMaxLength(0);
+    box->SetText(std::wstring(40'000, L'x'));
+    Type(L"y");
+    EXPECT_EQ(box->Text().size(), 40'001U);
+}
+
+TEST_F(TextBoxTest, ModifiedMeansByTheUser) {
+    box->SetText(L"abc");
+    box->SetModified(false);
+    EXPECT_FALSE(box->IsModified());
+    box->SetText(L"def");
+    EXPECT_FALSE(box->IsModified());
+    Type(L"x");
+    EXPECT_TRUE(box->IsModified());
+    box->SetModified(false);
+    EXPECT_FALSE(box->IsModified());
+}
+
+TEST_F(TextBoxTest, SelectionIsReadAndSetByStartAndLength) {
+    box->SetText(L"hello");
+    EXPECT_EQ(box->SelStart(), 0);
+    EXPECT_EQ(box->SelLength(), 0);
+    box->Select(1, 3);
+    EXPECT_EQ(box->SelStart(), 1);
+    EXPECT_EQ(box->SelLength(), 3);
+    Type(L"i");
+    EXPECT_EQ(box->Text(), L"hio");
+    box->SelectAll();
+    EXPECT_EQ(box->SelLength(), 3);
+}
+
+TEST_F(TextBoxTest, AHandlerSwallowsOrReplacesKeys) {
+    listener.onKeyPress = [](int& key) { key = key == L'a' ? 0 : key == L'b' ? L'\x0416' : key; };
+    Type(L"abc");
+    EXPECT_EQ(box->Text(), L"\x0416"
+                           L"c");
+
+    listener.heard.clear();
+    box->Select(0, 0);
+    listener.onKeyDown = [](int& key) { key = key == VK_RIGHT ? 0 : key; };
+    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_RIGHT, 1);
+    EXPECT_EQ(box->SelStart(), 0);
+    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_END, 1);
+    EXPECT_EQ(box->SelStart(), 2);
+    SendMessageW(box->Hwnd(), WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+    SendMessageW(box->Hwnd(), WM_KEYUP, VK_END, 1);
+    EXPECT_EQ(listener.heard, L"down 39; down 35; down 40; up 35; ");
+}
+
+TEST_F(TextBoxTest, AFailingHandlerStaysInTheWindowProcedureAndTheKeyGoesOn) {
+    listener.onKeyPress = [](int&) { throw std::runtime_error("handler"); };
+    Type(L"a");
+    EXPECT_EQ(box->Text(), L"a");
+}
+
+TEST_F(TextBoxTest, AHandlerMayDestroyTheBoxOrItsWindow) {
+    listener.onKeyPress = [&](int&) { box.reset(); };
+    SendMessageW(box->Hwnd(), WM_CHAR, L'a', 1);
+    EXPECT_EQ(box, nullptr);
+    CloseBox();
+
+    OpenBox();
+    listener.onLostFocus = [&] { box.reset(); };
+    SetFocus(parent);
+    EXPECT_EQ(box, nullptr);
+    CloseBox();
+
+    listener = {};
+    OpenBox();
+    listener.onKeyPress = [&](int&) { DestroyWindow(parent); };
+    SendMessageW(box->Hwnd(), WM_CHAR, L'a', 1);
+    EXPECT_EQ(box->Hwnd(), nullptr);
+}
+
+TEST_F(TextBoxTest, FocusIsReportedAndTheEndIsSilent) {
+    listener.heard.clear();
+    SetFocus(parent);
+    box->SetFocus();
+    EXPECT_EQ(listener.heard, L"lost; got; ");
+    listener.heard.clear();
+    box.reset();
+    EXPECT_EQ(listener.heard, L"");
+}
+
+TEST_F(TextBoxTest, WithoutItsWindowNothingHappens) {
+    DestroyWindow(parent);
+    box->SetText(L"abc");
+    box->SetModified(true);
+    box->Move(1, 1, 1, 1);
+    box->SetVisible(true);
+    box->SetFocus();
+    EXPECT_EQ(box->Text(), L"");
+    EXPECT_FALSE(box->IsModified());
+    EXPECT_FALSE(box->IsVisible());
+    EXPECT_EQ(box->SelStart(), 0);
+    EXPECT_EQ(box->SelLength(), 0);
+    EXPECT_EQ(box->Parent(), nullptr);
+}
+
+TEST_F(TextBoxTest, IsPaintedInItsColours) {
+    box->SetBackColor(RGB(10, 200, 30));
+    box->SetForeColor(0x80000000U | COLOR_HIGHLIGHT);
+    EXPECT_EQ(PixelAt(90, 10), RGB(10, 200, 30));
+
+    const WindowDC dc(box->Hwnd());
+    const HBRUSH brush = box->OnCtlColor(dc.Get());
+    LOGBRUSH made{};
+    GetObjectW(brush, sizeof made, &made);
+    EXPECT_EQ(made.lbColor, RGB(10, 200, 30));
+    EXPECT_EQ(GetBkColor(dc.Get()), RGB(10, 200, 30));
+    EXPECT_EQ(GetTextColor(dc.Get()), GetSysColor(COLOR_HIGHLIGHT));
+}
+
+TEST_F(TextBoxTest, KeepsItsOwnVisibleFlagUnderAHiddenParent) {
+    ShowWindow(parent, SW_HIDE);
+    EXPECT_TRUE(box->IsVisible());
+    box->SetVisible(false);
+    EXPECT_FALSE(box->IsVisible());
+}
+
+TEST_F(TextBoxTest, LeavesTheWheelToItsParentAndAsksDialogsForEnterAndEsc) {
+    SendMessageW(box->Hwnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
+    EXPECT_EQ(wheels, 1);
+    EXPECT_TRUE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_RETURN, 0) & DLGC_WANTMESSAGE);
+    EXPECT_TRUE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_ESCAPE, 0) & DLGC_WANTMESSAGE);
+    EXPECT_FALSE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_TAB, 0) & DLGC_WANTMESSAGE);
+}
+
+} // namespace ormisk
