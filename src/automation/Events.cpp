@@ -158,7 +158,7 @@ HRESULT ConnectionPoints::FindConnectionPoint(REFIID iid, IConnectionPoint** poi
     return S_OK;
 }
 
-bool ConnectionPoints::HasListeners() const { return m_Frozen == 0 && !m_Points.front()->Sinks().empty(); }
+bool ConnectionPoints::HasListeners() const { return m_Suspended == 0 && !m_Points.front()->Sinks().empty(); }
 
 void ConnectionPoints::Fire(DISPID id, VARIANT* arguments, UINT count) {
     if (!HasListeners()) {
@@ -183,11 +183,11 @@ void ConnectionPoints::Fire(DISPID id, VARIANT* arguments, UINT count) {
     }
 }
 
-void ConnectionPoints::FreezeEvents(bool freeze) {
-    if (freeze) {
-        ++m_Frozen;
-    } else if (m_Frozen > 0) {
-        --m_Frozen;
+void ConnectionPoints::SuspendEvents(bool suspend) {
+    if (suspend) {
+        ++m_Suspended;
+    } else if (m_Suspended > 0) {
+        --m_Suspended;
     }
 }
 

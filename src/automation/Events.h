@@ -25,8 +25,11 @@ public:
     // no failure. The object stays alive during the call, but nobody else's hold on it is sure afterwards.
     void Fire(DISPID id, VARIANT* arguments = nullptr, UINT count = 0);
 
-    // While frozen, events are dropped. Each True is undone by a False.
-    void FreezeEvents(bool freeze);
+    // While suspended, events are dropped. Each true is undone by a false.
+    void SuspendEvents(bool suspend);
+
+    // The sinks now connected to a source.
+    std::vector<ComPtr<IUnknown>> SinksOf(REFIID source) const;
 
 protected:
     explicit ConnectionPoints(REFIID source);
@@ -36,14 +39,12 @@ protected:
 
     // One more interface that sinks can be connected to. Only in the constructor of the object.
     void AddSource(REFIID source);
-    // The sinks now connected to a source.
-    std::vector<ComPtr<IUnknown>> SinksOf(REFIID source) const;
 
 private:
     ConnectionPoint* Find(REFIID source) const;
 
     std::vector<std::unique_ptr<ConnectionPoint>> m_Points;
-    long m_Frozen = 0;
+    long m_Suspended = 0;
 };
 
 } // namespace ormisk

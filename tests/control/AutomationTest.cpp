@@ -256,10 +256,10 @@ TEST_F(Automation, AnEventMissesASinkOrCallsOneThatHasLeft) {
     EXPECT_EQ(Disconnect(item.Get(), first, firstCookie), CONNECT_E_NOCONNECTION);
     EXPECT_TRUE(item->HasListeners());
 
-    item->FreezeEvents(true);
+    item->SuspendEvents(true);
     EXPECT_FALSE(item->HasListeners());
     item->Fire(1);
-    item->FreezeEvents(false);
+    item->SuspendEvents(false);
     EXPECT_EQ(third.calls, 2);
     EXPECT_EQ(Disconnect(item.Get(), third, thirdCookie), S_OK);
     EXPECT_FALSE(item->HasListeners());
