@@ -153,8 +153,8 @@ void ShowAboutWindow(HWND owner, const std::wstring& product, const std::wstring
     AboutState state{owner ? GetAncestor(owner, GA_ROOT) : nullptr, {}};
     const DialogTemplate window = AboutTemplate(product, version);
     const HWND focus = GetFocus();
-    const INT_PTR closedBy = DialogBoxIndirectParamW(OwnModule(), window.Get(), state.Owner, AboutProc,
-                                                     reinterpret_cast<LPARAM>(&state));
+    const INT_PTR closedBy =
+        DialogBoxIndirectParamW(OwnModule(), window.Get(), state.Owner, AboutProc, reinterpret_cast<LPARAM>(&state));
     if (closedBy == -1)
         Check(HRESULT_FROM_WIN32(GetLastError()));
     if (IsWindow(focus))

@@ -76,7 +76,8 @@ private:
 
 // The pens, brushes, fonts and pattern brushes of one control, each kind by the key of its role ("LineColor").
 // A key holds one live object: asking with other attributes replaces it, so a handle is good until then. Callers never
-// delete a handle. Colours are RGB values. A failure gives no handle and raises nothing. Removing an absent key is fine.
+// delete a handle. Colours are RGB values. A failure gives no handle and raises nothing. Removing an absent key is
+// fine.
 class CResourceMgr {
 public:
     HPEN GetPen(Color color, std::wstring_view key, int style = PS_SOLID, int width = 0) noexcept;

@@ -43,9 +43,8 @@ bool SameLetters(std::wstring_view text, std::wstring_view upperCased) {
 
 ScaleMode ScaleModeFromText(std::wstring_view text) {
     static constexpr std::pair<std::wstring_view, ScaleMode> kNames[] = {
-        {L"TWIP", ScaleMode::Twip},           {L"POINT", ScaleMode::Point},
-        {L"CHARACTER", ScaleMode::Character}, {L"INCH", ScaleMode::Inch},
-        {L"MILLIMETER", ScaleMode::Millimeter}, {L"CENTIMETER", ScaleMode::Centimeter},
+        {L"TWIP", ScaleMode::Twip}, {L"POINT", ScaleMode::Point},           {L"CHARACTER", ScaleMode::Character},
+        {L"INCH", ScaleMode::Inch}, {L"MILLIMETER", ScaleMode::Millimeter}, {L"CENTIMETER", ScaleMode::Centimeter},
     };
     for (const auto& [name, mode] : kNames)
         if (SameLetters(text, name))

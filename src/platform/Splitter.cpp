@@ -36,12 +36,10 @@ void CSplitter::init(SplitterContainer* container, SplitterPane* firstPane, Spli
     if (!m_Container)
         return;
     // The orientation is still the old one here, a vertical bar at first: so the metric comes from the other direction.
-    const float bar = Horizontal()
-                          ? m_Container->PixelsToUnitsY(static_cast<float>(GetSystemMetrics(SM_CXFRAME)))
-                          : m_Container->PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CYFRAME)));
+    const float bar = Horizontal() ? m_Container->PixelsToUnitsY(static_cast<float>(GetSystemMetrics(SM_CXFRAME)))
+                                   : m_Container->PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CYFRAME)));
     m_BarSize = RoundToShort(bar);
-    m_Location =
-        InitialSplitterLocation(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_BarSize, orientation);
+    m_Location = InitialSplitterLocation(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_BarSize, orientation);
     Orientation(orientation);
 }
 
@@ -112,8 +110,8 @@ void CSplitter::ContainerResize() {
             return 0.0f;
         return Horizontal() ? pane->Height() : pane->Width();
     };
-    SplitterLocation(ProportionalSplitterLocation(m_Location, Extent(), extentOf(m_FirstPane),
-                                                  extentOf(m_SecondPane), m_BarSize));
+    SplitterLocation(
+        ProportionalSplitterLocation(m_Location, Extent(), extentOf(m_FirstPane), extentOf(m_SecondPane), m_BarSize));
 }
 
 void CSplitter::HidePane(HiddenPane pane) {
@@ -159,8 +157,8 @@ void CSplitter::ArrangePanes() {
     case HiddenPane::None:
         break;
     }
-    const SplitPanes panes = ArrangedPanes(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_Location,
-                                           m_BarSize, m_Orientation);
+    const SplitPanes panes =
+        ArrangedPanes(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_Location, m_BarSize, m_Orientation);
     const auto place = [](SplitterPane* pane, const UnitRect& bounds) {
         if (!pane)
             return;

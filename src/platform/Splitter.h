@@ -52,8 +52,8 @@ protected:
 enum class HiddenPane : int { None = 0, Left = 1, Right = 2, Top = 3, Bottom = 4 };
 
 // A movable divider between two panes in a container. It has no window: the bar is the strip that the panes leave free,
-// and the owner passes the container's mouse and resize messages on. Container, panes and listener are not owned and may
-// be absent. Locations and sizes are in units of the container.
+// and the owner passes the container's mouse and resize messages on. Container, panes and listener are not owned and
+// may be absent. Locations and sizes are in units of the container.
 class CSplitter {
 public:
     explicit CSplitter(SplitterListener* listener = nullptr) : m_Listener(listener) {}

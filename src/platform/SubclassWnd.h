@@ -20,8 +20,8 @@ protected:
 };
 
 // Puts the shared procedure before the window's own. The listener is not counted: whoever subclasses takes the window
-// out again before the listener goes. A second call replaces the first. Without handle or listener nothing happens; raises for
-// a window that the system does not hand over.
+// out again before the listener goes. A second call replaces the first. Without handle or listener nothing happens;
+// raises for a window that the system does not hand over.
 void SubclassWindow(HWND hWnd, _cSubclassListener* aListener);
 
 // Gives the window its own procedure back; a window that is not subclassed stays as it is. A destroyed window is

@@ -19,9 +19,7 @@ std::string BytesOfText(std::wstring_view text) {
 }
 
 void TextOfBytes(std::string_view bytes, wchar_t* out) {
-    const auto byteAt = [bytes](std::size_t i) {
-        return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0u;
-    };
+    const auto byteAt = [bytes](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0u; };
     const std::size_t count = RealCharacterCount(bytes.size());
     for (std::size_t i = 0; i < count; ++i)
         out[i] = static_cast<wchar_t>(byteAt(2 * i) | byteAt(2 * i + 1) << 8);

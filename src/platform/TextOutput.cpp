@@ -10,8 +10,7 @@ namespace ormisk {
 
 namespace {
 
-constexpr std::size_t kLongestLine = 8192;  // what the system takes in one output call
-constexpr std::size_t kLongestText = 32767; // wrapped text is measured anew for each of its lines
+constexpr std::size_t kLongest = 8192; // what the system takes in one output call
 constexpr std::size_t kCodePageBuffer = 255;
 
 // Room for one text: on the stack for what cells usually hold.
@@ -69,19 +68,15 @@ private:
 };
 
 // The part of a plain text that is shown.
-std::wstring_view ShownPart(std::wstring_view text, std::size_t longest) {
-    text = text.substr(0, longest);
+std::wstring_view ShownPart(std::wstring_view text) {
+    text = text.substr(0, kLongest);
     return text.substr(0, text.find(L'\0'));
 }
 
 // The part of a byte-expanded text that can be shown. A zero character in it is a zero byte, not the end.
-std::wstring_view ShownExpanded(std::wstring_view text, std::size_t longest) { return text.substr(0, 2 * longest); }
+std::wstring_view ShownExpanded(std::wstring_view text) { return text.substr(0, 2 * kLongest); }
 
-std::size_t Longest(UINT format) { return format & DT_SINGLELINE ? kLongestLine : kLongestText; }
-
-bool IsDoubleByte(UINT codePage) {
-    return codePage == 932 || codePage == 936 || codePage == 949 || codePage == 950;
-}
+bool IsDoubleByte(UINT codePage) { return codePage == 932 || codePage == 936 || codePage == 949 || codePage == 950; }
 
 bool WritesByHand() { return IsWin95() || IsWin98(); }
 
@@ -99,7 +94,7 @@ SIZE WideExtent(HDC dc, std::wstring_view text) {
 
 // The text's bytes belong to a double-byte code page that is not the system's.
 int DrawForeign(HDC dc, std::wstring_view text, RECT& rc, UINT format, UINT codePage) {
-    ByteText bytes(ShownPart(text, Longest(format)));
+    ByteText bytes(ShownPart(text));
     Scratch<wchar_t> wide(bytes.Length() + 1);
     const int converted = bytes.Length() == 0 ? 0
                                               : MultiByteToWideChar(codePage, 0, bytes.Data(), bytes.Length(),
@@ -111,7 +106,7 @@ int DrawForeign(HDC dc, std::wstring_view text, RECT& rc, UINT format, UINT code
 }
 
 int DrawExpanded(HDC dc, std::wstring_view text, RECT& rc, UINT format) {
-    ExpandedText wide(ShownExpanded(text, Longest(format)));
+    ExpandedText wide(ShownExpanded(text));
     if (WritesByHand())
         return DrawWideTextByHand(dc, {wide.Data(), static_cast<std::size_t>(wide.Length())}, rc, format,
                                   WideTextSource::Expanded);
@@ -128,17 +123,17 @@ int DrawTextMultiLang(HDC hDC, std::wstring_view sText, RECT& rc, UINT nFormat, 
     const UINT codePage = CodePageFromCharset(nCharset);
     if (IsDoubleByte(codePage) && codePage != GetACP())
         return DrawForeign(hDC, sText, rc, format, codePage);
-    ByteText bytes(ShownPart(sText, Longest(format)));
+    ByteText bytes(ShownPart(sText));
     return DrawTextA(hDC, bytes.Data(), -1, &rc, format);
 }
 
 SIZE MeasureText(HDC hDC, std::wstring_view sText, bool bUnicode) {
     SIZE extent{};
     if (bUnicode) {
-        ExpandedText wide(ShownExpanded(sText, kLongestLine));
+        ExpandedText wide(ShownExpanded(sText));
         extent = WideExtent(hDC, {wide.Data(), static_cast<std::size_t>(wide.Length())});
     } else {
-        ByteText bytes(ShownPart(sText, kLongestLine));
+        ByteText bytes(ShownPart(sText));
         GetTextExtentPoint32A(hDC, bytes.Data(), bytes.Length(), &extent);
     }
     return extent;
@@ -166,8 +161,7 @@ int DrawWideTextByHand(HDC hDC, std::wstring_view sText, const RECT& rc, UINT nF
     const bool codePage = source == WideTextSource::CodePage;
     const UINT alignment = codePage ? SetTextAlign(hDC, TA_LEFT | TA_TOP | TA_NOUPDATECP) : GDI_ERROR;
     const SIZE extent = WideExtent(hDC, sText);
-    const Point origin =
-        WideTextOrigin({rc.left, rc.top, rc.right, rc.bottom}, {extent.cx, extent.cy}, nFormat);
+    const Point origin = WideTextOrigin({rc.left, rc.top, rc.right, rc.bottom}, {extent.cx, extent.cy}, nFormat);
     const int result = TextOutW(hDC, origin.x, origin.y, sText.data(), static_cast<int>(sText.size()));
     if (alignment != GDI_ERROR)
         SetTextAlign(hDC, alignment);

@@ -5,8 +5,8 @@
 
 namespace ormisk {
 
-// The one road of text to the screen. A zero character ends a text. A single line is cut after 8192 characters, the most
-// that the system writes at once, and other text after 32767: more than any cell or pane can show.
+// The one road of text to the screen. A zero character ends a text. A text is cut after 8192 characters: the most that
+// the system writes at once, and more than a cell can show.
 
 // Draws with a DrawText format and gives back what the system's call returned. With `bUnicode` the text is
 // byte-expanded. `bRTL` adds right-to-left reading order. DT_CALCRECT changes `rc` as it does for DrawText.

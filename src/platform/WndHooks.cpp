@@ -57,8 +57,7 @@ bool Notify(HookRecord& record, int nCode, WPARAM wParam, LPARAM lParam) {
     for (std::size_t i = 0; i < record.Listeners.size() && !bNoCallNextHook; ++i) {
         const ComPtr<_IHookListener> listener(record.Listeners[i]);
         if (listener)
-            IgnoringFailures(
-                [&] { listener->NotifyHookedEvent(record.Type, nCode, wParam, lParam, bNoCallNextHook); });
+            IgnoringFailures([&] { listener->NotifyHookedEvent(record.Type, nCode, wParam, lParam, bNoCallNextHook); });
     }
     --record.Walks;
     ForgetUnused(record);

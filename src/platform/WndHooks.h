@@ -7,7 +7,8 @@ namespace ormisk {
 
 // Hears the events of the thread's hooks.
 struct _IHookListener : IUnknown {
-    // Set `bNoCallNextHook`, False at first, to end the walk through the listeners and keep the event from hooks outside.
+    // Set `bNoCallNextHook`, False at first, to end the walk through the listeners and keep the event from hooks
+    // outside.
     virtual LRESULT NotifyHookedEvent(int nHookType, int nCode, WPARAM wParam, LPARAM lParam,
                                       bool& bNoCallNextHook) = 0;
 

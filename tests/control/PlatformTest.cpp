@@ -1,0 +1,580 @@
+// Drawing resources, text output, fonts, splitter and the About window.
+
+#include "HandleCount.h"
+
+#include "automation/ComPtr.h"
+#include "platform/About.h"
+#include "platform/FontDescription.h"
+#include "platform/Gdi.h"
+#include "platform/ResourceMgr.h"
+#include "platform/Splitter.h"
+#include "platform/TextForms.h"
+#include "platform/TextOutput.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+namespace ormisk::test {
+
+namespace {
+
+constexpr std::uint32_t kCheckers[] = {0xAAAA5555, 0xAAAA5555, 0xAAAA5555, 0xAAAA5555};
+
+FontDescription Arial(double size) {
+    FontDescription font;
+    font.Name = L"Arial";
+    font.Size = size;
+    font.Weight = 400;
+    return font;
+}
+
+LOGFONTW Attributes(HFONT font) {
+    LOGFONTW attributes{};
+    GetObjectW(font, sizeof attributes, &attributes);
+    return attributes;
+}
+
+// A small white picture in memory.
+class Canvas {
+public:
+    static constexpr int kWidth = 120, kHeight = 40;
+
+    Canvas() : m_Dc(nullptr) {
+        BITMAPINFO info{};
+        info.bmiHeader = {sizeof(BITMAPINFOHEADER), kWidth, -kHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* bits = nullptr;
+        m_Bitmap = UniqueBitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+        m_Pixels = static_cast<std::uint32_t*>(bits);
+        m_Previous = SelectObject(m_Dc.Get(), m_Bitmap.Get());
+        PatBlt(m_Dc.Get(), 0, 0, kWidth, kHeight, WHITENESS);
+        SetBkMode(m_Dc.Get(), TRANSPARENT);
+    }
+    ~Canvas() { SelectObject(m_Dc.Get(), m_Previous); }
+
+    HDC Dc() const { return m_Dc.Get(); }
+    std::vector<std::uint32_t> Pixels() const {
+        GdiFlush();
+        return {m_Pixels, m_Pixels + kWidth * kHeight};
+    }
+    bool IsBlank() const { return Pixels() == Canvas().Pixels(); }
+
+private:
+    MemoryDC m_Dc;
+    UniqueBitmap m_Bitmap;
+    std::uint32_t* m_Pixels = nullptr;
+    HGDIOBJ m_Previous = nullptr;
+};
+
+std::vector<std::uint32_t> Picture(const std::function<void(HDC, RECT&)>& draw) {
+    const Canvas canvas;
+    RECT rc{2, 3, Canvas::kWidth - 2, Canvas::kHeight - 3};
+    draw(canvas.Dc(), rc);
+    return canvas.Pixels();
+}
+
+std::vector<std::wstring> InstalledFaces() {
+    std::vector<std::wstring> faces;
+    LOGFONTW any{};
+    any.lfCharSet = ANSI_CHARSET;
+    const Canvas canvas;
+    EnumFontFamiliesExW(
+        canvas.Dc(), &any,
+        [](const LOGFONTW* font, const TEXTMETRICW*, DWORD type, LPARAM list) -> int {
+            auto& found = *reinterpret_cast<std::vector<std::wstring>*>(list);
+            if (type & TRUETYPE_FONTTYPE && (found.empty() || found.back() != font->lfFaceName))
+                found.push_back(font->lfFaceName);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&faces), 0);
+    return faces;
+}
+
+constexpr UINT kCell = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
+
+std::vector<std::uint32_t> Drawn(std::wstring_view text, bool unicode, UINT format = kCell, int charset = 0) {
+    return Picture([&](HDC dc, RECT& rc) { DrawTextMultiLang(dc, text, rc, format, unicode, charset); });
+}
+
+std::vector<std::uint32_t> DrawnBySystem(const wchar_t* text, UINT format = kCell) {
+    return Picture([&](HDC dc, RECT& rc) { DrawTextW(dc, text, -1, &rc, format); });
+}
+
+} // namespace
+
+TEST(ResourceMgr, EqualAttributesKeepTheObjectAndOthersReplaceIt) {
+    CResourceMgr resources;
+    const HBRUSH brush = resources.GetBrush(0x112233, L"BackColor");
+    const HPEN pen = resources.GetPen(0x445566, L"LineColor");
+    const HFONT font = resources.GetFont(Arial(9), L"TreeFont");
+    const HBRUSH pattern = resources.GetPatternBrush(kCheckers, L"GridBrush");
+    ASSERT_TRUE(brush && pen && font && pattern);
+    const unsigned handles = LiveGdiHandles();
+    EXPECT_EQ(resources.GetBrush(0x112233, L"BackColor"), brush);
+    EXPECT_EQ(resources.GetPen(0x445566, L"LineColor"), pen);
+    EXPECT_EQ(resources.GetFont(Arial(9), L"TreeFont"), font);
+    EXPECT_EQ(resources.GetPatternBrush(kCheckers, L"GridBrush"), pattern);
+
+    LOGBRUSH brushNow{};
+    GetObjectW(resources.GetBrush(0x332211, L"BackColor"), sizeof brushNow, &brushNow);
+    EXPECT_EQ(brushNow.lbColor, 0x332211u);
+    LOGPEN penNow{};
+    GetObjectW(resources.GetPen(0x445566, L"LineColor", PS_DOT), sizeof penNow, &penNow);
+    EXPECT_EQ(penNow.lopnStyle, static_cast<UINT>(PS_DOT));
+    EXPECT_EQ(penNow.lopnColor, 0x445566u);
+    FontDescription italic = Arial(9);
+    italic.Italic = true;
+    EXPECT_TRUE(Attributes(resources.GetFont(italic, L"TreeFont")).lfItalic);
+    std::array<std::uint32_t, 4> lines{0x0000FFFF, 0x0000FFFF, 0x0000FFFF, 0x0000FFFF};
+    EXPECT_TRUE(resources.GetPatternBrush(lines, L"GridBrush"));
+    EXPECT_EQ(LiveGdiHandles(), handles) << "the replaced objects are gone";
+}
+
+TEST(ResourceMgr, KindsAreApartAndRemovedOrDroppedObjectsAreFreed) {
+    const unsigned before = LiveGdiHandles();
+    {
+        CResourceMgr resources;
+        EXPECT_NE(static_cast<HGDIOBJ>(resources.GetPen(1, L"ArrowColor")),
+                  static_cast<HGDIOBJ>(resources.GetBrush(1, L"ArrowColor")));
+        resources.GetFont(Arial(9), L"TreeFont");
+        resources.GetPatternBrush(kCheckers, L"GridBrush");
+        const unsigned filled = LiveGdiHandles();
+        EXPECT_EQ(filled, before + 4);
+        resources.RemoveBrush(L"absent");
+        resources.RemoveBrush(L"ArrowColor");
+        EXPECT_EQ(LiveGdiHandles(), filled - 1);
+        EXPECT_TRUE(resources.GetPen(1, L"ArrowColor"));
+        EXPECT_EQ(LiveGdiHandles(), filled - 1) << "the pen of that key stayed";
+    }
+    EXPECT_EQ(LiveGdiHandles(), before);
+}
+
+TEST(ResourceMgr, FontsRoundTheirSizeAndKnowOnlyBoldOrNot) {
+    CResourceMgr resources;
+    const LOGFONTW eight = Attributes(resources.GetFont(Arial(8), L"TreeFont"));
+    EXPECT_EQ(Attributes(resources.GetFont(Arial(8.25), L"TreeFont")).lfHeight, eight.lfHeight);
+    EXPECT_NE(Attributes(resources.GetFont(Arial(9), L"TreeFont")).lfHeight, eight.lfHeight);
+    EXPECT_LT(eight.lfHeight, 0);
+    EXPECT_STREQ(eight.lfFaceName, L"Arial");
+    FontDescription font = Arial(8);
+    font.Weight = 900;
+    font.Underline = font.Strikethrough = true;
+    font.Charset = RUSSIAN_CHARSET;
+    LOGFONTW made = Attributes(resources.GetFont(font, L"TreeFont"));
+    EXPECT_EQ(made.lfWeight, FW_NORMAL);
+    EXPECT_TRUE(made.lfUnderline && made.lfStrikeOut);
+    EXPECT_EQ(made.lfCharSet, RUSSIAN_CHARSET);
+    font.Bold = true;
+    EXPECT_EQ(Attributes(resources.GetFont(font, L"TreeFont")).lfWeight, FW_BOLD);
+}
+
+TEST(ResourceMgr, RefusedObjectGivesNoHandleAndTheNextAskSucceeds) {
+    CResourceMgr resources;
+    FontDescription endless = Arial(9);
+    endless.Name.assign(33, L'x');
+    EXPECT_FALSE(resources.GetFont(endless, L"TreeFont"));
+    EXPECT_FALSE(resources.GetPatternBrush(BrushPattern(kCheckers).first(3), L"GridBrush")) << "too few bytes";
+    EXPECT_TRUE(resources.GetFont(Arial(9), L"TreeFont"));
+    EXPECT_TRUE(resources.GetPatternBrush(kCheckers, L"GridBrush"));
+    EXPECT_FALSE(resources.GetFont(endless, L"TreeFont")) << "a known key loses its object";
+    EXPECT_TRUE(resources.GetFont(Arial(9), L"TreeFont"));
+}
+
+TEST(ResourceMgr, GridPatternPaintsEverySecondPixel) {
+    CResourceMgr resources;
+    const Canvas canvas;
+    {
+        const SelectGuard brush(canvas.Dc(), resources.GetPatternBrush(kCheckers, L"GridBrush"));
+        SetTextColor(canvas.Dc(), RGB(255, 0, 0));
+        SetBkColor(canvas.Dc(), RGB(0, 0, 255));
+        PatBlt(canvas.Dc(), 0, 0, 16, 8, PATCOPY);
+    }
+    for (int y = 0; y < 8; ++y)
+        for (int x = 0; x < 16; ++x)
+            EXPECT_EQ(GetPixel(canvas.Dc(), x, y) == GetPixel(canvas.Dc(), 0, 0), (x + y) % 2 == 0) << x << "," << y;
+}
+
+TEST(FontDescription, ValuesGoToAFontObjectAndComeBack) {
+    // A font object names the face that the system found for it, so only faces that are there come back.
+    const std::vector<std::wstring> faces = InstalledFaces();
+    ASSERT_GE(faces.size(), 2u);
+    FONTDESC start{sizeof(FONTDESC), const_cast<LPOLESTR>(faces[0].c_str()), {}, FW_NORMAL, ANSI_CHARSET, 0, 0, 0};
+    start.cySize.int64 = 82500;
+    ComPtr<IFontDisp> font;
+    ASSERT_EQ(OleCreateFontIndirect(&start, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())), S_OK);
+    const FontDescription described = DescribeFont(font.Get());
+    EXPECT_EQ(described.Name, faces[0]);
+    EXPECT_DOUBLE_EQ(described.Size, 8.25);
+    EXPECT_FALSE(described.Bold);
+    EXPECT_EQ(described.Weight, 400);
+
+    FontDescription wanted = Arial(12);
+    wanted.Name = faces[1];
+    wanted.Italic = wanted.Underline = wanted.Strikethrough = true;
+    ApplyFont(wanted, font.Get());
+    EXPECT_EQ(DescribeFont(font.Get()), wanted);
+    wanted.Bold = true;
+    ApplyFont(wanted, font.Get());
+    EXPECT_TRUE(DescribeFont(font.Get()).Bold) << "bold wins over a weight that says otherwise";
+    EXPECT_EQ(DescribeFont(nullptr), FontDescription{});
+}
+
+TEST(TextOutput, ExpandedTextIsShownAndMeasuredAsTheTextThatItStandsFor) {
+    const wchar_t* const text = L"\u0416\u0443\u043A \u00E9\u0081\u2026 A";
+    EXPECT_EQ(NarrowText(ExpandText(text)), text);
+    std::wstring everyByte;
+    for (wchar_t c = 0; c < 256; ++c)
+        everyByte += static_cast<wchar_t>(c << 8 | c);
+    EXPECT_EQ(NarrowText(ExpandText(everyByte)), everyByte);
+    EXPECT_EQ(ExpandText(L"Ab"), std::wstring(L"A\0b\0", 4));
+
+    EXPECT_EQ(Drawn(ExpandText(text), true), DrawnBySystem(text));
+    EXPECT_NE(Drawn(ExpandText(text), true), Drawn(L"", true));
+    const Canvas canvas;
+    SIZE expected{};
+    GetTextExtentPoint32W(canvas.Dc(), text, lstrlenW(text), &expected);
+    const SIZE measured = MeasureText(canvas.Dc(), ExpandText(text), true);
+    EXPECT_EQ(measured.cx, expected.cx);
+    EXPECT_EQ(measured.cy, expected.cy);
+}
+
+TEST(TextOutput, PlainTextIsShownInTheSystemCodePage) {
+    EXPECT_EQ(Drawn(L"Caf\u00E9 & co", false), DrawnBySystem(L"Caf\u00E9 & co"));
+    EXPECT_EQ(Drawn(L"&Tab", false, DT_SINGLELINE), DrawnBySystem(L"&Tab", DT_SINGLELINE));
+    EXPECT_TRUE(Drawn(L"", false) == Drawn(L"", true)) << "nothing is shown for no text";
+    const Canvas canvas;
+    EXPECT_EQ(MeasureText(canvas.Dc(), L"Property", false).cx,
+              MeasureText(canvas.Dc(), ExpandText(L"Property"), true).cx);
+    EXPECT_EQ(MeasureText(canvas.Dc(), L"", false).cx, 0);
+}
+
+TEST(TextOutput, ForeignDoubleByteTextIsConvertedByItsCharacterSet) {
+    ASSERT_NE(GetACP(), 932u);
+    const wchar_t bytes[] = L"\u201A\u00A0x"; // 0x82 0xA0 is one character of code page 932
+    EXPECT_EQ(Drawn(bytes, false, kCell, SHIFTJIS_CHARSET), DrawnBySystem(L"\u3042x"));
+    EXPECT_EQ(Drawn(bytes, false), DrawnBySystem(bytes));
+    std::wstring endless(600, L'i');
+    const std::wstring buffer(255, L'i');
+    RECT asked{}, cut{};
+    const Canvas canvas;
+    DrawTextMultiLang(canvas.Dc(), endless, asked, DT_SINGLELINE | DT_CALCRECT, false, SHIFTJIS_CHARSET);
+    DrawTextW(canvas.Dc(), buffer.c_str(), -1, &cut, DT_SINGLELINE | DT_CALCRECT);
+    EXPECT_EQ(asked.right, cut.right) << "the conversion holds 255 characters";
+    EXPECT_EQ(CodePageFromCharset(SHIFTJIS_CHARSET), 932u);
+    EXPECT_EQ(CodePageFromCharset(ANSI_CHARSET), 1252u);
+    EXPECT_EQ(CodePageFromCharset(77000), 0u);
+}
+
+TEST(TextOutput, ZeroEndsATextAndEndlessTextsAreCutNotFatal) {
+    EXPECT_EQ(Drawn(std::wstring_view(L"AB\0CD", 5), false), DrawnBySystem(L"AB"));
+    EXPECT_EQ(Drawn(ExpandText(std::wstring_view(L"AB\0CD", 5)), true), DrawnBySystem(L"AB"));
+    const Canvas canvas;
+    EXPECT_EQ(MeasureText(canvas.Dc(), std::wstring_view(L"AB\0CD", 5), false).cx,
+              MeasureText(canvas.Dc(), L"AB", false).cx);
+    const std::wstring megabyte(1 << 20, L'w');
+    EXPECT_EQ(Drawn(megabyte, false), DrawnBySystem(std::wstring(2000, L'w').c_str()));
+    EXPECT_EQ(Drawn(ExpandText(megabyte), true), DrawnBySystem(std::wstring(2000, L'w').c_str()));
+    EXPECT_EQ(Drawn(megabyte, false, DT_WORDBREAK), DrawnBySystem(std::wstring(2000, L'w').c_str(), DT_WORDBREAK));
+    EXPECT_GT(MeasureText(canvas.Dc(), megabyte, false).cx, 8000);
+}
+
+TEST(TextOutput, HandMadeAlignmentCentresTheTextAndRestoresTheContext) {
+    const Canvas canvas;
+    const RECT rc{10, 4, 110, 36};
+    SetTextAlign(canvas.Dc(), TA_RIGHT | TA_BOTTOM);
+    DrawWideTextByHand(canvas.Dc(), L"HHH", rc, DT_CENTER, WideTextSource::CodePage);
+    EXPECT_EQ(GetTextAlign(canvas.Dc()), static_cast<UINT>(TA_RIGHT | TA_BOTTOM));
+    const auto pixels = canvas.Pixels();
+    int left = Canvas::kWidth, right = -1;
+    for (int i = 0; i < static_cast<int>(pixels.size()); ++i)
+        if ((pixels[i] & 0xFFFFFF) != 0xFFFFFF) {
+            left = std::min(left, i % Canvas::kWidth);
+            right = std::max(right, i % Canvas::kWidth);
+        }
+    EXPECT_NEAR(left - rc.left, rc.right - 1 - right, 3) << "as much room on both sides";
+
+    SetTextAlign(canvas.Dc(), TA_LEFT | TA_TOP);
+    DrawWideTextByHand(canvas.Dc(), L"HHH", rc, 0, WideTextSource::Expanded);
+    POINT position{};
+    GetCurrentPositionEx(canvas.Dc(), &position);
+    EXPECT_EQ(position.x, rc.right);
+    EXPECT_EQ(position.y, rc.bottom);
+    EXPECT_FALSE(IsWin95() || IsWin98() || IsNT4());
+}
+
+TEST(TextOutput, DrawingLeavesNoHandle) {
+    Drawn(L"warm", false);
+    const unsigned before = LiveGdiHandles();
+    Drawn(std::wstring(5000, L'm'), false);
+    Drawn(ExpandText(std::wstring(5000, L'm')), true);
+    Drawn(L"\u201A\u00A0", false, kCell, SHIFTJIS_CHARSET);
+    EXPECT_EQ(LiveGdiHandles(), before);
+}
+
+namespace {
+
+// A container of 15 units a pixel on both axes around a real window.
+class FakeContainer : public SplitterContainer {
+public:
+    FakeContainer(float width, float height) : Width(width), Height(height) {
+        m_hWnd = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 50, 60, 200, 100, nullptr, nullptr, nullptr,
+                                 nullptr);
+    }
+    ~FakeContainer() { DestroyWindow(m_hWnd); }
+
+    HWND hWnd() const override { return m_hWnd; }
+    float ScaleWidth() const override { return Width; }
+    float ScaleHeight() const override { return Height; }
+    float PixelsToUnitsX(float pixels) const override { return pixels * 15; }
+    float PixelsToUnitsY(float pixels) const override { return pixels * 15; }
+    float UnitsToPixelsX(float units) const override { return units / 15; }
+    float UnitsToPixelsY(float units) const override { return units / 15; }
+    void SetMousePointer(MousePointer pointer) override { Pointer = pointer; }
+
+    float Width, Height;
+    MousePointer Pointer = static_cast<MousePointer>(-1);
+
+private:
+    HWND m_hWnd;
+};
+
+struct FakePane : SplitterPane {
+    void SetBounds(float left, float top, float width, float height) override { Bounds = {left, top, width, height}; }
+    void SetVisible(bool visible) override { Visible = visible; }
+    float Width() const override { return Bounds.Width; }
+    float Height() const override { return Bounds.Height; }
+
+    UnitRect Bounds;
+    bool Visible = false;
+};
+
+struct SplitterTest : testing::Test, SplitterListener {
+    void LocationChanged(CSplitter&) override {
+        ++Changes;
+        if (OnChange)
+            OnChange();
+    }
+    void SplitterDblClick(CSplitter&) override { ++DblClicks; }
+
+    void Start(SplitterOrientation orientation) {
+        Splitter.init(&Container, &First, &Second, orientation);
+        Splitter.SplitterbarSize(60);
+        Splitter.SplitterLocation(900);
+        Changes = 0;
+    }
+
+    FakeContainer Container{3000, 1500};
+    FakePane First, Second;
+    int Changes = 0, DblClicks = 0;
+    std::function<void()> OnChange;
+    CSplitter Splitter{this};
+};
+
+} // namespace
+
+TEST_F(SplitterTest, NewBarTakesItsSizeFromTheSystemAndItsFirstPlaceFromTheOtherDimension) {
+    const float bar = GetSystemMetrics(SM_CYFRAME) * 15.0f;
+    Splitter.init(&Container, &First, &Second, SplitterOrientation::Vertical);
+    EXPECT_EQ(Splitter.SplitterbarSize(), bar);
+    EXPECT_EQ(Splitter.SplitterLocation(), 750 - bar);
+    EXPECT_EQ(Container.Pointer, MousePointer::SizeWE);
+    EXPECT_EQ(Changes, 0) << "the orientation did not change: nothing is arranged yet";
+
+    CSplitter turned(this);
+    turned.init(&Container, &First, &Second, SplitterOrientation::Horizontal);
+    // (3000 / 2 - bar) is rescaled by 3000 / 1500 and then kept inside.
+    EXPECT_EQ(turned.SplitterLocation(), 1500 - bar - 15);
+    EXPECT_EQ(Container.Pointer, MousePointer::SizeNS);
+    EXPECT_EQ(Changes, 1);
+}
+
+TEST_F(SplitterTest, LocationMovesThePanesAndStaysInside) {
+    Start(SplitterOrientation::Horizontal);
+    Splitter.SplitterLocation(600);
+    EXPECT_EQ(First.Bounds, (UnitRect{0, 0, 3000, 600}));
+    EXPECT_EQ(Second.Bounds, (UnitRect{0, 660, 3000, 840}));
+    EXPECT_TRUE(First.Visible && Second.Visible);
+    Splitter.SplitterLocation(3);
+    EXPECT_EQ(Splitter.SplitterLocation(), 15);
+    Splitter.SplitterLocation(5000);
+    EXPECT_EQ(Splitter.SplitterLocation(), 1500 - 60 - 15);
+    EXPECT_EQ(Changes, 3);
+    OnChange = [this] {
+        if (Splitter.SplitterLocation() > 300)
+            Splitter.SplitterLocation(300);
+    };
+    Splitter.SplitterLocation(400);
+    EXPECT_EQ(First.Bounds.Height, 300) << "a listener may move the bar again";
+}
+
+TEST_F(SplitterTest, DoubleClickTogglesAHorizontalBarAndIsReportedForAVerticalOne) {
+    Start(SplitterOrientation::Horizontal);
+    Splitter.SplitterLocation(600);
+    Splitter.SplitterLocation(600);
+    Splitter.ContainerDblClick();
+    EXPECT_EQ(Splitter.SplitterLocation(), 900) << "setting the same location does not lose the one before";
+    Splitter.ContainerDblClick();
+    EXPECT_EQ(Splitter.SplitterLocation(), 600);
+    Splitter.Locked(true);
+    EXPECT_EQ(Container.Pointer, MousePointer::Default);
+    Splitter.ContainerDblClick();
+    EXPECT_EQ(Splitter.SplitterLocation(), 600);
+    EXPECT_EQ(DblClicks, 0);
+
+    CSplitter columns(this);
+    columns.init(&Container, &First, &Second, SplitterOrientation::Vertical);
+    columns.Locked(true);
+    const float before = columns.SplitterLocation();
+    columns.ContainerDblClick();
+    EXPECT_EQ(DblClicks, 1);
+    EXPECT_EQ(columns.SplitterLocation(), before);
+}
+
+TEST_F(SplitterTest, ResizeKeepsTheFractionOfTheFirstPane) {
+    Start(SplitterOrientation::Vertical);
+    Container.Width = 6000;
+    Splitter.ContainerResize();
+    EXPECT_EQ(First.Bounds, (UnitRect{0, 0, 1800, 1500}));
+    EXPECT_EQ(Second.Bounds, (UnitRect{1860, 0, 4140, 1500}));
+}
+
+TEST_F(SplitterTest, HiddenPaneLeavesTheContainerToTheOtherWithoutAnEvent) {
+    Start(SplitterOrientation::Horizontal);
+    Splitter.HidePane(HiddenPane::Bottom);
+    EXPECT_FALSE(Second.Visible);
+    EXPECT_EQ(First.Bounds, (UnitRect{0, 0, 3000, 1500}));
+    EXPECT_EQ(Changes, 0);
+    Splitter.HidePane(HiddenPane::None);
+    EXPECT_TRUE(First.Visible && Second.Visible);
+    EXPECT_EQ(First.Bounds.Height, 900);
+    EXPECT_EQ(Changes, 1);
+    Splitter.HidePane(HiddenPane::Top);
+    EXPECT_FALSE(First.Visible);
+    EXPECT_EQ(Second.Bounds, (UnitRect{0, 0, 3000, 1500}));
+}
+
+TEST_F(SplitterTest, DragMovesTheBarAtItsEndAndGivesCaptureAndCursorBack) {
+    Start(SplitterOrientation::Vertical);
+    Splitter.ContainerMouseMove(1, 0, 500, 10);
+    Splitter.ContainerMouseUp(1, 0, 500, 10);
+    EXPECT_EQ(Changes, 0) << "no drag is under way";
+    Splitter.ContainerMouseDown(2, 0, 910, 10);
+    EXPECT_FALSE(Splitter.Dragging()) << "only the left button drags";
+    Splitter.Locked(true);
+    Splitter.ContainerMouseDown(1, 0, 910, 10);
+    EXPECT_FALSE(Splitter.Dragging());
+    Splitter.Locked(false);
+
+    SetForegroundWindow(Container.hWnd()); // only the foreground window may confine the cursor
+    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
+        DispatchMessageW(&message);
+    Splitter.ContainerMouseDown(1, 0, 910, 10);
+    EXPECT_TRUE(Splitter.Dragging());
+    EXPECT_EQ(GetCapture(), Container.hWnd());
+    RECT clip{};
+    GetClipCursor(&clip);
+    EXPECT_EQ(clip.left, 50);
+    EXPECT_EQ(clip.bottom, 160);
+    Splitter.ContainerMouseMove(1, 0, 1500, 700);
+    EXPECT_EQ(Splitter.SplitterLocation(), 900) << "the panes wait for the end";
+    Splitter.ContainerMouseUp(1, 0, 1210, 10);
+    EXPECT_EQ(Splitter.SplitterLocation(), 1200) << "the bar keeps its distance from the mouse";
+    EXPECT_FALSE(Splitter.Dragging());
+    EXPECT_EQ(GetCapture(), nullptr);
+    RECT desktop{};
+    GetWindowRect(GetDesktopWindow(), &desktop);
+    GetClipCursor(&clip);
+    EXPECT_TRUE(EqualRect(&clip, &desktop));
+}
+
+TEST_F(SplitterTest, AbsentPartsAreSkippedAndDraggingLeavesNoHandle) {
+    CSplitter bare;
+    bare.SplitterLocation(10);
+    bare.ContainerResize();
+    bare.ContainerMouseDown(1, 0, 1, 1);
+    bare.HidePane(HiddenPane::Left);
+    EXPECT_EQ(bare.SplitterLocation(), 0);
+    bare.init(&Container, &First, nullptr, SplitterOrientation::Horizontal);
+    bare.ContainerResize();
+    EXPECT_GE(bare.SplitterLocation(), 15);
+
+    Start(SplitterOrientation::Vertical);
+    const auto drag = [this] {
+        Splitter.ContainerMouseDown(1, 0, 900, 10);
+        Splitter.ContainerMouseMove(1, 0, 950, 10);
+        Splitter.ContainerMouseUp(1, 0, 900, 10);
+    };
+    drag();
+    const unsigned before = LiveGdiHandles();
+    for (int i = 0; i < 20; ++i)
+        drag();
+    EXPECT_EQ(LiveGdiHandles(), before);
+}
+
+namespace {
+
+// Shows the About window over an owner; a timer looks at it while it is up, then presses the key.
+class AboutVisit {
+public:
+    explicit AboutVisit(WPARAM key) {
+        s_Visit = this;
+        m_Key = key;
+        const HWND owner = CreateWindowExW(0, L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100, 400, 300,
+                                           nullptr, nullptr, nullptr, nullptr);
+        const HWND focus =
+            CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, nullptr, nullptr, nullptr);
+        SetFocus(focus);
+        m_Owner = owner;
+        const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) { s_Visit->Look(); });
+        ShowAboutWindow(focus, L"Ormisk Grid", L"1.02.0003");
+        KillTimer(nullptr, timer);
+        OwnerEnabledAfter = IsWindowEnabled(owner);
+        FocusRestored = GetFocus() == focus;
+        DestroyWindow(owner);
+    }
+
+    bool Seen = false, OwnerEnabledMeanwhile = true, OwnerEnabledAfter = false, FocusRestored = false;
+    std::wstring Texts;
+
+private:
+    void Look() {
+        const HWND dialog = FindWindowW(nullptr, L"About Ormisk Grid");
+        if (!dialog)
+            return;
+        Seen = true;
+        OwnerEnabledMeanwhile = IsWindowEnabled(m_Owner);
+        Texts.clear();
+        for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+            wchar_t text[100] = L"";
+            GetWindowTextW(child, text, 100);
+            Texts += std::wstring(text) + L"|";
+        }
+        PostMessageW(GetFocus(), WM_KEYDOWN, m_Key, 0);
+    }
+
+    static inline AboutVisit* s_Visit = nullptr;
+    HWND m_Owner = nullptr;
+    WPARAM m_Key;
+};
+
+} // namespace
+
+TEST(AboutWindow, ShowsTheVersionOverADisabledOwnerAndClosesByEnterAndEscape) {
+    { const AboutVisit warmUp(VK_ESCAPE); }
+    const unsigned handles = LiveGdiHandles(), windows = LiveWindows();
+    for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
+        const AboutVisit visit(key);
+        EXPECT_TRUE(visit.Seen);
+        EXPECT_NE(visit.Texts.find(L"Ormisk Grid|"), std::wstring::npos);
+        EXPECT_NE(visit.Texts.find(L"Version 1.02.0003|"), std::wstring::npos);
+        EXPECT_FALSE(visit.OwnerEnabledMeanwhile);
+        EXPECT_TRUE(visit.OwnerEnabledAfter);
+        EXPECT_TRUE(visit.FocusRestored);
+    }
+    EXPECT_EQ(LiveGdiHandles(), handles);
+    EXPECT_EQ(LiveWindows(), windows);
+}
+
+} // namespace ormisk::test

@@ -1,0 +1,336 @@
+// Subclassed windows and thread hooks.
+
+#include "HandleCount.h"
+
+#include "automation/Error.h"
+#include "platform/SubclassWnd.h"
+#include "platform/WndHooks.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace ormisk::test {
+
+namespace {
+
+// The window's own procedure, counted and with a telling result.
+int s_OwnCalls = 0;
+UINT s_LastOwn = 0;
+constexpr LRESULT kOwnResult = 77;
+
+LRESULT CALLBACK OwnProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    s_LastOwn = message;
+    if (message < WM_USER)
+        return DefWindowProcW(window, message, wParam, lParam);
+    ++s_OwnCalls;
+    return kOwnResult;
+}
+
+HWND MakeWindow() {
+    WNDCLASSW own{};
+    own.lpfnWndProc = OwnProc;
+    own.lpszClassName = L"SubclassTestWindow";
+    RegisterClassW(&own);
+    s_OwnCalls = 0;
+    return CreateWindowExW(0, own.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+}
+
+template <class Interface> class Counted : public Interface {
+public:
+    explicit Counted(int& alive) : m_Alive(alive) { ++m_Alive; }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_References; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = --m_References;
+        if (left == 0)
+            delete this;
+        return left;
+    }
+    ULONG References() const { return m_References; }
+
+protected:
+    virtual ~Counted() { --m_Alive; }
+
+private:
+    ULONG m_References = 1;
+    int& m_Alive;
+};
+
+class MessageListener final : public Counted<_cSubclassListener> {
+public:
+    using Counted::Counted;
+    LRESULT WindowMsgListener(HWND window, UINT message, WPARAM wParam, LPARAM, bool& route) override {
+        ++Calls;
+        return Answer ? Answer(window, message, wParam, route) : 0;
+    }
+    int Calls = 0;
+    std::function<LRESULT(HWND, UINT, WPARAM, bool&)> Answer;
+};
+
+class EventListener final : public Counted<_IHookListener> {
+public:
+    using Counted::Counted;
+    LRESULT NotifyHookedEvent(int type, int, WPARAM, LPARAM lParam, bool& noNext) override {
+        if (type == WH_GETMESSAGE && reinterpret_cast<const MSG*>(lParam)->message != WM_APP)
+            return 0;
+        ++Calls;
+        if (Answer)
+            Answer(noNext);
+        return 0;
+    }
+    int Calls = 0;
+    std::function<void(bool&)> Answer;
+};
+
+struct SubclassTest : testing::Test {
+    SubclassTest() : Window(MakeWindow()), Own(Procedure()) {}
+    ~SubclassTest() {
+        UnSubclassWindow(Window);
+        DestroyWindow(Window);
+        Listener->Release();
+        EXPECT_EQ(Alive, 0) << "every listener was let go";
+    }
+    LONG_PTR Procedure() const { return GetWindowLongPtrW(Window, GWLP_WNDPROC); }
+
+    int Alive = 0;
+    HWND Window;
+    LONG_PTR Own;
+    MessageListener* Listener = new MessageListener(Alive);
+};
+
+} // namespace
+
+TEST_F(SubclassTest, SubclassingTwiceKeepsOneEntryAndTheTruePreviousProcedure) {
+    MessageListener* second = new MessageListener(Alive);
+    SubclassWindow(Window, Listener);
+    AddMessageHook(Window, WM_USER);
+    SubclassWindow(Window, second);
+    AddMessageHook(Window, WM_USER);
+    EXPECT_TRUE(IsWindowSubclassed(Window));
+    EXPECT_EQ(SendMessageW(Window, WM_USER, 0, 0), kOwnResult);
+    EXPECT_EQ(s_OwnCalls, 1);
+    EXPECT_EQ(Listener->Calls, 0);
+    EXPECT_EQ(second->Calls, 1);
+    UnSubclassWindow(Window);
+    EXPECT_FALSE(IsWindowSubclassed(Window));
+    EXPECT_EQ(Procedure(), Own);
+    UnSubclassWindow(Window);
+    EXPECT_EQ(Procedure(), Own);
+    second->Release();
+}
+
+TEST_F(SubclassTest, OnlyHookedMessagesReachTheListener) {
+    SubclassWindow(Window, Listener);
+    AddMessageHook(Window, WM_USER);
+    AddMessageHook(Window, WM_USER);
+    AddMessageHook(Window, 0);
+    EXPECT_EQ(SendMessageW(Window, WM_USER + 1, 0, 0), kOwnResult);
+    SendMessageW(Window, WM_NULL, 0, 0);
+    EXPECT_EQ(Listener->Calls, 0);
+    SendMessageW(Window, WM_USER, 0, 0);
+    EXPECT_EQ(Listener->Calls, 1);
+    RemoveMessageHook(Window, WM_USER);
+    SendMessageW(Window, WM_USER, 0, 0);
+    EXPECT_EQ(Listener->Calls, 1) << "hooking a message twice needs one unhooking";
+}
+
+TEST_F(SubclassTest, ListenersResultCountsOnlyWhenItSwallowsTheMessage) {
+    SubclassWindow(Window, Listener);
+    AddMessageHook(Window, WM_USER);
+    Listener->Answer = [](HWND, UINT, WPARAM swallow, bool& route) -> LRESULT {
+        EXPECT_TRUE(route);
+        route = swallow == 0;
+        return 5;
+    };
+    EXPECT_EQ(SendMessageW(Window, WM_USER, 0, 0), kOwnResult);
+    EXPECT_EQ(s_OwnCalls, 1);
+    EXPECT_EQ(SendMessageW(Window, WM_USER, 1, 0), 5);
+    EXPECT_EQ(s_OwnCalls, 1);
+}
+
+TEST_F(SubclassTest, FailingListenerLeavesTheFlagAsItWasAndNothingEscapes) {
+    SubclassWindow(Window, Listener);
+    AddMessageHook(Window, WM_USER);
+    Listener->Answer = [](HWND, UINT, WPARAM swallow, bool& route) -> LRESULT {
+        if (swallow)
+            route = false;
+        throw std::runtime_error("listener");
+    };
+    EXPECT_EQ(SendMessageW(Window, WM_USER, 0, 0), kOwnResult);
+    EXPECT_EQ(SendMessageW(Window, WM_USER, 1, 0), 0);
+    EXPECT_EQ(s_OwnCalls, 1);
+}
+
+TEST_F(SubclassTest, DestroyedWindowIsForgottenAndItsOwnProcedureHearsTheEnd) {
+    SubclassWindow(Window, Listener);
+    AddMessageHook(Window, WM_NCDESTROY);
+    Listener->Answer = [](HWND, UINT, WPARAM, bool& route) -> LRESULT { return route = false; };
+    DestroyWindow(Window);
+    EXPECT_FALSE(IsWindowSubclassed(Window));
+    EXPECT_EQ(Listener->Calls, 1);
+    EXPECT_EQ(s_LastOwn, static_cast<UINT>(WM_NCDESTROY)) << "this message cannot be swallowed";
+}
+
+TEST_F(SubclassTest, ListenerMayUnhookDestroyAndReleaseItselfInItsCall) {
+    SubclassWindow(Window, Listener);
+    AddMessageHook(Window, WM_USER);
+    auto* leaving = new MessageListener(Alive);
+    SubclassWindow(Window, leaving);
+    AddMessageHook(Window, WM_USER);
+    bool alive = false;
+    leaving->Answer = [&](HWND window, UINT, WPARAM, bool&) -> LRESULT {
+        UnSubclassWindow(window);
+        leaving->Release();
+        alive = Alive == 2;
+        return 0;
+    };
+    EXPECT_EQ(SendMessageW(Window, WM_USER, 0, 0), kOwnResult) << "the message still goes on";
+    EXPECT_TRUE(alive) << "held until its call ends";
+    EXPECT_EQ(Alive, 1);
+
+    SubclassWindow(Window, Listener);
+    AddMessageHook(Window, WM_USER);
+    Listener->Answer = [](HWND window, UINT, WPARAM, bool&) -> LRESULT { return DestroyWindow(window), 0; };
+    SendMessageW(Window, WM_USER, 0, 0);
+    EXPECT_FALSE(IsWindow(Window));
+    EXPECT_FALSE(IsWindowSubclassed(Window));
+    EXPECT_EQ(Listener->References(), 1u);
+}
+
+TEST_F(SubclassTest, WrongWindowsAreRefusedOrIgnored) {
+    AddMessageHook(Window, WM_USER); // no window is subclassed: nothing happens
+    SubclassWindow(nullptr, Listener);
+    SubclassWindow(Window, nullptr);
+    EXPECT_EQ(Procedure(), Own);
+    const HWND gone = MakeWindow();
+    DestroyWindow(gone);
+    EXPECT_THROW(SubclassWindow(gone, Listener), AutomationError);
+    EXPECT_FALSE(IsWindowSubclassed(gone));
+    SubclassWindow(Window, Listener);
+    EXPECT_THROW(AddMessageHook(gone, WM_USER), AutomationError);
+    RemoveMessageHook(gone, WM_USER);
+    RemoveMessageHook(Window, WM_USER);
+}
+
+TEST_F(SubclassTest, WindowsKeepTheirKindOfCharacters) {
+    for (const bool wide : {true, false}) {
+        const HWND edit =
+            wide ? CreateWindowExW(0, L"EDIT", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr)
+                 : CreateWindowExA(0, "EDIT", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+        const BOOL before = IsWindowUnicode(edit);
+        SubclassWindow(edit, Listener);
+        AddMessageHook(edit, WM_SETTEXT);
+        EXPECT_EQ(IsWindowUnicode(edit), before);
+        SetWindowTextW(edit, L"\u0416\u65E5");
+        wchar_t text[8] = L"";
+        GetWindowTextW(edit, text, 8);
+        if (before) {
+            EXPECT_STREQ(text, L"\u0416\u65E5");
+        }
+        DestroyWindow(edit);
+    }
+    EXPECT_EQ(Listener->Calls, 2);
+}
+
+namespace {
+
+struct HookTest : testing::Test {
+    ~HookTest() {
+        for (EventListener* listener : {First, Second}) {
+            RemoveWindowsHook(WH_GETMESSAGE, listener);
+            EXPECT_EQ(listener->References(), 1u);
+            listener->Release();
+        }
+        EXPECT_EQ(Alive, 0);
+    }
+    static void Event() {
+        PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        }
+    }
+
+    int Alive = 0;
+    EventListener* First = new EventListener(Alive);
+    EventListener* Second = new EventListener(Alive);
+};
+
+} // namespace
+
+TEST_F(HookTest, EachListenerHearsAnEventOnceUntilTheLastIsGone) {
+    AddWindowsHook(WH_GETMESSAGE, First);
+    AddWindowsHook(WH_GETMESSAGE, First);
+    AddWindowsHook(WH_GETMESSAGE, Second);
+    Event();
+    EXPECT_EQ(First->Calls, 1);
+    EXPECT_EQ(Second->Calls, 1);
+    RemoveWindowsHook(WH_GETMESSAGE, First);
+    RemoveWindowsHook(WH_GETMESSAGE, First);
+    Event();
+    EXPECT_EQ(First->Calls, 1);
+    EXPECT_EQ(Second->Calls, 2);
+    RemoveWindowsHook(WH_GETMESSAGE, Second);
+    Event();
+    EXPECT_EQ(Second->Calls, 2);
+    AddWindowsHook(WH_GETMESSAGE, Second);
+    Event();
+    EXPECT_EQ(Second->Calls, 3) << "the hook can be set again";
+}
+
+TEST_F(HookTest, ListenerCanEndTheWalkAndFailuresDoNot) {
+    AddWindowsHook(WH_GETMESSAGE, First);
+    AddWindowsHook(WH_GETMESSAGE, Second);
+    First->Answer = [](bool&) { throw std::runtime_error("listener"); };
+    Event();
+    EXPECT_EQ(Second->Calls, 1);
+    First->Answer = [](bool& noNext) { noNext = true; };
+    Event();
+    EXPECT_EQ(First->Calls, 2);
+    EXPECT_EQ(Second->Calls, 1);
+}
+
+TEST_F(HookTest, ListenersMayLeaveAndJoinDuringTheWalk) {
+    AddWindowsHook(WH_GETMESSAGE, First);
+    First->Answer = [this](bool&) {
+        RemoveWindowsHook(WH_GETMESSAGE, First);
+        AddWindowsHook(WH_GETMESSAGE, Second);
+    };
+    Event();
+    EXPECT_EQ(First->Calls, 1);
+    const int heard = Second->Calls;
+    Event();
+    EXPECT_EQ(First->Calls, 1);
+    EXPECT_EQ(Second->Calls, heard + 1);
+}
+
+TEST_F(HookTest, OtherTypesHearTheirOwnEventsAndUnknownOnesAreIgnored) {
+    AddWindowsHook(WH_DEBUG, First);
+    AddWindowsHook(99, First);
+    RemoveWindowsHook(99, First);
+    AddWindowsHook(WH_CBT, Second);
+    const HWND window = MakeWindow();
+    EXPECT_GT(Second->Calls, 0) << "the creation of a window";
+    EXPECT_EQ(First->Calls, 0);
+    DestroyWindow(window);
+    RemoveWindowsHook(WH_CBT, Second);
+}
+
+TEST_F(HookTest, CallerCanForbidAWindowThroughTheHook) {
+    AddWindowsHook(WH_CBT, First);
+    First->Answer = [](bool& noNext) { noNext = true; };
+    const HWND window = MakeWindow();
+    EXPECT_EQ(window, nullptr) << "a kept event answers 1";
+    RemoveWindowsHook(WH_CBT, First);
+    if (window)
+        DestroyWindow(window);
+}
+
+} // namespace ormisk::test
