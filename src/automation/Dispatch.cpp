@@ -4,20 +4,23 @@ namespace ormisk {
 
 namespace {
 
-void FillException(EXCEPINFO& exception, const AutomationError& error) {
-    exception = {};
-    exception.scode = error.number;
-    exception.bstrSource = SysAllocString(error.source.c_str());
-    exception.bstrDescription = SysAllocString(error.description.c_str());
-    if (!error.helpFile.empty()) {
-        exception.bstrHelpFile = SysAllocString(error.helpFile.c_str());
-    }
-}
-
 // Failures of the call itself, which tell of no failure inside the member.
 bool IsFailureOfCall(HRESULT hr) { return HRESULT_FACILITY(hr) == FACILITY_DISPATCH && hr != DISP_E_EXCEPTION; }
 
 } // namespace
+
+HRESULT GiveException(const AutomationError& error, EXCEPINFO* exception) {
+    if (exception) {
+        *exception = {};
+        exception->scode = error.number;
+        exception->bstrSource = SysAllocString(error.source.c_str());
+        exception->bstrDescription = SysAllocString(error.description.c_str());
+        if (!error.helpFile.empty()) {
+            exception->bstrHelpFile = SysAllocString(error.helpFile.c_str());
+        }
+    }
+    return DISP_E_EXCEPTION;
+}
 
 HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid, WORD flags, DISPPARAMS* parameters,
                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
@@ -38,11 +41,7 @@ HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid
     const bool taken = hr == DISP_E_EXCEPTION && (raised.bstrDescription || raised.bstrSource);
     const HRESULT number = hr == DISP_E_EXCEPTION && FAILED(raised.scode) ? raised.scode : hr;
     return Guarded(iid, [&]() -> HRESULT {
-        const AutomationError error = taken ? TakeException(raised) : TakeErrorInfo(number);
-        if (exception) {
-            FillException(*exception, error);
-        }
-        return DISP_E_EXCEPTION;
+        return GiveException(taken ? TakeException(raised) : TakeErrorInfo(number), exception);
     });
 }
 

@@ -11,6 +11,8 @@ namespace ormisk {
 // with its number, source, description and help file afterwards. The instance is held during the call.
 HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid, WORD flags, DISPPARAMS* parameters,
                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument);
+// Hands an error to the caller of IDispatch::Invoke. Returns DISP_E_EXCEPTION.
+HRESULT GiveException(const AutomationError& error, EXCEPINFO* exception);
 HRESULT FindMembers(ITypeInfo* info, REFIID iid, wchar_t** names, UINT count, DISPID* ids);
 HRESULT GiveTypeInfo(ITypeInfo* info, UINT index, ITypeInfo** result);
 

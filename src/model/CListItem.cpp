@@ -1,0 +1,36 @@
+#include "model/CListItem.h"
+
+#include "model/ValueRules.h"
+
+namespace ormisk {
+
+CListItem::CListItem(std::wstring text, const VARIANT& value) : m_Text(std::move(text)), m_Value(Plain(value)) {}
+
+HRESULT CListItem::get_Value(VARIANT* value) {
+    return Guarded(__uuidof(_CListItem), [&] {
+        CheckPointer(value);
+        *value = Plain(m_Value).Detach();
+    });
+}
+
+HRESULT CListItem::put_Value(VARIANT value) {
+    return Guarded(__uuidof(_CListItem), [&] { Store(m_Value, Plain(value)); });
+}
+
+HRESULT CListItem::get_Text(BSTR* text) {
+    return Guarded(__uuidof(_CListItem), [&] {
+        CheckPointer(text);
+        *text = NewBstr(m_Text);
+    });
+}
+
+HRESULT CListItem::put_Text(BSTR text) {
+    return Guarded(__uuidof(_CListItem), [&] {
+        if (!m_Key) {
+            m_Key = std::make_unique<const std::wstring>(m_Text);
+        }
+        m_Text = FromBstr(text);
+    });
+}
+
+} // namespace ormisk

@@ -1,0 +1,178 @@
+#include "model/CProperties.h"
+
+#include "automation/EnumVariants.h"
+#include "model/CollectionFailure.h"
+#include "model/NumberText.h"
+#include "model/ValueRules.h"
+
+namespace ormisk {
+
+namespace {
+
+constexpr DISPID kPropertyAddedEx = 2;
+constexpr DISPID kPropertyDeleted = 3;
+constexpr DISPID kPropertiesCleared = 4;
+const wchar_t kAddSource[] = L"CProperties.Add";
+
+std::wstring JoinKey(std::wstring_view scope, std::wstring_view name) {
+    std::wstring key;
+    key.reserve(scope.size() + 1 + name.size());
+    return key.append(scope).append(1, L'_').append(name);
+}
+
+// A position that is no whole number goes to the nearest; one that does not fit is none.
+long PositionOf(const VARIANT& value) {
+    _variant_t position;
+    const bool fits =
+        SUCCEEDED(VariantChangeTypeEx(&position, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, VT_I4));
+    return fits ? V_I4(&position) : 0;
+}
+
+bool IsGiven(const VARIANT* value) { return value && !IsMissing(*value); }
+
+} // namespace
+
+// Hosts may keep properties longer than their collection.
+CProperties::~CProperties() {
+    for (const auto& property : m_Items) {
+        property.Get()->SetFiled(false);
+    }
+}
+
+void CProperties::Init(PropertyOwner* owner) { m_Owner = owner ? MakeRef<OwnerLink>(owner) : nullptr; }
+
+void CProperties::ReleaseOwner() {
+    if (m_Owner) {
+        m_Owner->Cut();
+    }
+}
+
+void CProperties::CheckArguments(CProperty* parent, const NewProperty& arguments, std::wstring_view key) const {
+    if (IsGiven(arguments.value) && !IsValueValidForEditor(*arguments.value, arguments.editorType)) {
+        Raise(ErrorCode::InvalidEditorValue, kAddSource);
+    }
+    if (!key.empty() && IsNumericText(key)) {
+        Raise(ErrorCode::InvalidKey, kAddSource);
+    }
+    if (!key.empty() && m_Keys.Find(FoldedKey(key))) {
+        Raise(ErrorCode::PropertyKeyPresent, kAddSource);
+    }
+    // The probe of a child names its category too, unlike the key under which it is filed.
+    if (parent && ItemByInternalKey(JoinKey(JoinKey(arguments.category, parent->InternalKey()), arguments.name))) {
+        Raise(ErrorCode::PropertyNamePresent, kAddSource);
+    }
+}
+
+ComPtr<CProperty> CProperties::AddProperty(CProperty* parent, const NewProperty& arguments) {
+    const ComPtr<CProperties> alive(this);
+    const ComPtr<CProperty> parentAlive(parent);
+    const std::wstring_view key = TrimBlanks(arguments.key);
+    CheckArguments(parent, arguments, key);
+
+    const ComPtr<CProperty> property = MakeObject<CProperty>();
+    property->SetInternalKey(
+        JoinKey(parent ? std::wstring_view(parent->InternalKey()) : arguments.category, arguments.name));
+    if (m_Items.Find(property->FiledKey())) {
+        if (!parent) {
+            Raise(ErrorCode::PropertyNamePresent, kAddSource);
+        }
+        return nullptr; // a second child of the same name
+    }
+    if (!Owner()) {
+        return nullptr;
+    }
+    const _variant_t none;
+    property->Init(m_Owner, arguments.name, IsGiven(arguments.value) ? *arguments.value : none, arguments.source,
+                   arguments.autoUpdate, arguments.editorType, arguments.readOnly);
+    property->SetKey(key);
+    property->SetCategory(arguments.category);
+    property->SetIndex(CountOf() + 1);
+    property->SetEditorKey(arguments.editorKey);
+    m_Items.Add(property);
+    if (!key.empty()) {
+        m_Keys.Insert(property.Get());
+    }
+    property->SetFiled(true);
+
+    IgnoringFailures([&] { Owner()->OnPropertyAdded(*property.Get(), parent); });
+    if (HasListeners()) {
+        IgnoringFailures([&] {
+            _variant_t event[] = {static_cast<IDispatch*>(property.Get()), static_cast<IDispatch*>(parent)};
+            Fire(kPropertyAddedEx, event, 2);
+        });
+    }
+    return property;
+}
+
+CProperty* CProperties::At(long position) const {
+    return RaisingFaults([&] { return m_Items.At(position); });
+}
+
+CProperty* CProperties::ItemByInternalKey(const std::wstring& key) const { return m_Items.Find(FoldedKey(key)); }
+
+CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
+    if (CountOf() == 0) {
+        return nullptr;
+    }
+    const _variant_t value = Plain(indexOrKey);
+    if (IsNumeric(value)) {
+        return At(PositionOf(value));
+    }
+    const std::wstring text = TextOf(value);
+    const FoldedKey key(text);
+    CProperty* property = text.empty() ? nullptr : m_Keys.Find(key);
+    return property ? property : RaisingFaults([&] { return m_Items.Get(key); });
+}
+
+void CProperties::RemoveByInternalKey(const std::wstring& key) {
+    const ComPtr<CProperties> alive(this);
+    const ComPtr<CProperty> property = RaisingFaults([&] { return m_Items.Get(FoldedKey(key)); });
+    m_Items.RemoveAt(property->Index());
+    if (!property->Key().empty()) {
+        m_Keys.Erase(property.Get());
+    }
+    property->SetFiled(false);
+    for (long i = property->Index(); i <= CountOf(); ++i) {
+        m_Items.At(i)->SetIndex(i);
+    }
+    if (PropertyOwner* owner = Owner()) {
+        owner->OnPropertyDeleted(*property.Get());
+    }
+    FireWith(kPropertyDeleted, *property.Get());
+}
+
+void CProperties::RemoveAll() {
+    const ComPtr<CProperties> alive(this);
+    m_Keys.Clear();
+    // Letting a value go can call the host, so the collection is in order before the first goes.
+    const auto removed = m_Items.TakeAll();
+    for (const auto& property : removed) {
+        property.Get()->SetFiled(false);
+    }
+    if (PropertyOwner* owner = Owner()) {
+        owner->OnPropertiesCleared();
+    }
+    if (HasListeners()) {
+        Fire(kPropertiesCleared);
+    }
+}
+
+void CProperties::FireWith(DISPID id, CProperty& property) {
+    if (HasListeners()) {
+        _variant_t event(static_cast<IDispatch*>(&property));
+        Fire(id, &event, 1);
+    }
+}
+
+// A foreign object may say anything of itself but not be the same object as ours at the place that it names.
+CProperty* CProperties::Own(IUnknown* object) const {
+    const ComPtr<_CProperty> claimed = Query<_CProperty>(object);
+    long index = 0;
+    if (!claimed || FAILED(claimed->get_Index(&index)) || index < 1 || index > CountOf()) {
+        return nullptr;
+    }
+    CProperty* property = m_Items.At(index);
+    return SameObject(property->Identity(), claimed.Get()) ? property : nullptr;
+}
+
+} // namespace ormisk

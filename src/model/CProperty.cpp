@@ -1,0 +1,190 @@
+#include "model/CProperty.h"
+
+#include "automation/ByName.h"
+#include "model/NumberText.h"
+#include "model/ValueRules.h"
+
+namespace ormisk {
+
+OLE_COLOR CProperty::ResolvedBackColor() const {
+    if (m_BackColor != kColorOfOwner) {
+        return m_BackColor;
+    }
+    return Owner() ? Owner()->PropertyBackColor() : 0;
+}
+
+OLE_COLOR CProperty::ResolvedForeColor() const {
+    if (m_ForeColor != kColorOfOwner) {
+        return m_ForeColor;
+    }
+    return Owner() ? Owner()->PropertyForeColor() : 0;
+}
+
+ComPtr<IDispatch> CProperty::SourceObject() const { return ComPtr<IDispatch>(m_SourceObject); }
+
+void CProperty::Init(const Ref<OwnerLink>& owner, std::wstring_view name, const VARIANT& value, IDispatch* source,
+                     bool autoUpdate, omEditorType editorType, bool readOnly) {
+    m_Owner = owner;
+    m_Name = name;
+    m_EditorType = editorType;
+    m_ReadOnly = readOnly;
+    Check(VariantCopyInd(&m_Value, const_cast<VARIANT*>(&value)));
+    SetSourceObject(source);
+    m_AutoUpdateSource = autoUpdate;
+}
+
+void CProperty::SetInternalKey(std::wstring key) {
+    m_InternalKey = std::move(key);
+    m_KeyHash = FoldedKey(m_InternalKey).hash;
+}
+
+FoldedKey CProperty::FiledKey() const {
+    FoldedKey key;
+    key.text = m_InternalKey;
+    key.hash = m_KeyHash;
+    return key;
+}
+
+void CProperty::SetSourceObject(IDispatch* source) {
+    if (source) {
+        m_SourceObject = source;
+    }
+}
+
+void CProperty::ReplaceCategorySeparator(std::wstring_view oldSeparator, std::wstring_view newSeparator) {
+    if (oldSeparator.empty()) {
+        return;
+    }
+    for (std::size_t at = m_Category.find(oldSeparator); at != std::wstring::npos;
+         at = m_Category.find(oldSeparator, at + newSeparator.size())) {
+        m_Category.replace(at, oldSeparator.size(), newSeparator);
+    }
+}
+
+void CProperty::NotifyChange(const wchar_t* attribute) {
+    const ComPtr<CProperty> alive(this);
+    IgnoringFailures([&] {
+        if (PropertyOwner* owner = Owner()) {
+            owner->PropertyChanged(*this);
+        }
+    });
+    IgnoringFailures([&] {
+        if (PropertyOwner* owner = Owner()) {
+            owner->PropertyChangedEx(*this, attribute);
+        }
+    });
+}
+
+void CProperty::SetName(const std::wstring& name) {
+    if (m_Name == name) {
+        return;
+    }
+    if (!m_SourceName) {
+        m_SourceName = std::move(m_Name);
+    }
+    m_Name = name;
+    NotifyChange(L"Name");
+}
+
+void CProperty::SetPicture(IPictureDisp* picture) {
+    if (SameObject(m_Picture.Get(), picture)) {
+        return;
+    }
+    ComPtr<IPictureDisp> old(picture);
+    m_Picture.Swap(old);
+    NotifyChange(L"Picture");
+}
+
+void CProperty::LetValue(const VARIANT& given) {
+    if (HoldsObject(given)) {
+        SetValue(given);
+        return;
+    }
+    const ComPtr<CProperty> alive(this);
+    const _variant_t value = Plain(given);
+    const bool changed =
+        V_VT(&m_Value) == VT_NULL || HoldsObject(m_Value) || CompareValues(value, m_Value) == Comparison::Different;
+    if (!changed) {
+        return;
+    }
+    Store(m_Value, value);
+    WriteThrough(SourceName(), DISPATCH_PROPERTYPUT, value);
+    NotifyChange(L"Value");
+}
+
+void CProperty::SetValue(const VARIANT& given) {
+    const ComPtr<CProperty> alive(this);
+    const _variant_t value = Plain(given);
+    if (!ObjectOf(m_Value)) {
+        Store(m_Value, _variant_t(static_cast<IDispatch*>(nullptr)));
+    }
+    if (!HoldsObject(value)) {
+        LetValue(value);
+        return;
+    }
+    if (!SameObject(ObjectOf(value), ObjectOf(m_Value))) {
+        Store(m_Value, value);
+        WriteThrough(m_Name, DISPATCH_PROPERTYPUTREF, value);
+    }
+    NotifyChange(L"Value");
+}
+
+// The source's own idea of the value wins. The source may do anything meanwhile; it and the member's name are held.
+void CProperty::WriteThrough(const std::wstring& memberName, WORD callType, const _variant_t& value) {
+    const ComPtr<IDispatch> source = SourceObject();
+    if (!m_AutoUpdateSource || !source) {
+        return;
+    }
+    const std::wstring member = memberName;
+    const bool written = callType == DISPATCH_PROPERTYPUT && IgnoringFailures([&] {
+                             _variant_t argument = value;
+                             InvokeByName(source.Get(), member, callType, &argument);
+                         });
+    if (!written) {
+        IgnoringFailures([&] { InvokeProperty(source.Get(), member, callType, value); });
+    }
+    IgnoringFailures([&] { Store(m_Value, Plain(InvokeByName(source.Get(), member, DISPATCH_PROPERTYGET))); });
+}
+
+omEditorType CProperty::EditorType() {
+    if (m_EditorType == omBooleanEditor) {
+        FillBooleanList();
+    }
+    return m_EditorType;
+}
+
+// A Boolean is chosen from a list of two, whose labels are parameters.
+void CProperty::FillBooleanList() {
+    CListItems& items = ListItems();
+    items.RemoveAll();
+    const std::wstring trueText = ParamOr(L"True", L"True");
+    const std::wstring falseText = ParamOr(L"False", L"False");
+    items.AddItem(trueText, _variant_t(true));
+    items.AddItem(falseText, _variant_t(false));
+}
+
+CListItems& CProperty::ListItems() {
+    if (!m_ListItems) {
+        m_ListItems = MakeObject<CListItems>();
+    }
+    return *m_ListItems.Get();
+}
+
+std::wstring CProperty::EditorParam(const std::wstring& name) const {
+    const std::wstring trimmed(TrimBlanks(name));
+    if (trimmed.empty()) {
+        Raise(ErrorCode::InvalidKey);
+    }
+    std::wstring value = m_EditorParams ? m_EditorParams->Get(trimmed) : std::wstring();
+    if (value.empty() && Owner()) {
+        value = Owner()->EditorParam(m_EditorType, trimmed);
+    }
+    return value;
+}
+
+std::wstring CProperty::ParamOr(const std::wstring& name, const wchar_t* otherwise) const {
+    std::wstring value = EditorParam(name);
+    return value.empty() ? otherwise : value;
+}
+
+} // namespace ormisk

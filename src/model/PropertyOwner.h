@@ -1,0 +1,49 @@
+#pragma once
+
+#include "model/Ref.h"
+
+#include <windows.h>
+
+#include <ormisk.h>
+
+#include <string>
+
+namespace ormisk {
+
+class CProperty;
+
+// What a property asks of the control that shows it, and the reports that the control hears. Any of the reports may
+// call into the host, which may change the model before it returns.
+class PropertyOwner {
+public:
+    // Colours of properties that have none of their own.
+    virtual OLE_COLOR PropertyBackColor() const = 0;
+    virtual OLE_COLOR PropertyForeColor() const = 0;
+    // The control's own parameter of this name for this editor, "" when it has none.
+    virtual std::wstring EditorParam(omEditorType type, const std::wstring& name) const = 0;
+
+    // A change of a property: both are called, in this order.
+    virtual void PropertyChanged(CProperty& property) = 0;
+    virtual void PropertyChangedEx(CProperty& property, const wchar_t* attribute) = 0;
+
+    virtual void OnPropertyAdded(CProperty& property, CProperty* parent) = 0;
+    // The property is out of the collection already.
+    virtual void OnPropertyDeleted(CProperty& property) = 0;
+    virtual void OnPropertiesCleared() = 0;
+
+protected:
+    ~PropertyOwner() = default;
+};
+
+// The way back from the model to its control. The control cuts it before it goes, however long a host keeps a property.
+class OwnerLink : public RefCounted {
+public:
+    explicit OwnerLink(PropertyOwner* owner) : m_Owner(owner) {}
+    PropertyOwner* Get() const { return m_Owner; } // null once cut
+    void Cut() { m_Owner = nullptr; }
+
+private:
+    PropertyOwner* m_Owner;
+};
+
+} // namespace ormisk

@@ -1,0 +1,123 @@
+#include "model/ValueRules.h"
+
+#include "automation/ByName.h"
+#include "model/NumberText.h"
+
+#include <utility>
+
+namespace ormisk {
+
+namespace {
+
+bool Converts(const VARIANT& value, VARTYPE type) {
+    _variant_t copy;
+    return SUCCEEDED(VariantChangeTypeEx(&copy, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, type));
+}
+
+template <class Interface> bool IsNothingOr(const VARIANT& value) {
+    return HoldsObject(value) && (!ObjectOf(value) || Query<Interface>(ObjectOf(value)));
+}
+
+bool IsDate(const VARIANT& value) {
+    return V_VT(&value) == VT_DATE || (V_VT(&value) == VT_BSTR && Converts(value, VT_DATE));
+}
+
+bool ReadsAsInteger(const VARIANT& value) {
+    bool reads = false;
+    return IgnoringFailures([&] { reads = IsIntegerText(TextOf(value)); }) && reads;
+}
+
+// The type as which a plain value is passed by reference; VT_VARIANT for the variable itself.
+VARTYPE ReferenceType(VARTYPE type) {
+    switch (type) {
+    case VT_UI1:
+    case VT_BOOL:
+    case VT_I2:
+    case VT_I4:
+    case VT_R4:
+    case VT_R8:
+    case VT_CY:
+    case VT_BSTR:
+        return type;
+    case VT_INT:
+        return VT_I4;
+    default:
+        return VT_VARIANT;
+    }
+}
+
+void ReferTo(VARIANT& reference, VARIANT& value, VARTYPE type) {
+    V_VT(&reference) = static_cast<VARTYPE>(type | VT_BYREF);
+    // All plain types lie at the same place.
+    V_BYREF(&reference) = type == VT_VARIANT ? static_cast<void*>(&value) : static_cast<void*>(&V_I4(&value));
+}
+
+} // namespace
+
+bool IsValueValidForEditor(const VARIANT& given, omEditorType type) {
+    const _variant_t value = Plain(given);
+    if (V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL || IsMissing(value)) {
+        return true;
+    }
+    switch (type) {
+    case omNumberEditor:
+        return IsNumeric(value);
+    case omBooleanEditor:
+        return Converts(value, VT_BOOL);
+    case omFontEditor:
+        return IsNothingOr<IFont>(value) || IsNothingOr<IFontDisp>(value);
+    case omDateEditor:
+        return IsDate(value);
+    case omFileEditor:
+    case omDirectoryEditor:
+        return !HoldsObject(value);
+    case omColorEditor:
+        return ReadsAsInteger(value);
+    case omPictureEditor:
+        return IsNothingOr<IPicture>(value) || IsNothingOr<IPictureDisp>(value);
+    default:
+        return true;
+    }
+}
+
+bool IsNumericText(std::wstring_view text) {
+    return text.find(L'\0') == std::wstring_view::npos && IsNumeric(ToVariant(std::wstring(text)));
+}
+
+_variant_t InvokeProperty(IDispatch* object, const std::wstring& member, WORD callType, const VARIANT& value) {
+    if (callType == DISPATCH_PROPERTYGET) {
+        InvokeByName(object, member, callType);
+        return InvokeByName(object, member, callType);
+    }
+    _variant_t argument = Plain(value);
+    const VARTYPE type = callType == DISPATCH_PROPERTYPUT ? ReferenceType(V_VT(&argument)) : VARTYPE{VT_VARIANT};
+    VARIANT reference{};
+    ReferTo(reference, argument, type);
+    InvokeByName(object, member, callType, &reference);
+    return {};
+}
+
+std::wstring DefaultText(IUnknown* object) {
+    std::wstring text;
+    IgnoringFailures([&] {
+        const ComPtr<IDispatch> dispatch = Query<IDispatch>(object);
+        CheckPointer(dispatch.Get());
+        DISPPARAMS none{};
+        _variant_t value;
+        EXCEPINFO exception{};
+        const HRESULT hr = dispatch->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
+                                            DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none, &value, &exception, nullptr);
+        if (hr == DISP_E_EXCEPTION) {
+            throw TakeException(exception);
+        }
+        Check(hr);
+        text = TextOf(value);
+    });
+    return text;
+}
+
+void Store(_variant_t& target, _variant_t value) {
+    std::swap(static_cast<VARIANT&>(target), static_cast<VARIANT&>(value));
+}
+
+} // namespace ormisk

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "automation/Value.h"
+
+#include <ormisk.h>
+
+#include <string_view>
+
+namespace ormisk {
+
+// How the library treats the values of properties.
+
+// Whether an editor of this type can edit the value. Empty, Null and missing always can.
+bool IsValueValidForEditor(const VARIANT& value, omEditorType type);
+
+// Whether a key would be taken for a position. A text with a zero in it is none.
+bool IsNumericText(std::wstring_view text);
+
+// Calls a member of an automation object; callType is DISPATCH_PROPERTYGET, DISPATCH_PROPERTYPUT or
+// DISPATCH_PROPERTYPUTREF. A member is read twice; a plain value is passed by reference as a variable of its own type,
+// for members with a typed by-reference parameter. Raises what the object raised.
+_variant_t InvokeProperty(IDispatch* object, const std::wstring& member, WORD callType, const VARIANT& value = {});
+
+// The text of an object by its default member; "" when it has none.
+std::wstring DefaultText(IUnknown* object);
+
+// Puts `value` in place of what `target` holds. What it held is let go afterwards: that can call the host.
+void Store(_variant_t& target, _variant_t value);
+
+} // namespace ormisk

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "model/KeyTable.h"
+#include "tree/CNode.h"
+#include "tree/NodeListener.h"
+
+#include <unordered_map>
+
+namespace ormisk {
+
+// Where a new node goes, seen from its relative.
+enum class NodeRelation : long { Last = 1, Child = 4 };
+
+// A whole display tree. Nodes are found by their key in any case, by tree key, and by their row on screen, all without
+// walking. The tree owns its nodes.
+class CNodes {
+public:
+    CNodes() = default;
+    CNodes(const CNodes&) = delete;
+    CNodes& operator=(const CNodes&) = delete;
+    ~CNodes() { Clear(); }
+
+    // `level` is that of the roots. Without an owner nothing is added and nobody told; Init(nullptr) takes it away.
+    void Init(_CNodeListener* owner, long level = 1);
+    _CNodeListener* Owner() const { return m_Owner; }
+    long Level() const { return m_Level; }
+
+    // The node of a property, under its internal key. A null relative makes a root. Raises PropertyKeyPresent. Null
+    // without an owner.
+    CNode* Add(CNode* relative, NodeRelation relation, CProperty& property);
+    // A category. The key comes back trimmed; an empty one is not filed. Raises InvalidKey for a numeric key and
+    // PropertyKeyPresent. Null without an owner.
+    CNode* Add(CNode* relative, NodeRelation relation, std::wstring& key, std::wstring_view name, const VARIANT& value);
+
+    // Null when there is none.
+    CNode* Item(std::wstring_view key) const { return m_KeyTable.Find(FoldedKey(key)); }
+    CNode* ItemOf(const CProperty& property) const { return m_KeyTable.Find(property.FiledKey()); }
+    CNode* ItemAt(long position) const; // from 1, in the order of filing: what moved was filed anew
+    CNode* GetByTreeKey(std::wstring_view treeKey) const;
+    CNode* FirstRootNode() const;
+    CNode* RootAt(long index) const; // from 1
+    long RootCount() const { return static_cast<long>(m_Roots.nodes.size()); }
+    long Count() const { return m_Count; }
+    // All nodes in the order of filing.
+    std::vector<Ref<CNode>> All() const;
+
+    // A node and all below it. Nothing for null and for a node of another tree.
+    void Remove(CNode* node);
+    void Remove(std::wstring_view key) { Remove(Item(key)); }
+    void Clear(); // numbers start again at 1000
+    // Exchanges two siblings, each with its subtree.
+    void SwapNodes(CNode* first, CNode* second);
+
+    // Rows on screen, from 0, without walking.
+    long VisibleRowCount() const { return m_Roots.rows.Total(); }
+    CNode* NodeAtRow(long row) const;    // null outside
+    long RowOf(const CNode* node) const; // -1 when it is not displayed
+    // To be called when the property behind a node was shown or hidden.
+    void VisibilityChanged(CNode* node);
+
+private:
+    friend class CNode;
+    static constexpr long kFirstId = 1000;
+
+    CNode* Place(CNode* relative, NodeRelation relation, Ref<CNode> node);
+    Branch& SiblingsOf(const CNode& node) { return node.m_Parent ? *node.m_Parent->m_Branch : m_Roots; }
+    void RowsChanged(CNode* node);
+    static void Detach(std::vector<Ref<CNode>> nodes);
+    const std::vector<CNode*>& FilingOrder() const;
+
+    _CNodeListener* m_Owner = nullptr;
+    long m_Level = 1;
+    long m_NextId = kFirstId;
+    long m_Count = 0;
+    std::uint64_t m_NextSequence = 0;
+    Branch m_Roots;
+    KeyTable<CNode, &CNode::FiledKey> m_KeyTable;
+    std::unordered_map<long, CNode*> m_Parents; // nodes that have or had children, by number
+    mutable std::vector<CNode*> m_FilingOrder;  // sorted when asked for; empty when out of date
+};
+
+} // namespace ormisk
