@@ -6,4 +6,6 @@ set(RULE_SOURCES
   platform/SplitterGeometry.cpp
   platform/TextForms.cpp
   platform/VersionText.cpp
+  ../host/KeySequence.cpp
+  ../host/Options.cpp
 )

@@ -1,0 +1,29 @@
+#include "Failure.h"
+
+#include <cwchar>
+
+namespace ormisk {
+
+std::wstring SystemText(HRESULT number) {
+    wchar_t text[512];
+    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                  static_cast<DWORD>(number), 0, text, ARRAYSIZE(text), nullptr);
+    while (length > 0 && (text[length - 1] == L'\r' || text[length - 1] == L'\n' || text[length - 1] == L' '))
+        --length;
+    if (length > 0)
+        return std::wstring(text, length);
+    std::swprintf(text, ARRAYSIZE(text), L"error %08lX", static_cast<unsigned long>(number));
+    return text;
+}
+
+void Check(HRESULT result, const wchar_t* what) {
+    if (FAILED(result))
+        throw Failure{std::wstring(what) + L": " + SystemText(result)};
+}
+
+void CheckLast(bool succeeded, const wchar_t* what) {
+    if (!succeeded)
+        Check(HRESULT_FROM_WIN32(GetLastError()), what);
+}
+
+} // namespace ormisk

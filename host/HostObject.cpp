@@ -1,0 +1,230 @@
+#include "HostObject.h"
+
+#include "CallArguments.h"
+#include "Failure.h"
+#include "Screen.h"
+#include "Text.h"
+
+#include <comdef.h>
+#include <oleauto.h>
+#include <olectl.h>
+
+#include <algorithm>
+#include <cwchar>
+#include <exception>
+#include <iterator>
+
+namespace ormisk {
+namespace {
+
+constexpr int kAnyNumber = 1000;
+
+// What a call answers while the run is ending. The engine unwinds the script with it; nobody reports it.
+constexpr HRESULT kEnding = HRESULT_FROM_WIN32(ERROR_CANCELLED);
+
+HRESULT Explain(EXCEPINFO* error, const std::wstring& text) {
+    if (error) {
+        *error = {};
+        error->scode = CTL_E_ILLEGALFUNCTIONCALL;
+        error->bstrSource = SysAllocString(L"Host");
+        error->bstrDescription = SysAllocString(text.c_str());
+    }
+    return DISP_E_EXCEPTION;
+}
+
+std::wstring FullPath(const std::wstring& path) {
+    wchar_t full[4096];
+    const DWORD length = GetFullPathNameW(path.c_str(), ARRAYSIZE(full), full, nullptr);
+    return length > 0 && length < ARRAYSIZE(full) ? std::wstring(full, length) : path;
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+    const std::wstring full = FullPath(path);
+    return full.substr(0, full.find_last_of(L"\\/"));
+}
+
+bool IsAbsolute(const std::wstring& path) {
+    return path.starts_with(L"\\") || path.starts_with(L"/") || path.find(L':') != std::wstring::npos;
+}
+
+} // namespace
+
+struct HostObject::Member {
+    const wchar_t* name;
+    int least; // arguments
+    int most;
+    _variant_t (HostObject::*call)(const CallArguments&);
+};
+
+const HostObject::Member HostObject::kMembers[] = {
+    {L"Echo", 0, kAnyNumber, &HostObject::Echo},        // values: one line of output, blanks between them
+    {L"MoveTo", 2, 2, &HostObject::MoveTo},             // x, y
+    {L"Click", 2, 4, &HostObject::Click},               // x, y [, button] [, shift]: 1 left, 2 right, 4 middle;
+    {L"DoubleClick", 2, 4, &HostObject::DoubleClick},   //   1 Shift + 2 Ctrl + 4 Alt
+    {L"Drag", 4, 6, &HostObject::Drag},                 // x1, y1, x2, y2 [, button] [, shift]
+    {L"Wheel", 1, 1, &HostObject::Wheel},               // notches, forward positive
+    {L"Keys", 1, 1, &HostObject::Keys},                 // "text{ENTER}{DOWN 3}%{DOWN}"
+    {L"Later", 1, 2, &HostObject::Later},               // keys [, milliseconds]: typed by a timer, in modal loops too
+    {L"Pump", 0, 1, &HostObject::Pump},                 // [milliseconds]
+    {L"Resize", 2, 2, &HostObject::Resize},             // width, height of the grid
+    {L"Screenshot", 1, 1, &HostObject::Screenshot},     // file
+    {L"Pixel", 2, 2, &HostObject::Pixel},               // (x, y): the colour on screen
+    {L"Include", 1, 1, &HostObject::Include},           // file, relative to the script's folder
+    {L"Arguments", 0, 0, &HostObject::Arguments},       // array of the script's own arguments
+    {L"ScriptFolder", 0, 0, &HostObject::ScriptFolder}, // without a separator at its end
+    {L"Quit", 0, 1, &HostObject::Quit},                 // [exit code]
+};
+
+STDMETHODIMP HostObject::GetTypeInfoCount(UINT* count) {
+    *count = 0;
+    return S_OK;
+}
+
+STDMETHODIMP HostObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
+    *info = nullptr;
+    return E_NOTIMPL;
+}
+
+// A member's number is its position in the table, counted from 1.
+STDMETHODIMP HostObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    for (UINT i = 0; i < count; ++i)
+        ids[i] = DISPID_UNKNOWN;
+    for (std::size_t i = 0; count == 1 && i < std::size(kMembers); ++i) {
+        if (_wcsicmp(kMembers[i].name, names[0]) == 0) {
+            ids[0] = static_cast<DISPID>(i + 1);
+            return S_OK;
+        }
+    }
+    return DISP_E_UNKNOWNNAME;
+}
+
+STDMETHODIMP HostObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* passed, VARIANT* result,
+                                EXCEPINFO* error, UINT*) {
+    if (id < 1 || id > static_cast<DISPID>(std::size(kMembers)) || !(flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)))
+        return DISP_E_MEMBERNOTFOUND;
+    if (passed->cNamedArgs > 0)
+        return DISP_E_NONAMEDARGS;
+    const Member& member = kMembers[id - 1];
+    const CallArguments arguments(*passed);
+    if (arguments.Count() < member.least || arguments.Count() > member.most)
+        return DISP_E_BADPARAMCOUNT;
+    if (m_Parts.run.Ending())
+        return kEnding;
+    try {
+        _variant_t answer = (this->*member.call)(arguments);
+        if (m_Parts.run.Ending())
+            return kEnding;
+        if (result)
+            *result = answer.Detach();
+        return S_OK;
+    } catch (HRESULT wrongType) {
+        return wrongType;
+    } catch (const Failure& failure) {
+        return Explain(error, failure.text);
+    } catch (const std::exception& failure) {
+        return Explain(error, Widen(failure.what()));
+    } catch (const _com_error& failure) {
+        return failure.Error();
+    }
+}
+
+_variant_t HostObject::Echo(const CallArguments& arguments) {
+    std::wstring line;
+    for (int i = 0; i < arguments.Count(); ++i)
+        line += (i ? L" " : L"") + arguments.Text(i);
+    PrintLine(Stream::Output, line);
+    return {};
+}
+
+_variant_t HostObject::MoveTo(const CallArguments& arguments) {
+    m_Parts.input.MoveTo(arguments.Point(0));
+    return {};
+}
+
+_variant_t HostObject::Click(const CallArguments& arguments) {
+    m_Parts.input.Click(arguments.Point(0), arguments.Integer(2, Input::kLeft), arguments.Integer(3, 0));
+    return {};
+}
+
+_variant_t HostObject::DoubleClick(const CallArguments& arguments) {
+    m_Parts.input.DoubleClick(arguments.Point(0), arguments.Integer(2, Input::kLeft), arguments.Integer(3, 0));
+    return {};
+}
+
+_variant_t HostObject::Drag(const CallArguments& arguments) {
+    m_Parts.input.Drag(arguments.Point(0), arguments.Point(2), arguments.Integer(4, Input::kLeft),
+                       arguments.Integer(5, 0));
+    return {};
+}
+
+_variant_t HostObject::Wheel(const CallArguments& arguments) {
+    m_Parts.input.Wheel(arguments.Number(0));
+    return {};
+}
+
+_variant_t HostObject::Keys(const CallArguments& arguments) {
+    m_Parts.input.Keys(arguments.Text(0));
+    return {};
+}
+
+_variant_t HostObject::Later(const CallArguments& arguments) {
+    m_Parts.input.Later(arguments.Text(0), static_cast<DWORD>(std::max(0, arguments.Integer(1, 0))));
+    return {};
+}
+
+_variant_t HostObject::Pump(const CallArguments& arguments) {
+    m_Parts.pump.For(static_cast<DWORD>(std::max(0, arguments.Integer(0, 0))));
+    return {};
+}
+
+_variant_t HostObject::Resize(const CallArguments& arguments) {
+    const int width = arguments.Integer(0);
+    const int height = arguments.Integer(1);
+    if (width < 0 || height < 0)
+        throw Failure{L"A size is not negative"};
+    m_Parts.window.ResizeClient(width, height);
+    m_Parts.pump.UntilQuiet();
+    return {};
+}
+
+_variant_t HostObject::Screenshot(const CallArguments& arguments) {
+    m_Parts.pump.UntilQuiet();
+    SaveScreen(m_Parts.window.ScreenRect(), arguments.Text(0));
+    return {};
+}
+
+_variant_t HostObject::Pixel(const CallArguments& arguments) {
+    m_Parts.pump.UntilQuiet();
+    return static_cast<long>(ScreenColor(m_Parts.input.ToScreen(arguments.Point(0))));
+}
+
+_variant_t HostObject::Include(const CallArguments& arguments) {
+    const std::wstring given = arguments.Text(0);
+    const std::wstring path = IsAbsolute(given) ? given : FolderOf(m_Parts.options.script) + L"\\" + given;
+    m_Parts.script.RunText(ReadTextFile(path), path);
+    return {};
+}
+
+_variant_t HostObject::Arguments(const CallArguments&) {
+    const std::vector<std::wstring>& words = m_Parts.options.scriptArguments;
+    SAFEARRAY* const array = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(words.size()));
+    if (!array)
+        throw Failure{L"There is no memory"};
+    _variant_t owner;
+    owner.vt = VT_ARRAY | VT_VARIANT;
+    owner.parray = array;
+    for (LONG i = 0; i < static_cast<LONG>(words.size()); ++i) {
+        _variant_t word(words[static_cast<std::size_t>(i)].c_str());
+        Check(SafeArrayPutElement(array, &i, &word), L"The arguments cannot be given");
+    }
+    return owner;
+}
+
+_variant_t HostObject::ScriptFolder(const CallArguments&) { return FolderOf(m_Parts.options.script).c_str(); }
+
+_variant_t HostObject::Quit(const CallArguments& arguments) {
+    m_Parts.run.End(arguments.Integer(0, 0));
+    return {};
+}
+
+} // namespace ormisk

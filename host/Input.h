@@ -1,0 +1,68 @@
+#pragma once
+
+#include "ControlSite.h"
+#include "KeySequence.h"
+#include "MessagePump.h"
+
+#include <windows.h>
+
+#include <deque>
+#include <string>
+
+namespace ormisk {
+
+// The user's hands: real mouse and keyboard input. Points are pixels of the control's client area. Each call returns
+// when what it sent has been worked off, Later at once. A point off the screen or a wrong argument is a Failure.
+class Input {
+public:
+    // Buttons as an event of a control names them, and the keys held: those of KeyStroke.
+    static constexpr int kLeft = 1;
+    static constexpr int kRight = 2;
+    static constexpr int kMiddle = 4;
+
+    Input(HWND host, const ControlSite& site, MessagePump& pump);
+    ~Input();
+    Input(const Input&) = delete;
+    Input& operator=(const Input&) = delete;
+
+    POINT ToScreen(POINT point) const;
+    void MoveTo(POINT point);
+
+    // One click, never the second half of a double click begun by an earlier one.
+    void Click(POINT point, int button, int shift);
+    void DoubleClick(POINT point, int button, int shift);
+    void Drag(POINT from, POINT to, int button, int shift);
+
+    // Turns the wheel where the mouse is, or over the middle of the control when it is elsewhere; forward is positive.
+    void Wheel(double notches);
+
+    // Types, stroke by stroke.
+    void Keys(const std::wstring& text);
+
+    // Types after some time, from a timer: also while a modal loop of the control or of the script runs.
+    void Later(const std::wstring& text, DWORD milliseconds);
+
+private:
+    struct Delayed {
+        ULONGLONG due;
+        KeyStroke stroke;
+    };
+
+    static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time);
+    void SendDelayed();
+
+    void Aim(POINT screen);
+    void Press(int button, POINT screen);
+    void AvoidDoubleClick(int button, POINT screen) const;
+    void BringForward() const;
+
+    HWND m_Host;
+    const ControlSite& m_Site;
+    MessagePump& m_Pump;
+    std::deque<Delayed> m_Delayed;
+    POINT m_LastClick = {};
+    int m_LastButton = 0;
+    ULONGLONG m_LastClickTime = 0;
+};
+
+} // namespace ormisk

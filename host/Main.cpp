@@ -1,0 +1,144 @@
+// ormisk-host: a window with a grid in it, driven by a script.
+
+#include "ControlSite.h"
+#include "EventBinder.h"
+#include "Failure.h"
+#include "HostObject.h"
+#include "HostWindow.h"
+#include "Input.h"
+#include "MessagePump.h"
+#include "Options.h"
+#include "Run.h"
+#include "Screen.h"
+#include "ScriptEngine.h"
+#include "Text.h"
+
+#include <ole2.h>
+#include <windows.h>
+
+#include <stdexcept>
+
+namespace ormisk {
+namespace {
+
+constexpr wchar_t kProgId[] = L"Ormisk.OrmiskGrid";
+constexpr int kFailed = 1;
+constexpr int kBadUsage = 2;
+
+// OLE for as long as the object lives.
+class OleSession {
+public:
+    OleSession() { Check(OleInitialize(nullptr), L"OLE cannot be initialised"); }
+    ~OleSession() { OleUninitialize(); }
+    OleSession(const OleSession&) = delete;
+    OleSession& operator=(const OleSession&) = delete;
+};
+
+// Connects the window to the control in it and to the run.
+class WindowListener final : public HostWindow::Listener {
+public:
+    explicit WindowListener(Run& run) : m_Run(run) {}
+    void Follow(ControlSite* site) { m_Site = site; }
+
+    void OnSized() override {
+        if (m_Site)
+            m_Site->FollowWindowSize();
+    }
+    void OnActivated(bool active) override {
+        if (m_Site)
+            m_Site->FollowActivation(active);
+    }
+    void OnFocused() override {
+        if (m_Site)
+            m_Site->TakeFocus();
+    }
+    void OnClosing() override { m_Run.End(0); }
+
+private:
+    Run& m_Run;
+    ControlSite* m_Site = nullptr;
+};
+
+// The control in its site, taken out at the end.
+class LoadedControl {
+public:
+    LoadedControl(HostWindow& window, WindowListener& listener)
+        : m_Listener(listener), m_Site(MakeCom<ControlSite>(window)) {
+        m_Listener.Follow(m_Site.Get());
+    }
+    ~LoadedControl() {
+        m_Listener.Follow(nullptr);
+        m_Site->Unload();
+    }
+    LoadedControl(const LoadedControl&) = delete;
+    LoadedControl& operator=(const LoadedControl&) = delete;
+
+    ControlSite& Site() { return *m_Site.Get(); }
+
+private:
+    WindowListener& m_Listener;
+    ComPtr<ControlSite> m_Site;
+};
+
+int RunScript(const Options& options, const std::wstring& text) {
+    const OleSession ole;
+    Run run;
+    WindowListener listener(run);
+    HostWindow window(options.script, options.width, options.height, listener);
+    LoadedControl control(window, listener);
+    ControlSite& site = control.Site();
+    site.Load(kProgId);
+    MessagePump pump(run, [&site](MSG& message) { return site.TranslateKey(message); });
+    window.Show();
+    pump.UntilQuiet();
+    {
+        Input input(window.Handle(), site, pump);
+        ScriptEngine script(options.language, window.Handle(), run);
+        const ComPtr<HostObject> host = MakeCom<HostObject>(HostParts{run, options, window, site, pump, input, script});
+        script.AddObject(L"Grid", site.Control());
+        script.AddObject(L"Host", host.Get());
+        const EventBinder events(site.Control(), L"Grid_", script, run);
+        script.RunText(text, options.script);
+        pump.UntilEnd();
+        run.Unwound();
+        if (!options.screenshot.empty())
+            SaveScreen(window.ScreenRect(), options.screenshot);
+    }
+    return run.ExitCode();
+}
+
+int Complain(int exitCode, const std::wstring& text) {
+    PrintLine(Stream::Error, L"ormisk-host: " + text);
+    return exitCode;
+}
+
+int ExplainUsage(const std::wstring& trouble) {
+    Complain(kBadUsage, trouble);
+    PrintLine(Stream::Error, Widen(kUsage));
+    return kBadUsage;
+}
+
+int Main(const std::vector<std::wstring>& arguments) {
+    try {
+        Options options;
+        std::wstring text;
+        try {
+            options = ParseOptions(arguments);
+            text = ReadTextFile(options.script);
+        } catch (const std::invalid_argument& failure) {
+            return ExplainUsage(Widen(failure.what()));
+        } catch (const Failure& failure) {
+            return ExplainUsage(failure.text);
+        }
+        return RunScript(options, text);
+    } catch (const Failure& failure) {
+        return Complain(kFailed, failure.text);
+    } catch (const std::exception& failure) {
+        return Complain(kFailed, Widen(failure.what()));
+    }
+}
+
+} // namespace
+} // namespace ormisk
+
+int wmain(int count, wchar_t** words) { return ormisk::Main({words + 1, words + count}); }

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Run.h"
+
+#include <windows.h>
+
+#include <functional>
+
+namespace ormisk {
+
+// The message loop of the host, in the doses in which a script asks for it. Every one ends at once when the run ends.
+class MessagePump {
+public:
+    // `filter` is offered each message before it is dispatched and tells whether it was used up.
+    MessagePump(Run& run, std::function<bool(MSG&)> filter) : m_Run(run), m_Filter(std::move(filter)) {}
+
+    void UntilEnd();
+    void For(DWORD milliseconds);
+
+    // Until what was sent has been worked off and nothing but timers has come for a moment; at most about a second.
+    void UntilQuiet();
+
+private:
+    // Dispatches what waits; false when nothing but timers was there.
+    bool Drain(ULONGLONG deadline);
+    void Wait(ULONGLONG milliseconds);
+
+    Run& m_Run;
+    std::function<bool(MSG&)> m_Filter;
+};
+
+} // namespace ormisk

@@ -1,0 +1,53 @@
+#include "Screen.h"
+
+#include "Failure.h"
+#include "PngFile.h"
+
+#include <memory>
+
+namespace ormisk {
+namespace {
+
+struct ReleaseScreen {
+    using pointer = HDC;
+    void operator()(HDC context) const { ReleaseDC(nullptr, context); }
+};
+
+struct FreeContext {
+    using pointer = HDC;
+    void operator()(HDC context) const { DeleteDC(context); }
+};
+
+struct FreeBitmap {
+    using pointer = HBITMAP;
+    void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
+};
+
+} // namespace
+
+COLORREF ScreenColor(POINT screen) {
+    const std::unique_ptr<HDC, ReleaseScreen> context(GetDC(nullptr));
+    const COLORREF color = GetPixel(context.get(), screen.x, screen.y);
+    if (color == CLR_INVALID)
+        throw Failure{L"The point is not on the screen"};
+    return color;
+}
+
+void SaveScreen(const RECT& part, const std::wstring& path) {
+    const int width = part.right - part.left;
+    const int height = part.bottom - part.top;
+    const std::unique_ptr<HDC, ReleaseScreen> screen(GetDC(nullptr));
+    const std::unique_ptr<HBITMAP, FreeBitmap> bitmap(CreateCompatibleBitmap(screen.get(), width, height));
+    CheckLast(bitmap != nullptr, L"The screenshot finds no memory");
+    {
+        const std::unique_ptr<HDC, FreeContext> memory(CreateCompatibleDC(screen.get()));
+        const HGDIOBJ before = SelectObject(memory.get(), bitmap.get());
+        const BOOL copied =
+            BitBlt(memory.get(), 0, 0, width, height, screen.get(), part.left, part.top, SRCCOPY | CAPTUREBLT);
+        SelectObject(memory.get(), before);
+        CheckLast(copied != FALSE, L"The screen cannot be read");
+    }
+    SavePng(bitmap.get(), path);
+}
+
+} // namespace ormisk

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "KeySequence.h"
+
+#include <windows.h>
+
+namespace ormisk {
+
+// Single acts of input, sent to the system as a device would.
+
+// Moves the mouse to a point of the screen. Throws a Failure for a point that is not on it.
+void SendMouseTo(POINT screen);
+
+// Presses or releases a mouse button: 1 left, 2 right, 4 middle. Throws a Failure for another one.
+void SendButton(int button, bool down);
+
+// Turns the wheel; forward is positive, 120 is a notch.
+void SendWheel(int amount);
+
+// Holds or releases the modifiers of KeyStroke.
+void SendModifiers(int modifiers, bool down);
+
+// Presses and releases a key with its modifiers. A character that the keyboard does not have is sent as such.
+void SendStroke(const KeyStroke& stroke);
+
+} // namespace ormisk
