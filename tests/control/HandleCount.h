@@ -32,18 +32,20 @@ inline unsigned LiveGdiHandles() {
     return live;
 }
 
+inline BOOL CALLBACK CountWindow(HWND, LPARAM count) {
+    ++*reinterpret_cast<unsigned*>(count);
+    return TRUE;
+}
+
+inline BOOL CALLBACK CountWithChildren(HWND window, LPARAM count) {
+    EnumChildWindows(window, CountWindow, count);
+    return CountWindow(window, count);
+}
+
 // Windows of this thread, hidden ones and children included.
 inline unsigned LiveWindows() {
     unsigned live = 0;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM count) -> BOOL {
-            ++*reinterpret_cast<unsigned*>(count);
-            EnumChildWindows(
-                window, [](HWND, LPARAM inner) -> BOOL { return ++*reinterpret_cast<unsigned*>(inner), TRUE; }, count);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&live));
+    EnumThreadWindows(GetCurrentThreadId(), CountWithChildren, reinterpret_cast<LPARAM>(&live));
     return live;
 }
 

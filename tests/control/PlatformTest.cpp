@@ -75,20 +75,19 @@ std::vector<std::uint32_t> Picture(const std::function<void(HDC, RECT&)>& draw) 
     return canvas.Pixels();
 }
 
+int CALLBACK CollectFace(const LOGFONTW* font, const TEXTMETRICW*, DWORD type, LPARAM list) {
+    auto& found = *reinterpret_cast<std::vector<std::wstring>*>(list);
+    if (type & TRUETYPE_FONTTYPE && (found.empty() || found.back() != font->lfFaceName))
+        found.push_back(font->lfFaceName);
+    return TRUE;
+}
+
 std::vector<std::wstring> InstalledFaces() {
     std::vector<std::wstring> faces;
     LOGFONTW any{};
     any.lfCharSet = ANSI_CHARSET;
     const Canvas canvas;
-    EnumFontFamiliesExW(
-        canvas.Dc(), &any,
-        [](const LOGFONTW* font, const TEXTMETRICW*, DWORD type, LPARAM list) -> int {
-            auto& found = *reinterpret_cast<std::vector<std::wstring>*>(list);
-            if (type & TRUETYPE_FONTTYPE && (found.empty() || found.back() != font->lfFaceName))
-                found.push_back(font->lfFaceName);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&faces), 0);
+    EnumFontFamiliesExW(canvas.Dc(), &any, CollectFace, reinterpret_cast<LPARAM>(&faces), 0);
     return faces;
 }
 
@@ -340,6 +339,13 @@ private:
     HWND m_hWnd;
 };
 
+void BringToForeground(HWND window) {
+    SetForegroundWindow(window);
+    Sleep(10);
+    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
+        DispatchMessageW(&message);
+}
+
 struct FakePane : SplitterPane {
     void SetBounds(float left, float top, float width, float height) override { Bounds = {left, top, width, height}; }
     void SetVisible(bool visible) override { Visible = visible; }
@@ -467,14 +473,15 @@ TEST_F(SplitterTest, DragMovesTheBarAtItsEndAndGivesCaptureAndCursorBack) {
     EXPECT_FALSE(Splitter.Dragging());
     Splitter.Locked(false);
 
-    SetForegroundWindow(Container.hWnd()); // only the foreground window may confine the cursor
-    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
-        DispatchMessageW(&message);
-    Splitter.ContainerMouseDown(1, 0, 910, 10);
+    RECT clip{};
+    for (int i = 0; i < 100 && clip.left != 50; ++i) { // only the foreground window may confine the cursor
+        Splitter.ContainerMouseUp(1, 0, 910, 10);
+        BringToForeground(Container.hWnd());
+        Splitter.ContainerMouseDown(1, 0, 910, 10);
+        GetClipCursor(&clip);
+    }
     EXPECT_TRUE(Splitter.Dragging());
     EXPECT_EQ(GetCapture(), Container.hWnd());
-    RECT clip{};
-    GetClipCursor(&clip);
     EXPECT_EQ(clip.left, 50);
     EXPECT_EQ(clip.bottom, 160);
     Splitter.ContainerMouseMove(1, 0, 1500, 700);
@@ -499,6 +506,14 @@ TEST_F(SplitterTest, AbsentPartsAreSkippedAndDraggingLeavesNoHandle) {
     bare.init(&Container, &First, nullptr, SplitterOrientation::Horizontal);
     bare.ContainerResize();
     EXPECT_GE(bare.SplitterLocation(), 15);
+
+    {
+        CSplitter dropped;
+        dropped.init(&Container, &First, &Second, SplitterOrientation::Vertical);
+        dropped.ContainerMouseDown(1, 0, 900, 10);
+        EXPECT_EQ(GetCapture(), Container.hWnd());
+    }
+    EXPECT_EQ(GetCapture(), nullptr) << "a splitter that goes in a drag gives the mouse back";
 
     Start(SplitterOrientation::Vertical);
     const auto drag = [this] {
@@ -527,7 +542,7 @@ public:
             CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, nullptr, nullptr, nullptr);
         SetFocus(focus);
         m_Owner = owner;
-        const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) { s_Visit->Look(); });
+        const UINT_PTR timer = SetTimer(nullptr, 0, 50, OnTimer);
         ShowAboutWindow(focus, L"Ormisk Grid", L"1.02.0003");
         KillTimer(nullptr, timer);
         OwnerEnabledAfter = IsWindowEnabled(owner);
@@ -539,6 +554,8 @@ public:
     std::wstring Texts;
 
 private:
+    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) { s_Visit->Look(); }
+
     void Look() {
         const HWND dialog = FindWindowW(nullptr, L"About Ormisk Grid");
         if (!dialog)
