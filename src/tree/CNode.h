@@ -11,7 +11,6 @@ namespace ormisk {
 
 class CNode;
 class CNodes;
-class _CNodeListener;
 
 enum class NodeKind : long { Property = 0, Category = 1 };
 
@@ -97,8 +96,7 @@ private:
     struct CategoryFields;
 
     explicit CNode(CProperty& property);
-    CNode(std::wstring name, const VARIANT& value);
-    template <class T> friend class Ref;
+    CNode(std::wstring key, std::wstring_view name, const VARIANT& value);
 
     const Branch* Siblings() const; // null once removed
     CNode* SiblingAt(long index) const;

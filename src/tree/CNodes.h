@@ -37,7 +37,7 @@ public:
     CNode* ItemOf(const CProperty& property) const { return m_KeyTable.Find(property.FiledKey()); }
     CNode* ItemAt(long position) const; // from 1, in the order of filing: what moved was filed anew
     CNode* GetByTreeKey(std::wstring_view treeKey) const;
-    CNode* FirstRootNode() const;
+    CNode* FirstRootNode() const { return RootAt(1); }
     CNode* RootAt(long index) const; // from 1
     long RootCount() const { return static_cast<long>(m_Roots.nodes.size()); }
     long Count() const { return m_Count; }
@@ -65,7 +65,8 @@ private:
     CNode* Place(CNode* relative, NodeRelation relation, Ref<CNode> node);
     Branch& SiblingsOf(const CNode& node) { return node.m_Parent ? *node.m_Parent->m_Branch : m_Roots; }
     void RowsChanged(CNode* node);
-    static void Detach(std::vector<Ref<CNode>> nodes);
+    static void CollectSubtrees(std::vector<Ref<CNode>>& nodes);
+    static void Detach(const std::vector<Ref<CNode>>& nodes);
     const std::vector<CNode*>& FilingOrder() const;
 
     _CNodeListener* m_Owner = nullptr;

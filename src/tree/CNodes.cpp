@@ -1,0 +1,263 @@
+#include "tree/CNodes.h"
+
+#include "model/NumberText.h"
+#include "model/ValueRules.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace ormisk {
+
+namespace {
+
+const wchar_t kAddSource[] = L"CProperties.Add";
+
+// Takes a plain decimal number, without leading zeros, off the front of a tree key; false when there is none.
+bool TakeNumber(std::wstring_view& text, long& number) {
+    constexpr std::size_t kMaxDigits = 9;
+    const std::size_t digits = std::min(text.find_first_not_of(L"0123456789"), text.size());
+    if (digits == 0 || digits > kMaxDigits || (text[0] == L'0' && digits > 1)) {
+        return false;
+    }
+    number = 0;
+    for (const wchar_t digit : text.substr(0, digits)) {
+        number = number * 10 + (digit - L'0');
+    }
+    text.remove_prefix(digits);
+    return true;
+}
+
+bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {
+    if (!SameKey(text.substr(0, prefix.size()), prefix)) {
+        return false;
+    }
+    text.remove_prefix(prefix.size());
+    return true;
+}
+
+} // namespace
+
+void CNodes::Init(_CNodeListener* owner, long level) {
+    m_Owner = owner;
+    m_Level = level;
+}
+
+CNode* CNodes::Add(CNode* relative, NodeRelation relation, CProperty& property) {
+    // An internal key has an underscore in it and so is no number.
+    if (m_KeyTable.Find(property.FiledKey())) {
+        Raise(ErrorCode::PropertyKeyPresent, kAddSource);
+    }
+    return m_Owner ? Place(relative, relation, Ref<CNode>(new CNode(property))) : nullptr;
+}
+
+CNode* CNodes::Add(CNode* relative, NodeRelation relation, std::wstring& key, std::wstring_view name,
+                   const VARIANT& value) {
+    key = std::wstring(TrimBlanks(key));
+    if (!key.empty() && IsNumericText(key)) {
+        Raise(ErrorCode::InvalidKey);
+    }
+    if (Item(key)) {
+        Raise(ErrorCode::PropertyKeyPresent, kAddSource);
+    }
+    return m_Owner ? Place(relative, relation, Ref<CNode>(new CNode(key, name, value))) : nullptr;
+}
+
+CNode* CNodes::Place(CNode* relative, NodeRelation relation, Ref<CNode> added) {
+    if (relative && relative->m_Tree != this) {
+        return nullptr;
+    }
+    CNode* parent = relative && relation == NodeRelation::Last ? relative->m_Parent : relative;
+    if (parent && !parent->m_Branch) {
+        m_Parents[parent->m_NodeId] = parent;
+        parent->m_Branch = std::make_unique<Branch>();
+    }
+    CNode* node = added.Get();
+    node->m_Parent = parent;
+    Branch& siblings = SiblingsOf(*node);
+    siblings.nodes.push_back(std::move(added));
+    siblings.rows.Append(node->Rows());
+    node->m_Tree = this;
+    node->m_Level = parent ? parent->m_Level + 1 : m_Level;
+    node->m_SiblingIndex = static_cast<long>(siblings.nodes.size());
+    node->m_NodeId = m_NextId++;
+    node->m_Sequence = m_NextSequence++;
+    if (!node->Key().empty()) {
+        m_KeyTable.Insert(node);
+    }
+    ++m_Count;
+    m_FilingOrder.clear();
+    RowsChanged(parent);
+    return node;
+}
+
+// Carries a change of what a node's subtree takes on screen upward, as far as it is one.
+void CNodes::RowsChanged(CNode* node) {
+    while (node && SiblingsOf(*node).rows.Set(static_cast<std::size_t>(node->m_SiblingIndex) - 1, node->Rows())) {
+        node = node->m_Parent;
+    }
+}
+
+CNode* CNodes::RootAt(long index) const {
+    return index >= 1 && index <= RootCount() ? m_Roots.nodes[static_cast<std::size_t>(index) - 1].Get() : nullptr;
+}
+
+CNode* CNodes::ItemAt(long position) const {
+    return position >= 1 && position <= m_Count ? FilingOrder()[static_cast<std::size_t>(position) - 1] : nullptr;
+}
+
+CNode* CNodes::GetByTreeKey(std::wstring_view treeKey) const {
+    long parent = 0;
+    long index = 0;
+    const bool wellFormed = TakePrefix(treeKey, L"P") && TakeNumber(treeKey, parent) && TakePrefix(treeKey, L"_I") &&
+                            TakeNumber(treeKey, index) && treeKey.empty();
+    if (!wellFormed) {
+        return nullptr;
+    }
+    if (parent == 0) {
+        return RootAt(index);
+    }
+    const auto found = m_Parents.find(parent);
+    return found == m_Parents.end() ? nullptr : found->second->ChildAt(index);
+}
+
+const std::vector<CNode*>& CNodes::FilingOrder() const {
+    if (m_FilingOrder.empty()) {
+        const auto append = [this](const Branch& branch) {
+            for (const Ref<CNode>& node : branch.nodes) {
+                m_FilingOrder.push_back(node.Get());
+            }
+        };
+        append(m_Roots);
+        for (std::size_t i = 0; i < m_FilingOrder.size(); ++i) {
+            if (const Branch* branch = m_FilingOrder[i]->m_Branch.get()) {
+                append(*branch);
+            }
+        }
+        std::sort(m_FilingOrder.begin(), m_FilingOrder.end(),
+                  [](const CNode* a, const CNode* b) { return a->m_Sequence < b->m_Sequence; });
+    }
+    return m_FilingOrder;
+}
+
+std::vector<Ref<CNode>> CNodes::All() const {
+    std::vector<Ref<CNode>> nodes;
+    nodes.reserve(static_cast<std::size_t>(m_Count));
+    for (CNode* node : FilingOrder()) {
+        nodes.emplace_back(node);
+    }
+    return nodes;
+}
+
+void CNodes::Remove(CNode* node) {
+    if (!node || node->m_Tree != this) {
+        return;
+    }
+    Branch& siblings = SiblingsOf(*node);
+    CNode* parent = node->m_Parent;
+    const auto gap = siblings.nodes.begin() + (node->m_SiblingIndex - 1);
+    std::vector<Ref<CNode>> removed{*gap};
+    siblings.rows.Remove(static_cast<std::size_t>(node->m_SiblingIndex) - 1);
+    for (auto later = siblings.nodes.erase(gap); later != siblings.nodes.end(); ++later) {
+        --(*later)->m_SiblingIndex;
+        (*later)->m_Sequence = m_NextSequence++;
+    }
+    RowsChanged(parent);
+    m_FilingOrder.clear();
+
+    CollectSubtrees(removed);
+    for (const Ref<CNode>& gone : removed) {
+        m_KeyTable.Erase(gone.Get());
+        m_Parents.erase(gone->m_NodeId);
+    }
+    m_Count -= static_cast<long>(removed.size());
+    Detach(removed);
+}
+
+void CNodes::Clear() {
+    std::vector<Ref<CNode>> removed = std::move(m_Roots.nodes);
+    m_Roots = {};
+    m_KeyTable.Clear();
+    m_Parents.clear();
+    m_FilingOrder.clear();
+    m_NextId = kFirstId;
+    m_Count = 0;
+    CollectSubtrees(removed);
+    Detach(removed);
+}
+
+void CNodes::CollectSubtrees(std::vector<Ref<CNode>>& nodes) {
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (const Branch* branch = nodes[i]->m_Branch.get()) {
+            nodes.insert(nodes.end(), branch->nodes.begin(), branch->nodes.end());
+        }
+    }
+}
+
+// All are cut off before the caller lets the first go: a property that goes with its node can call the host.
+void CNodes::Detach(const std::vector<Ref<CNode>>& nodes) {
+    for (const Ref<CNode>& node : nodes) {
+        node->m_Tree = nullptr;
+        node->m_Parent = nullptr;
+        node->m_Branch = nullptr;
+    }
+}
+
+void CNodes::SwapNodes(CNode* first, CNode* second) {
+    const bool siblings = first && second && first != second && first->m_Tree == this && second->m_Tree == this &&
+                          first->m_Parent == second->m_Parent;
+    if (!siblings) {
+        return;
+    }
+    Branch& branch = SiblingsOf(*first);
+    std::swap(branch.nodes[static_cast<std::size_t>(first->m_SiblingIndex) - 1],
+              branch.nodes[static_cast<std::size_t>(second->m_SiblingIndex) - 1]);
+    std::swap(first->m_SiblingIndex, second->m_SiblingIndex);
+    for (CNode* node : {first, second}) {
+        node->m_Sequence = m_NextSequence++;
+        branch.rows.Set(static_cast<std::size_t>(node->m_SiblingIndex) - 1, node->Rows());
+    }
+    m_FilingOrder.clear();
+}
+
+CNode* CNodes::NodeAtRow(long row) const {
+    if (row < 0 || row >= VisibleRowCount()) {
+        return nullptr;
+    }
+    const Branch* branch = &m_Roots;
+    while (true) {
+        const RowCounts::Place place = branch->rows.Find(row);
+        CNode* node = branch->nodes[place.position].Get();
+        if (place.row == 0) {
+            return node;
+        }
+        row = place.row - 1;
+        branch = node->m_Branch.get();
+    }
+}
+
+long CNodes::RowOf(const CNode* node) const {
+    if (!node || node->m_Tree != this || node->m_Hidden) {
+        return -1;
+    }
+    long row = 0;
+    while (true) {
+        row += node->Siblings()->rows.Before(static_cast<std::size_t>(node->m_SiblingIndex) - 1);
+        node = node->m_Parent;
+        if (!node) {
+            return row;
+        }
+        if (node->m_Hidden || !node->m_Expanded) {
+            return -1;
+        }
+        ++row;
+    }
+}
+
+void CNodes::VisibilityChanged(CNode* node) {
+    if (node && node->m_Tree == this && !node->IsCategory()) {
+        node->m_Hidden = !node->m_Property->IsVisible();
+        RowsChanged(node);
+    }
+}
+
+} // namespace ormisk
