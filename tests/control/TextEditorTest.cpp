@@ -1,0 +1,314 @@
+#include "HandleCount.h"
+
+#include "automation/Value.h"
+#include "editors/CEditor.h"
+#include "editors/CEditorListener.h"
+#include "editors/CTextEditor.h"
+#include "editors/EditorRegistry.h"
+#include "model/CProperty.h"
+#include "platform/TextBox.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace ormisk {
+namespace {
+
+// A control as far as editors see it: the two text editors on one box in a window, and what they report.
+class TextEditorTest : public testing::Test, public TextBoxListener, public EditorObserver {
+protected:
+    void SetUp() override {
+        Open(); // what the system makes at the first use stays
+        Start(text, L"");
+        RedrawWindow(box->Hwnd(), nullptr, nullptr, RDW_UPDATENOW);
+        Close();
+        gdiHandles = test::LiveGdiHandles();
+        windows = test::LiveWindows();
+        objects = LiveObjects();
+        Open();
+    }
+    void TearDown() override {
+        Close();
+        EXPECT_EQ(LiveObjects(), objects);
+        EXPECT_EQ(test::LiveWindows(), windows);
+        EXPECT_EQ(test::LiveGdiHandles(), gdiHandles);
+    }
+
+    void Open() {
+        tree = CreateWindowW(L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 300, 200, nullptr, nullptr,
+                             GetModuleHandleW(nullptr), nullptr);
+        box = std::make_unique<TextBox>();
+        box->Create(tree, this);
+        listener = MakeObject<CEditorListener>(static_cast<EditorObserver*>(this));
+        registry.CreateBuiltInEditors(tree, {box.get()});
+        text = registry.Find(omTextEditor, {});
+        number = registry.Find(omNumberEditor, {});
+        heard.clear();
+    }
+    void Close() {
+        current = text = number = nullptr;
+        registry.Clear();
+        listener->CutObserver();
+        listener = nullptr;
+        box.reset();
+        DestroyWindow(tree);
+    }
+
+    using Params = std::map<std::wstring, std::wstring>;
+
+    // A row with these parameters gets its editor, with the value in it and the focus.
+    void Start(const ComPtr<_CEditor>& editor, const _variant_t& value, const Params& params = {}) {
+        const auto property = MakeObject<CProperty>();
+        property->Init({}, L"Name", value, nullptr, true, editor.Get() == number.Get() ? omNumberEditor : omTextEditor,
+                       false);
+        for (const auto& [name, setting] : params)
+            Check(property->SetEditorParam(ToBstr(name), ToBstr(setting)));
+        current = editor;
+        EditorProxy proxy(editor.Get());
+        proxy.Reset(property.Get(), listener.Get());
+        proxy.SetValue(value);
+        proxy.SetVisible(true);
+        box->SetFocus();
+        heard.clear();
+    }
+    void Type(const wchar_t* keys) {
+        for (; *keys; ++keys)
+            SendMessageW(box->Hwnd(), WM_CHAR, *keys, 1);
+    }
+    // As a paste does.
+    void Put(const wchar_t* newText) {
+        box->SetText(newText);
+        box->SetModified(true);
+    }
+    _variant_t Value() const { return EditorProxy(current.Get()).Value(); }
+    // What the commit was refused with.
+    std::wstring CommitError() {
+        try {
+            EditorProxy(current.Get()).Commit();
+        } catch (const AutomationError& error) {
+            EXPECT_EQ(error.number, ErrorNumber(ErrorCode::InvalidPropertyValue));
+            EXPECT_EQ(error.source, kLibraryTitle);
+            return error.description;
+        }
+        return L"none";
+    }
+
+    void OnKeyDown(int&, int) override {}
+    void OnKeyPress(int& keyAscii) override {
+        try {
+            registry.BuiltIn(current.Get())->KeyPress(keyAscii);
+        } catch (const AutomationError& error) {
+            heard += L"error " + error.description + L"; ";
+        }
+    }
+    void OnKeyUp(int&, int) override {}
+    void OnGotFocus() override { heard += L"got; "; }
+    void OnLostFocus() override { heard += L"lost; "; }
+    void CommitEdit(_CEditor* editor) override {
+        EXPECT_EQ(editor, current.Get());
+        heard += L"commit; ";
+        onCommit();
+    }
+    void CancelEdit(_CEditor* editor) override {
+        EXPECT_EQ(editor, current.Get());
+        heard += L"cancel; ";
+    }
+
+    HWND tree = nullptr;
+    std::unique_ptr<TextBox> box;
+    EditorRegistry registry;
+    ComPtr<CEditorListener> listener;
+    ComPtr<_CEditor> text;
+    ComPtr<_CEditor> number;
+    ComPtr<_CEditor> current;
+    std::wstring heard;
+    std::function<void()> onCommit = [] {};
+    unsigned gdiHandles = 0;
+    unsigned windows = 0;
+    long objects = 0;
+};
+
+} // namespace
+
+TEST_F(TextEditorTest, NumberRowsFilterKeysAndYieldDoublesWhileTextRowsTakeAll) {
+    Start(number, 0L, {{L"AllowFloatingPoint", L"True"}, {L"AllowNegative", L"True"}});
+    box->SelectAll();
+    Type(L"-1x2 e.5.\b6-");
+    EXPECT_EQ(box->Text(), L"-12.6");
+    EXPECT_EQ(Value(), _variant_t(-12.6));
+
+    Start(number, 5L, {{L"AllowFloatingPoint", L"False"}, {L"AllowNegative", L"False"}});
+    Type(L"-.7");
+    EXPECT_EQ(box->Text(), L"75");
+
+    Start(text, L"");
+    Type(L"-1x.\xD83D\xDE00");
+    EXPECT_EQ(Value(), _variant_t(L"-1x.\xD83D\xDE00"));
+}
+
+TEST_F(TextEditorTest, EnterStoresWhatWasTypedAndGivesTheFocusBack) {
+    Start(text, L"old");
+    Type(L"x\r");
+    EXPECT_EQ(heard, L"commit; lost; ");
+    EXPECT_EQ(GetFocus(), tree);
+    EXPECT_EQ(box->Text(), L"xold");
+}
+
+TEST_F(TextEditorTest, EnterOnAnUntouchedTextAndEscCancelWithoutValidation) {
+    Start(text, L"old", {{L"MinLength", L"9"}});
+    Type(L"\r");
+    EXPECT_EQ(heard, L"cancel; lost; ");
+    box->SetFocus();
+    heard.clear();
+    Type(L"x\x1B");
+    EXPECT_EQ(heard, L"cancel; lost; ");
+}
+
+TEST_F(TextEditorTest, ARefusedEnterKeepsTheFocusAndTheText) {
+    Start(text, L"", {{L"MinLength", L"5"}});
+    Type(L"abc\r");
+    EXPECT_EQ(heard, L"error Entered text is too small in length; ");
+    EXPECT_EQ(GetFocus(), box->Hwnd());
+    EXPECT_EQ(box->Text(), L"abc");
+}
+
+TEST_F(TextEditorTest, AStoreThatFailsReachesTheKeyHandlerWithItsError) {
+    Start(text, L"old");
+    onCommit = [] { Raise(0x80040123L, L"The object refuses.", L"Object"); };
+    Type(L"x\r");
+    EXPECT_EQ(heard, L"commit; error The object refuses.; ");
+    EXPECT_EQ(GetFocus(), box->Hwnd());
+}
+
+TEST_F(TextEditorTest, NumberLimitsAreInclusiveBelowAndExclusiveAboveAndNamedInTheMessage) {
+    Start(number, 0L,
+          {{L"EnableMinValueCheck", L"True"},
+           {L"MinValue", L"0"},
+           {L"EnableMaxValueCheck", L"True"},
+           {L"MaxValue", L"10"},
+           {L"AllowNegative", L"True"}});
+    EXPECT_EQ(CommitError(), L"none");
+    EXPECT_EQ(heard, L"commit; ");
+    Put(L"");
+    EXPECT_EQ(CommitError(), L"none");
+    EXPECT_EQ(Value(), _variant_t(0.0));
+    Put(L"10");
+    EXPECT_EQ(CommitError(), L"Entered value is greater than 10");
+    Put(L"-1");
+    EXPECT_EQ(CommitError(), L"Entered value is less than 0");
+    Put(L"1.5");
+    EXPECT_EQ(CommitError(), L"Entered value is less than 0") << "a refusal without words repeats the last ones";
+}
+
+TEST_F(TextEditorTest, ARefusalWithoutWordsHasTheGeneralText) {
+    Start(number, 0L);
+    Put(L"1.5");
+    EXPECT_EQ(CommitError(), L"Invalid property value.");
+    EXPECT_EQ(heard, L"");
+}
+
+TEST_F(TextEditorTest, ParametersThatARowDoesNotSetKeepTheirLastValue) {
+    Start(number, 0L,
+          {{L"AllowFloatingPoint", L"-1"}, {L"EnableMaxValueCheck", L"True"}, {L"MaxValue", L"1E3 and more"}});
+    Start(number, 0L, {{L"AllowFloatingPoint", L"perhaps"}});
+    Put(L"1.5");
+    EXPECT_EQ(CommitError(), L"Entered value is greater than 0") << "the check stays, its limit is read anew";
+    Start(number, 0L, {{L"EnableMaxValueCheck", L"0"}});
+    Put(L"1.5");
+    EXPECT_EQ(CommitError(), L"none");
+
+    Start(text, L"", {{L"MinLength", L"2.5"}, {L"MaxLength", L"4"}});
+    Start(text, L"abcde");
+    EXPECT_EQ(CommitError(), L"Invalid property value.");
+    Put(L"a");
+    EXPECT_EQ(CommitError(), L"Entered text is too small in length");
+    Put(L"ab ");
+    EXPECT_EQ(CommitError(), L"none");
+    Start(text, L"", {{L"MaxLength", L"1E300"}});
+    Type(L"abcdef");
+    EXPECT_EQ(box->Text(), L"abcd") << "a length that does not fit is none";
+}
+
+TEST_F(TextEditorTest, BoxTakesTheGreatestLengthUnlessItIsBelowTheLeast) {
+    Start(text, L"", {{L"MinLength", L"5"}, {L"MaxLength", L"3"}});
+    Type(L"abcdef");
+    EXPECT_EQ(box->Text(), L"abcdef");
+    EXPECT_EQ(CommitError(), L"Invalid property value.");
+    Start(number, 0L);
+    box->SetText(L"");
+    Type(L"1234567");
+    EXPECT_EQ(box->Text(), L"1234567") << "the limit of a text row is not that of a number row";
+}
+
+TEST_F(TextEditorTest, LoadedValuesAreUnmodifiedAndThoseWithoutATextLeaveTheBoxEmpty) {
+    VARIANT null{};
+    null.vt = VT_NULL;
+    SAFEARRAY* array = SafeArrayCreateVector(VT_I4, 0, 2);
+    _variant_t withArray;
+    withArray.vt = VT_ARRAY | VT_I4;
+    withArray.parray = array;
+    _variant_t nothing(static_cast<IDispatch*>(nullptr));
+    for (const VARIANT& value : {VARIANT(_variant_t()), null, VARIANT(nothing), VARIANT(withArray)}) {
+        Start(text, L"before");
+        Type(L"x");
+        Start(text, _variant_t(value));
+        EXPECT_EQ(box->Text(), L"") << value.vt;
+        EXPECT_FALSE(registry.BuiltIn(text.Get())->IsModified());
+    }
+    Start(text, 12.5);
+    EXPECT_EQ(box->Text(), L"12.5");
+}
+
+TEST_F(TextEditorTest, ActivationSelectsAllAndTypingOnARowReplacesItsText) {
+    Start(text, L"hello");
+    BuiltInEditor* editor = registry.BuiltIn(text.Get());
+    editor->Activate(true);
+    EXPECT_EQ(box->SelLength(), 5);
+    editor->BeginTyping();
+    Type(L"x");
+    EXPECT_EQ(box->Text(), L"x");
+    EXPECT_TRUE(editor->IsModified());
+}
+
+TEST_F(TextEditorTest, BoxLiesTwoPixelsBelowTheTopOfItsCell) {
+    EditorProxy editor(text.Get());
+    EXPECT_EQ(editor.ScaleMode(), 3);
+    EXPECT_EQ(editor.Hwnd(), box->Hwnd());
+    editor.Move(10.5F, 20.6F, 50, 16.4F);
+    RECT placed{};
+    GetWindowRect(box->Hwnd(), &placed);
+    MapWindowPoints(nullptr, tree, reinterpret_cast<POINT*>(&placed), 2);
+    EXPECT_EQ(placed.left, 10);
+    EXPECT_EQ(placed.top, 23);
+    EXPECT_EQ(placed.right, 60);
+    EXPECT_EQ(placed.bottom, 37);
+    editor.Move(1E30F, 0, 0, 0);
+    GetWindowRect(box->Hwnd(), &placed);
+    EXPECT_EQ(placed.right - placed.left, 50) << "a place that is none moves nothing";
+}
+
+TEST_F(TextEditorTest, AControlThatEndsDuringACommitLeavesTheEditorInert) {
+    Start(text, L"old");
+    const ComPtr<_CEditor> kept = text;
+    onCommit = [&] {
+        registry.Clear();
+        listener->CutObserver();
+        box.reset();
+    };
+    Type(L"x\r");
+    EXPECT_EQ(box, nullptr);
+    onCommit = [] {};
+    EditorProxy editor(kept.Get());
+    editor.Commit();
+    editor.Cancel();
+    editor.SetValue(_variant_t(L"late"));
+    editor.SetVisible(true);
+    EXPECT_EQ(editor.Value(), _variant_t(L""));
+    EXPECT_EQ(editor.Hwnd(), nullptr);
+    EXPECT_EQ(heard, L"commit; ");
+}
+
+} // namespace ormisk
