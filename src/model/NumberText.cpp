@@ -9,6 +9,15 @@ namespace {
 
 bool IsDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
 
+// Whether a number out of range is too small rather than too large.
+bool IsTiny(std::string_view number) {
+    const std::size_t exponent = number.find_first_of("eE");
+    if (exponent != std::string_view::npos) {
+        return number[exponent + 1] == '-';
+    }
+    return number[number.find_first_not_of('0')] == '.';
+}
+
 } // namespace
 
 std::wstring_view TrimBlanks(std::wstring_view text) {
@@ -41,7 +50,9 @@ double NumberFromText(std::wstring_view text) {
     // Only what a number is made of, so that no word ("inf") is read as one.
     std::string digits;
     for (const wchar_t character : text) {
-        if (!IsDigit(character) && std::wstring_view(L".eE+-").find(character) == std::wstring_view::npos) {
+        const bool fits = IsDigit(character) || character == L'.' ||
+                          (!digits.empty() && std::wstring_view(L"eE+-").find(character) != std::wstring_view::npos);
+        if (!fits) {
             break;
         }
         digits.push_back(static_cast<char>(character));
@@ -49,8 +60,7 @@ double NumberFromText(std::wstring_view text) {
     double number = 0;
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (read.ec == std::errc::result_out_of_range) {
-        // A number below the smallest there is has a negative exponent.
-        const bool tiny = std::string_view(digits.data(), read.ptr).find("-") != std::string_view::npos;
+        const bool tiny = IsTiny(std::string_view(digits.data(), static_cast<std::size_t>(read.ptr - digits.data())));
         number = tiny ? 0 : std::numeric_limits<double>::max();
     }
     return negative ? -number : number;
