@@ -78,7 +78,7 @@ std::vector<std::uint32_t> Picture(const std::function<void(HDC, RECT&)>& draw) 
 int CALLBACK CollectFace(const LOGFONTW* font, const TEXTMETRICW*, DWORD type, LPARAM list) {
     auto& found = *reinterpret_cast<std::vector<std::wstring>*>(list);
     if (type & TRUETYPE_FONTTYPE && (found.empty() || found.back() != font->lfFaceName))
-        found.push_back(font->lfFaceName);
+        found.emplace_back(font->lfFaceName);
     return TRUE;
 }
 

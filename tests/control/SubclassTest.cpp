@@ -92,7 +92,7 @@ public:
 
 struct SubclassTest : testing::Test {
     SubclassTest() : Window(MakeWindow()), Own(Procedure()) {}
-    ~SubclassTest() {
+    ~SubclassTest() override {
         UnSubclassWindow(Window);
         DestroyWindow(Window);
         Listener->Release();
@@ -243,7 +243,7 @@ TEST_F(SubclassTest, WindowsKeepTheirKindOfCharacters) {
 namespace {
 
 struct HookTest : testing::Test {
-    ~HookTest() {
+    ~HookTest() override {
         for (EventListener* listener : {First, Second}) {
             RemoveWindowsHook(WH_GETMESSAGE, listener);
             EXPECT_EQ(listener->References(), 1u);
