@@ -12,6 +12,10 @@
 #include <memory>
 #include <type_traits>
 
+#ifdef __CRT_UUID_DECL // the toolchain's header leaves this one out
+__CRT_UUID_DECL(IObjectSafety, 0xcb5bdc81, 0x93c1, 0x11cf, 0x8f, 0x20, 0x00, 0x80, 0x5f, 0x2c, 0xd0, 0x64)
+#endif
+
 namespace ormisk {
 
 // OLEMISC flags of our controls, for GetMiscStatus and for the registration.

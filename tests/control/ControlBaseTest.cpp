@@ -1,0 +1,488 @@
+#include "ControlHost.h"
+
+#include <gtest/gtest.h>
+
+namespace ormisk {
+namespace {
+
+using test::Box;
+using test::ControlInHost;
+using test::Host;
+using test::MakeBox;
+
+std::vector<std::string> Log(std::initializer_list<const char*> names) { return {names.begin(), names.end()}; }
+
+TEST_F(ControlInHost, ActivationSkipsOrReordersStepsOfAHost) {
+    Host host;
+    auto box = MakeBox();
+    auto object = Query<IOleObject>(box);
+    EXPECT_EQ(object->SetClientSite(&host), S_OK);
+    EXPECT_EQ(GetParent(box->window), box->parking);
+    EXPECT_FALSE(IsWindowVisible(box->parking));
+    EXPECT_EQ(Query<IPersistStreamInit>(box)->InitNew(), S_OK);
+
+    host.position = {10, 20, 110, 90};
+    host.clip = {0, 0, 1000, 1000};
+    host.log.clear();
+    EXPECT_EQ(object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &host, 0, host.window, nullptr), S_OK);
+    EXPECT_EQ(host.log, Log({"CanInPlaceActivate", "OnInPlaceActivate", "GetWindowContext", "ShowObject"}));
+    EXPECT_EQ(GetParent(box->window), host.window);
+    EXPECT_TRUE(IsWindowVisible(box->window));
+    EXPECT_EQ(box->Place(), (std::array<long, 4>{10, 20, 100, 70}));
+    EXPECT_EQ(box->size.cx, 100);
+
+    host.log.clear();
+    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr), S_OK);
+    EXPECT_EQ(host.log, Log({"OnUIActivate", "SetActiveObject", "SetBorderSpace", "OnFocus 1"}));
+    EXPECT_EQ(GetFocus(), box->window);
+    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr), S_OK);
+    EXPECT_EQ(host.log.size(), 4u) << "activated twice";
+
+    host.log.clear();
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(host.log, Log({"SetActiveObject", "OnUIDeactivate", "OnFocus 0", "OnInPlaceDeactivate"}));
+    EXPECT_EQ(GetParent(box->window), box->parking);
+    EXPECT_EQ(GetFocus(), host.window);
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(host.log.size(), 4u) << "deactivated twice";
+
+    EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
+    EXPECT_EQ(host.references, 1);
+}
+
+TEST_F(ControlInHost, AFocusTakenByMouseLeavesTheHostUnaware) {
+    Host host;
+    auto box = MakeBox();
+    auto object = Query<IOleObject>(box);
+    object->SetClientSite(&host);
+    object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &host, 0, host.window, nullptr);
+    host.log.clear();
+    SetFocus(box->window);
+    EXPECT_EQ(host.log, Log({"OnUIActivate", "SetActiveObject", "SetBorderSpace", "OnFocus 1"}));
+    host.log.clear();
+    SetFocus(host.window);
+    EXPECT_EQ(host.log, Log({"OnFocus 0"}));
+    object->SetClientSite(nullptr);
+}
+
+TEST_F(ControlInHost, FirstDefaultsRunTwiceOrWithoutWindowsOrNever) {
+    Host host;
+    {
+        auto box = MakeBox(); // new before sited
+        auto persist = Query<IPersistStreamInit>(box);
+        EXPECT_EQ(persist->IsDirty(), S_FALSE);
+        EXPECT_EQ(persist->InitNew(), S_OK);
+        EXPECT_EQ(box->news, 0);
+        EXPECT_EQ(Query<IOleObject>(box)->SetClientSite(&host), S_OK);
+        EXPECT_EQ(box->news, 1);
+        EXPECT_EQ(persist->InitNew(), S_OK);
+        EXPECT_EQ(Query<IPersistPropertyBag>(box)->InitNew(), S_OK);
+        EXPECT_EQ(box->news, 1);
+        EXPECT_EQ(persist->IsDirty(), S_OK);
+    }
+    {
+        auto box = MakeBox(); // activated without a word about state
+        Query<IOleObject>(box)->SetClientSite(&host);
+        EXPECT_EQ(box->news, 0);
+        Query<IOleObject>(box)->DoVerb(OLEIVERB_SHOW, nullptr, &host, 0, host.window, nullptr);
+        EXPECT_EQ(box->news, 1);
+    }
+    {
+        auto box = MakeBox(); // loaded
+        auto bag = Query<IPersistPropertyBag>(box);
+        test::EmptyBag empty;
+        EXPECT_EQ(bag->Load(&empty, nullptr), E_UNEXPECTED);
+        Query<IOleObject>(box)->SetClientSite(&host);
+        EXPECT_EQ(bag->Load(nullptr, nullptr), E_POINTER);
+        EXPECT_EQ(bag->Load(&empty, nullptr), S_OK);
+        Query<IOleObject>(box)->DoVerb(OLEIVERB_SHOW, nullptr, &host, 0, host.window, nullptr);
+        EXPECT_EQ(box->news, 0);
+        EXPECT_EQ(Query<IPersistStreamInit>(box)->IsDirty(), S_FALSE);
+        box->NotifyChanged(1);
+        EXPECT_EQ(bag->Save(&empty, FALSE, TRUE), S_OK);
+        EXPECT_EQ(Query<IPersistStreamInit>(box)->IsDirty(), S_OK);
+        EXPECT_EQ(bag->Save(&empty, TRUE, TRUE), S_OK);
+        EXPECT_EQ(Query<IPersistStreamInit>(box)->IsDirty(), S_FALSE);
+    }
+    EXPECT_EQ(host.references, 1);
+}
+
+TEST_F(ControlInHost, SitingTwiceMakesWindowsTwiceOrKeepsTheOldSite) {
+    Host first, second;
+    auto box = MakeBox();
+    auto object = Query<IOleObject>(box);
+    object->SetClientSite(&first);
+    const HWND window = box->window;
+    EXPECT_EQ(object->SetClientSite(&first), S_OK);
+    object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &first, 0, first.window, nullptr);
+    first.log.clear();
+    EXPECT_EQ(object->SetClientSite(&second), S_OK);
+    EXPECT_EQ(first.references, 1);
+    EXPECT_EQ(first.log.back(), "OnInPlaceDeactivate");
+    EXPECT_EQ(box->window, window);
+    EXPECT_EQ(box->ambients, (std::vector<DISPID>{DISPID_UNKNOWN}));
+    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &second, 0, second.window, nullptr), S_OK);
+    EXPECT_EQ(GetParent(window), second.window);
+    ComPtr<IOleClientSite> site;
+    EXPECT_EQ(object->GetClientSite(site.GetAddressOf()), S_OK);
+    EXPECT_EQ(site.Get(), static_cast<IOleClientSite*>(&second));
+    site.Reset();
+    box.Reset();
+    object.Reset();
+    second.active.Reset();
+    EXPECT_FALSE(IsWindow(window)) << "a control let go while active keeps its window";
+    EXPECT_EQ(second.references, 1);
+}
+
+TEST_F(ControlInHost, AHostThatNeverSitesTheControlCrashesItOrIsToldASuccess) {
+    auto box = MakeBox();
+    auto object = Query<IOleObject>(box);
+    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, nullptr, nullptr), OLEOBJ_S_CANNOT_DOVERB_NOW);
+    EXPECT_EQ(object->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
+    HWND window;
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->GetWindow(&window), E_FAIL);
+    const RECT rect{0, 0, 10, 10};
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->SetObjectRects(&rect, &rect), S_OK);
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(Query<IOleControl>(box)->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+    EXPECT_TRUE(box->ambients.empty());
+    const RECTL bounds{0, 0, 10, 10};
+    const HDC dc = CreateCompatibleDC(nullptr);
+    EXPECT_EQ(Query<IViewObject>(box)->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr,
+                                            nullptr, 0),
+              OLE_E_BLANK);
+    DeleteDC(dc);
+    EXPECT_TRUE(box->UserMode());
+    EXPECT_EQ(box->AmbientText(DISPID_AMBIENT_SCALEUNITS), L"");
+    EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
+}
+
+TEST_F(ControlInHost, NullPointersAreFollowed) {
+    Host host;
+    auto box = MakeBox();
+    auto object = Query<IOleObject>(box);
+    auto control = Query<IOleControl>(box);
+    object->SetClientSite(&host);
+    EXPECT_EQ(object->GetClientSite(nullptr), E_POINTER);
+    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
+    EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
+    EXPECT_EQ(object->EnumVerbs(nullptr), E_POINTER);
+    EXPECT_EQ(object->GetUserClassID(nullptr), E_POINTER);
+    EXPECT_EQ(object->GetUserType(USERCLASSTYPE_FULL, nullptr), E_POINTER);
+    EXPECT_EQ(object->Advise(nullptr, nullptr), E_POINTER);
+    EXPECT_EQ(object->EnumAdvise(nullptr), E_POINTER);
+    EXPECT_EQ(object->Unadvise(7), OLE_E_NOCONNECTION);
+    EXPECT_EQ(object->GetMiscStatus(DVASPECT_CONTENT, nullptr), E_POINTER);
+    EXPECT_EQ(control->GetControlInfo(nullptr), E_POINTER);
+    EXPECT_EQ(control->OnMnemonic(nullptr), E_POINTER);
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->SetObjectRects(nullptr, nullptr), E_POINTER);
+    EXPECT_EQ(Query<IOleInPlaceActiveObject>(box)->TranslateAccelerator(nullptr), E_POINTER);
+    EXPECT_EQ(Query<IOleWindow>(box)->GetWindow(nullptr), E_POINTER);
+    EXPECT_EQ(Query<IViewObject>(box)->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                            nullptr, 0),
+              E_POINTER);
+    EXPECT_EQ(Query<IViewObject>(box)->GetAdvise(nullptr, nullptr, nullptr), S_OK);
+    EXPECT_EQ(Query<IPersistPropertyBag>(box)->Save(nullptr, TRUE, TRUE), E_POINTER);
+    EXPECT_EQ(Query<IPersist>(box)->GetClassID(nullptr), E_POINTER);
+    EXPECT_EQ(Query<IQuickActivate>(box)->QuickActivate(nullptr, nullptr), E_POINTER);
+    EXPECT_EQ(Query<IObjectSafety>(box)->GetInterfaceSafetyOptions(IID_IDispatch, nullptr, nullptr), E_POINTER);
+}
+
+// What a host may do to the control from inside any of its own methods.
+using Act = std::pair<const char*, void (*)(Host&, ComPtr<Box>&)>;
+const Act kActs[] = {
+    {"unsite", [](Host&, ComPtr<Box>& box) { Query<IOleObject>(box)->SetClientSite(nullptr); }},
+    {"deactivate", [](Host&, ComPtr<Box>& box) { Query<IOleInPlaceObject>(box)->InPlaceDeactivate(); }},
+    {"activate",
+     [](Host& host, ComPtr<Box>& box) {
+         Query<IOleObject>(box)->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr);
+     }},
+    {"close", [](Host&, ComPtr<Box>& box) { Query<IOleObject>(box)->Close(OLECLOSE_SAVEIFDIRTY); }},
+    {"release",
+     [](Host& host, ComPtr<Box>& box) {
+         host.active.Reset();
+         box.Reset();
+     }},
+    {"destroy the parent", [](Host& host, ComPtr<Box>&) { DestroyWindow(host.window); }},
+    {"fail", [](Host& host, ComPtr<Box>&) { host.answer = E_FAIL; }},
+};
+
+TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
+    const char* const calls[] = {
+        "CanInPlaceActivate",  "OnInPlaceActivate", "GetWindowContext", "ShowObject",     "OnUIActivate",
+        "SetActiveObject",     "SetBorderSpace",    "OnFocus 1",        "OnUIDeactivate", "OnFocus 0",
+        "OnInPlaceDeactivate", "SaveObject",        "Ambient",          "OnChanged"};
+    for (const bool extended : {false, true}) {
+        for (const char* during : calls) {
+            for (const auto& [name, act] : kActs) {
+                SCOPED_TRACE(std::string(name) + " in " + during);
+                Host host;
+                host.extended = extended;
+                auto box = MakeBox();
+                host.onCall = [&, act = act](const std::string& called) {
+                    if (called == during && box) {
+                        host.onCall = {};
+                        act(host, box);
+                    }
+                };
+                // A host's only reference to the control may go during the call that goes through it.
+                const auto call = [&](auto&& body) {
+                    if (box) {
+                        body(*box.Get());
+                    }
+                };
+                const auto verb = [&](LONG number) {
+                    call([&](Box& b) { b.DoVerb(number, nullptr, &host, 0, host.window, nullptr); });
+                };
+                call([&](Box& b) {
+                    test::Connect(&b, __uuidof(IPropertyNotifySink), static_cast<IPropertyNotifySink*>(&host));
+                });
+                call([&](Box& b) { b.SetClientSite(&host); });
+                verb(OLEIVERB_INPLACEACTIVATE);
+                verb(OLEIVERB_UIACTIVATE);
+                call([&](Box& b) { b.NotifyChanged(1); });
+                call([&](Box& b) { b.Close(OLECLOSE_SAVEIFDIRTY); });
+                verb(OLEIVERB_UIACTIVATE);
+                call([&](Box& b) { b.SetClientSite(nullptr); });
+                EXPECT_FALSE(host.onCall) << "never called";
+                box.Reset();
+            }
+        }
+    }
+}
+
+TEST_F(ControlInHost, TheParentsEndLeavesADeadWindowHandleInUse) {
+    Host host;
+    auto box = MakeBox();
+    auto object = Query<IOleObject>(box);
+    object->SetClientSite(&host);
+    object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr);
+    DestroyWindow(host.window);
+    EXPECT_EQ(box->window, nullptr);
+    HWND window;
+    EXPECT_EQ(Query<IOleWindow>(box)->GetWindow(&window), E_FAIL);
+    SIZEL size{1000, 1000};
+    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, nullptr, nullptr), OLEOBJ_S_CANNOT_DOVERB_NOW);
+    EXPECT_EQ(object->DoVerb(OLEIVERB_HIDE, nullptr, &host, 0, nullptr, nullptr), S_OK);
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(host.log.back(), "OnInPlaceDeactivate");
+    object->SetClientSite(nullptr);
+    EXPECT_EQ(host.references, 1);
+}
+
+TEST_F(ControlInHost, SizesAreConvertedWrongOrTheWindowDoesNotFollow) {
+    Host host;
+    auto box = MakeBox();
+    auto object = Query<IOleObject>(box);
+    SIZEL size{};
+    EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, &size), S_OK);
+    EXPECT_EQ(PixelsOf(size).cx, 240);
+    EXPECT_EQ(PixelsOf(size).cy, 320);
+    EXPECT_EQ(object->GetExtent(DVASPECT_ICON, &size), DV_E_DVASPECT);
+
+    // Sized before it has a window, then parked, then active.
+    size = HimetricOf({77, 55});
+    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+    object->SetClientSite(&host);
+    EXPECT_EQ(box->size.cx, 77);
+    size = HimetricOf({88, 66});
+    object->SetExtent(DVASPECT_CONTENT, &size);
+    EXPECT_EQ(box->size.cx, 88);
+    EXPECT_EQ(box->Place()[3], 66);
+    SIZEL wrong{-1, 5};
+    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &wrong), E_INVALIDARG);
+    SIZEL got{};
+    Query<IViewObject2>(box)->GetExtent(DVASPECT_CONTENT, -1, nullptr, &got);
+    EXPECT_EQ(got.cx, size.cx);
+
+    object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &host, 0, host.window, nullptr);
+    const RECT position{5, 6, 105, 56}, clip{15, 6, 95, 30};
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->SetObjectRects(&position, &clip), S_OK);
+    EXPECT_EQ(box->Place(), (std::array<long, 4>{5, 6, 100, 50}));
+    RECT cut{};
+    GetWindowRgnBox(box->window, &cut);
+    EXPECT_EQ((std::array<long, 4>{cut.left, cut.top, cut.right, cut.bottom}), (std::array<long, 4>{10, 0, 90, 24}));
+    EXPECT_EQ(Query<IOleInPlaceObject>(box)->SetObjectRects(&position, &position), S_OK);
+    EXPECT_EQ(GetWindowRgnBox(box->window, &cut), ERROR) << "still cut off";
+    object->SetClientSite(nullptr);
+}
+
+TEST_F(ControlInHost, AmbientPropertiesAreMissedOrBelievedBlindly) {
+    Host host;
+    auto box = MakeBox();
+    host.ambient[DISPID_AMBIENT_USERMODE] = false;
+    host.ambient[DISPID_AMBIENT_SCALEUNITS] = L"Twip";
+    Query<IOleObject>(box)->SetClientSite(&host);
+    EXPECT_FALSE(box->UserMode());
+    EXPECT_EQ(box->AmbientText(DISPID_AMBIENT_SCALEUNITS), L"Twip");
+    EXPECT_FALSE(box->Ambient(DISPID_AMBIENT_FORECOLOR).has_value());
+    EXPECT_EQ(box->AmbientFont(), nullptr);
+    host.ambient[DISPID_AMBIENT_USERMODE] = L"neither";
+    host.ambient[DISPID_AMBIENT_FONT] = 5l;
+    EXPECT_TRUE(box->UserMode());
+    EXPECT_EQ(box->AmbientFont(), nullptr);
+    Query<IOleControl>(box)->OnAmbientPropertyChange(DISPID_AMBIENT_FONT);
+    EXPECT_EQ(box->ambients, (std::vector<DISPID>{DISPID_AMBIENT_FONT}));
+    Query<IOleObject>(box)->SetClientSite(nullptr);
+}
+
+TEST_F(ControlInHost, KeysDoNotReachTheControlOrTheHost) {
+    Host host;
+    auto box = MakeBox();
+    Query<IOleObject>(box)->SetClientSite(&host);
+    auto control = Query<IOleControl>(box);
+    box->keys = L"CX";
+    CONTROLINFO info{};
+    info.cb = sizeof info;
+    ASSERT_EQ(control->GetControlInfo(&info), S_OK);
+    ASSERT_EQ(info.cAccel, 2);
+    MSG key{host.window, WM_SYSKEYDOWN, 'X', 0x20000001, 0, {}};
+    WORD command = 0;
+    BYTE state[256]{};
+    state[VK_MENU] = 0x80;
+    SetKeyboardState(state);
+    EXPECT_TRUE(IsAccelerator(info.hAccel, info.cAccel, &key, &command));
+    state[VK_MENU] = 0;
+    SetKeyboardState(state);
+    EXPECT_EQ(control->OnMnemonic(&key), S_OK);
+    key = {host.window, WM_SYSCHAR, L'c', 0x20000001, 0, {}};
+    control->OnMnemonic(&key);
+    key.wParam = L'z';
+    control->OnMnemonic(&key);
+    EXPECT_EQ(box->pressed, L"XC");
+    box->keys.clear();
+    ASSERT_EQ(control->GetControlInfo(&info), S_OK);
+    EXPECT_EQ(info.cAccel, 0);
+    EXPECT_EQ(info.hAccel, nullptr);
+
+    auto active = Query<IOleInPlaceActiveObject>(box);
+    MSG down{host.window, WM_KEYDOWN, VK_DOWN, 1, 0, {}};
+    host.log.clear();
+    EXPECT_EQ(active->TranslateAccelerator(&down), S_OK); // the box takes it
+    EXPECT_TRUE(host.log.empty());
+    MSG tab{host.window, WM_KEYDOWN, VK_TAB, 1, 0, {}};
+    EXPECT_EQ(active->TranslateAccelerator(&tab), S_FALSE);
+    host.answer = S_OK;
+    host.takesKeys = true;
+    EXPECT_EQ(active->TranslateAccelerator(&tab), S_OK);
+    EXPECT_EQ(host.log.size(), 2u);
+    Query<IOleObject>(box)->SetClientSite(nullptr);
+}
+
+TEST_F(ControlInHost, AChangeIsNotToldToPropertySinksOrTheView) {
+    Host host;
+    auto box = MakeBox();
+    test::Connect(box.Get(), __uuidof(IPropertyNotifySink), static_cast<IPropertyNotifySink*>(&host));
+    auto view = Query<IViewObject>(box);
+    view->SetAdvise(DVASPECT_CONTENT, ADVF_PRIMEFIRST, &host);
+    EXPECT_EQ(host.log, Log({"OnViewChange"}));
+    host.log.clear();
+    Query<IOleControl>(box)->FreezeEvents(TRUE);
+    box->NotifyChanged(42); // an event of the host's own making is held back, a change is not
+    Query<IOleControl>(box)->FreezeEvents(FALSE);
+    EXPECT_EQ(host.log, Log({"OnChanged", "OnViewChange"}));
+    EXPECT_EQ(host.changed, 42);
+    view->SetAdvise(DVASPECT_CONTENT, ADVF_ONLYONCE, &host);
+    host.log.clear();
+    box->NotifyChanged(1);
+    box->NotifyChanged(1);
+    EXPECT_EQ(host.log, Log({"OnChanged", "OnViewChange", "OnChanged"}));
+    DWORD cookie = 0;
+    EXPECT_EQ(Query<IOleObject>(box)->Advise(&host, &cookie), S_OK);
+    host.log.clear();
+    Query<IOleObject>(box)->Close(OLECLOSE_NOSAVE);
+    EXPECT_EQ(host.log, Log({"OnClose"}));
+    EXPECT_EQ(Query<IOleObject>(box)->Unadvise(cookie), S_OK);
+    view.Reset();
+    box.Reset();
+    EXPECT_EQ(host.references, 1);
+}
+
+TEST_F(ControlInHost, AQuickHostLosesItsSinksOrFlags) {
+    Host host;
+    auto box = MakeBox();
+    QACONTAINER container{};
+    container.cbSize = sizeof container;
+    container.pClientSite = &host;
+    container.pPropertyNotifySink = &host;
+    container.pUnkEventSink = static_cast<IOleClientSite*>(&host); // no sink of events
+    QACONTROL control{};
+    EXPECT_EQ(Query<IQuickActivate>(box)->QuickActivate(&container, &control), E_INVALIDARG);
+    control.cbSize = sizeof control;
+    EXPECT_EQ(Query<IQuickActivate>(box)->QuickActivate(&container, &control), S_OK);
+    EXPECT_TRUE(box->window);
+    EXPECT_NE(control.dwPropNotifyCookie, 0u);
+    EXPECT_EQ(control.dwEventCookie, 0u);
+    DWORD status = 0;
+    EXPECT_EQ(Query<IOleObject>(box)->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
+    EXPECT_EQ(control.dwMiscStatus, status);
+    EXPECT_EQ(status, static_cast<DWORD>(OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
+                                         OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST));
+    box->NotifyChanged(3);
+    EXPECT_EQ(host.changed, 3);
+    Query<IOleObject>(box)->SetClientSite(nullptr);
+}
+
+TEST_F(ControlInHost, AHostReadsAWrongIdentityOrVerb) {
+    auto box = MakeBox();
+    auto object = Query<IOleObject>(box);
+    EXPECT_TRUE(SameObject(object.Get(), box->Identity()));
+    EXPECT_TRUE(SameObject(Query<IPersist>(box).Get(), box->Identity()));
+    EXPECT_TRUE(SameObject(Query<IViewObject>(box).Get(), Query<IOleWindow>(box).Get()));
+    CLSID id;
+    EXPECT_EQ(Query<IPersist>(box)->GetClassID(&id), S_OK);
+    EXPECT_EQ(id, __uuidof(::CListItem));
+    LPOLESTR text = nullptr;
+    ASSERT_EQ(object->GetUserType(USERCLASSTYPE_SHORT, &text), S_OK);
+    EXPECT_STREQ(text, L"CListItem");
+    CoTaskMemFree(text);
+    ComPtr<IEnumOLEVERB> verbs;
+    ASSERT_EQ(object->EnumVerbs(verbs.GetAddressOf()), S_OK);
+    OLEVERB verb{};
+    while (verbs->Next(1, &verb, nullptr) == S_OK) {
+        EXPECT_NE(object->DoVerb(verb.lVerb, nullptr, nullptr, 0, nullptr, nullptr), E_NOTIMPL) << verb.lVerb;
+        CoTaskMemFree(verb.lpszVerbName);
+    }
+    EXPECT_EQ(object->DoVerb(OLEIVERB_PROPERTIES, nullptr, nullptr, 0, nullptr, nullptr), E_NOTIMPL);
+
+    // Nothing is promised of untrusted callers.
+    auto safety = Query<IObjectSafety>(box);
+    DWORD supported = 1, enabled = 1;
+    EXPECT_EQ(safety->GetInterfaceSafetyOptions(IID_IDispatch, &supported, &enabled), S_OK);
+    EXPECT_EQ(supported | enabled, 0u);
+    EXPECT_EQ(safety->SetInterfaceSafetyOptions(IID_IDispatch, 1, 1), E_FAIL);
+    EXPECT_EQ(safety->SetInterfaceSafetyOptions(IID_IDispatch, 1, 0), S_OK);
+    EXPECT_EQ(safety->GetInterfaceSafetyOptions(IID_IPersistFile, &supported, &enabled), E_NOINTERFACE);
+}
+
+TEST_F(ControlInHost, TheSystemsOwnContainerCannotShowOrCloseTheControl) {
+    const HMODULE atl = LoadLibraryW(L"atl.dll");
+    ASSERT_TRUE(atl);
+    using Attach = HRESULT(WINAPI*)(IUnknown*, HWND, IUnknown**);
+    const auto attach = reinterpret_cast<Attach>(reinterpret_cast<void*>(GetProcAddress(atl, "AtlAxAttachControl")));
+    ASSERT_TRUE(attach);
+    Host host; // for its window only
+    auto box = MakeBox();
+    {
+        ComPtr<IUnknown> container;
+        ASSERT_EQ(attach(box->Identity(), host.window, container.GetAddressOf()), S_OK);
+        EXPECT_EQ(box->news, 1);
+        EXPECT_TRUE(IsChild(host.window, box->window));
+        EXPECT_TRUE(IsWindowVisible(box->window));
+        RECT client;
+        GetClientRect(host.window, &client);
+        EXPECT_EQ(box->Place(), (std::array<long, 4>{0, 0, client.right, client.bottom}));
+        SetFocus(box->window);
+        EXPECT_EQ(GetFocus(), box->window);
+    }
+    // The container lets the control go before its window's end, which therefore leaves that of the control alone.
+    DestroyWindow(host.window);
+    EXPECT_EQ(GetParent(box->window), box->parking);
+    ComPtr<IOleClientSite> site;
+    Query<IOleObject>(box)->GetClientSite(site.GetAddressOf());
+    EXPECT_EQ(site.Get(), nullptr);
+}
+
+} // namespace
+} // namespace ormisk
