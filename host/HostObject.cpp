@@ -1,6 +1,7 @@
 #include "HostObject.h"
 
 #include "CallArguments.h"
+#include "CellPainter.h"
 #include "Failure.h"
 #include "Screen.h"
 #include "Text.h"
@@ -43,6 +44,16 @@ std::wstring FolderOf(const std::wstring& path) {
     return full.substr(0, full.find_last_of(L"\\/"));
 }
 
+// Handles travel through automation as 32 bits.
+HDC ContextOf(int handle) { return reinterpret_cast<HDC>(static_cast<INT_PTR>(handle)); }
+
+// The rectangle of the arguments after a context: left, top, width, height.
+RECT PartOf(const CallArguments& arguments) {
+    const int left = arguments.Integer(1);
+    const int top = arguments.Integer(2);
+    return {left, top, left + arguments.Integer(3), top + arguments.Integer(4)};
+}
+
 bool IsAbsolute(const std::wstring& path) {
     return path.starts_with(L"\\") || path.starts_with(L"/") || path.find(L':') != std::wstring::npos;
 }
@@ -57,20 +68,23 @@ struct HostObject::Member {
 };
 
 const HostObject::Member HostObject::kMembers[] = {
-    {L"Echo", 0, kAnyNumber, &HostObject::Echo},        // values: one line of output, blanks between them
-    {L"MoveTo", 2, 2, &HostObject::MoveTo},             // x, y
-    {L"Click", 2, 4, &HostObject::Click},               // x, y [, button] [, shift]: 1 left, 2 right, 4 middle;
-    {L"DoubleClick", 2, 4, &HostObject::DoubleClick},   //   1 Shift + 2 Ctrl + 4 Alt
-    {L"Drag", 4, 6, &HostObject::Drag},                 // x1, y1, x2, y2 [, button] [, shift]
-    {L"Wheel", 1, 1, &HostObject::Wheel},               // notches, forward positive
-    {L"Keys", 1, 1, &HostObject::Keys},                 // "text{ENTER}{DOWN 3}%{DOWN}"
-    {L"Later", 1, 2, &HostObject::Later},               // keys [, milliseconds]: typed by a timer, in modal loops too
-    {L"Pump", 0, 1, &HostObject::Pump},                 // [milliseconds]
-    {L"Resize", 2, 2, &HostObject::Resize},             // width, height of the grid
-    {L"Screenshot", 1, 1, &HostObject::Screenshot},     // file
-    {L"Pixel", 2, 2, &HostObject::Pixel},               // (x, y): the colour on screen
-    {L"Include", 1, 1, &HostObject::Include},           // file, relative to the script's folder
-    {L"Arguments", 0, 0, &HostObject::Arguments},       // array of the script's own arguments
+    {L"Echo", 0, kAnyNumber, &HostObject::Echo},      // values: one line of output, blanks between them
+    {L"MoveTo", 2, 2, &HostObject::MoveTo},           // x, y
+    {L"Click", 2, 4, &HostObject::Click},             // x, y [, button] [, shift]: 1 left, 2 right, 4 middle;
+    {L"DoubleClick", 2, 4, &HostObject::DoubleClick}, //   1 Shift + 2 Ctrl + 4 Alt
+    {L"Drag", 4, 6, &HostObject::Drag},               // x1, y1, x2, y2 [, button] [, shift]
+    {L"Wheel", 1, 1, &HostObject::Wheel},             // notches, forward positive
+    {L"Keys", 1, 1, &HostObject::Keys},               // "text{ENTER}{DOWN 3}%{DOWN}"
+    {L"Later", 1, 2, &HostObject::Later},             // keys [, milliseconds]: typed by a timer, in modal loops too
+    {L"Pump", 0, 1, &HostObject::Pump},               // [milliseconds]
+    {L"Resize", 2, 2, &HostObject::Resize},           // width, height of the grid
+    {L"Screenshot", 1, 1, &HostObject::Screenshot},   // file
+    {L"Pixel", 2, 2, &HostObject::Pixel},             // (x, y): the colour on screen
+    {L"FillCell", 6, 6, &HostObject::FillCell},   // context, left, top, width, height, colour: draws in PropertyDraw
+    {L"WriteCell", 7, 7, &HostObject::WriteCell}, // the same, text, colour
+    {L"Include", 1, 1, &HostObject::Include},     // file, relative to the script's folder
+    {L"Arguments", 0, 0, &HostObject::Arguments}, // array of the script's own arguments
+    {L"Interactive", 0, 0, &HostObject::Interactive},   // whether a person may be there: no picture was asked for
     {L"ScriptFolder", 0, 0, &HostObject::ScriptFolder}, // without a separator at its end
     {L"Quit", 0, 1, &HostObject::Quit},                 // [exit code]
 };
@@ -198,6 +212,17 @@ _variant_t HostObject::Pixel(const CallArguments& arguments) {
     return static_cast<long>(ScreenColor(m_Parts.input.ToScreen(arguments.Point(0))));
 }
 
+_variant_t HostObject::FillCell(const CallArguments& arguments) {
+    FillPart(ContextOf(arguments.Integer(0)), PartOf(arguments), static_cast<OLE_COLOR>(arguments.Integer(5)));
+    return {};
+}
+
+_variant_t HostObject::WriteCell(const CallArguments& arguments) {
+    WritePart(ContextOf(arguments.Integer(0)), PartOf(arguments), arguments.Text(5),
+              static_cast<OLE_COLOR>(arguments.Integer(6)));
+    return {};
+}
+
 _variant_t HostObject::Include(const CallArguments& arguments) {
     const std::wstring given = arguments.Text(0);
     const std::wstring path = IsAbsolute(given) ? given : FolderOf(m_Parts.options.script) + L"\\" + given;
@@ -219,6 +244,8 @@ _variant_t HostObject::Arguments(const CallArguments&) {
     }
     return owner;
 }
+
+_variant_t HostObject::Interactive(const CallArguments&) { return m_Parts.options.screenshot.empty(); }
 
 _variant_t HostObject::ScriptFolder(const CallArguments&) { return FolderOf(m_Parts.options.script).c_str(); }
 

@@ -56,8 +56,11 @@ private:
     _variant_t Resize(const CallArguments& arguments);
     _variant_t Screenshot(const CallArguments& arguments);
     _variant_t Pixel(const CallArguments& arguments);
+    _variant_t FillCell(const CallArguments& arguments);
+    _variant_t WriteCell(const CallArguments& arguments);
     _variant_t Include(const CallArguments& arguments);
     _variant_t Arguments(const CallArguments& arguments);
+    _variant_t Interactive(const CallArguments& arguments);
     _variant_t ScriptFolder(const CallArguments& arguments);
     _variant_t Quit(const CallArguments& arguments);
 
