@@ -1,0 +1,138 @@
+// Every kind of value that a script can pass, through late binding only; texts outside the code page.
+var failures = 0;
+
+function check(what, expected, found) {
+    if (expected === found)
+        return;
+    ++failures;
+    Host.Echo("failed: " + what + ": expected [" + expected + "], found [" + found + "]");
+}
+
+function refused(what, code, call) {
+    try {
+        call();
+    } catch (error) {
+        if (code)
+            check(what + ": number", 0x80040000 + code - 0x100000000, error.number);
+        return;
+    }
+    check(what + ": refused", true, false);
+}
+
+var events = [];
+
+function Grid_PropertyAdded(property) {
+    events.push("added " + property.Name);
+}
+
+function Grid_PropertyValueChanged(property) {
+    events.push("changed " + property.Name);
+}
+
+function Grid_ValidateValue(property, value, cancel) {
+    events.push("validate " + property.Name);
+}
+
+var all = Grid.Properties;
+Grid.HighlightBackColor = 0xFF0000;
+
+// Values of all kinds come back as they went in.
+all.Add("number", 42);
+all.Add("fraction", 0.5);
+all.Add("text", "plain");
+all.Add("yes", true).EditorType = 4;
+all.Add("null", null);
+all.Add("undefined", undefined);
+var object = new ActiveXObject("Scripting.Dictionary");
+all.Add("object", object);
+check("number", 42, all("_number").Value);
+check("fraction", 0.5, all("_fraction").Value);
+check("text", "plain", all("_text").Value);
+check("Boolean", true, all("_yes").Value);
+check("null", null, all("_null").Value);
+check("undefined", undefined, all("_undefined").Value);
+check("text of undefined", "", all("_undefined").FormattedText);
+check("text of a number", "42", all("_number").FormattedText);
+refused("text of null", 0, function () { return all("_null").FormattedText; });
+all("_object").Value.Add("seen", 1);
+check("the object itself", 1, object.Count);
+
+// Arguments are converted as automation does it.
+check("number for a name", "7", all.Add(7, "x").Name);
+check("text for an editor", 3, all.Add("enum", 1, "", "", object, false, "3").EditorType);
+check("number for a flag", false, all.Add("flag", 1, "", "", object, 0).AutoUpdateSource);
+refused("no argument", 0, function () { all.Add(); });
+refused("too many arguments", 0, function () { all.Remove(1, 2); });
+refused("object for a name", 0, function () { all.Add(object); });
+refused("value for a read-only property", 0, function () { Grid.Version = "2"; });
+refused("unknown member", 0, function () { Grid.NoSuchMember(); });
+refused("text for a number", 10, function () { all.Add("bad", "abc", "", "", object, false, 3); });
+check("count", 10, all.Count);
+
+var names = [];
+for (var e = new Enumerator(all); !e.atEnd(); e.moveNext())
+    names.push(e.item().Name);
+check("enumeration", "number,fraction,text,yes,null,undefined,object,7,enum,flag", names.join());
+
+// A value compares as automation compares: the same text or number is no change.
+events = [];
+all("_number").Value = 42;
+all("_number").Value = "42";
+all("_text").Value = "plain";
+check("no change", "", events.join());
+all("_number").Value = 43;
+all("_null").Value = null;
+all("_fraction").Value = null;
+check("changes", "changed number,changed null", events.join());
+check("null over a value is dropped", 0.5, all("_fraction").Value);
+
+// Characters outside the code page, a surrogate pair and combining marks survive, their editor too.
+var foreign = ["\u20AC\u6F22\u5B57", "\uD83D\uDE00", "e\u0301\u200F", "\u0416\u0646", "\uFFFF\uD800"];
+all.Clear();
+for (var i = 0; i < foreign.length; ++i) {
+    all.Add(foreign[i], foreign[i], foreign[i] + "|" + foreign[i], "k" + foreign[i]).Help = foreign[i];
+    check("name " + i, foreign[i], all(i + 1).Name);
+    check("value " + i, foreign[i], all("k" + foreign[i]).Value);
+    check("category " + i, foreign[i] + "|" + foreign[i], all(i + 1).Category);
+    check("text " + i, foreign[i], all(i + 1).FormattedText);
+}
+Grid.NameCaption = foreign[0];
+for (var view = 0; view < 2; ++view) {
+    Grid.ActiveView = view;
+    events = [];
+    for (i = 1; i <= all.Count; ++i) {
+        Grid.SelectedProperty = all(i);
+        Host.Pump(20);
+    }
+    Grid.SelectedProperty = all(1);
+    check("passing over the rows changes nothing in view " + view, "", events.join());
+    for (i = 0; i < foreign.length; ++i)
+        check("value " + i + " after its editor", foreign[i], all(i + 1).Value);
+}
+check("caption", foreign[0], Grid.NameCaption);
+
+// The look of a row and of the grid, by late binding.
+var row = all(1);
+check("inherited colour", Grid.PropertyBackColor, row.BackColor);
+Grid.PropertyBackColor = 0xCCFFCC;
+check("inherited colour follows", 0xCCFFCC, row.BackColor);
+row.BackColor = 0x112233;
+row.Tag = object;
+row.Format = "0.00";
+row.Bold = true;
+row.Value = 2;
+check("own colour", 0x112233, row.BackColor);
+check("tag", 1, row.Tag.Count);
+check("formatted", "2.00", row.FormattedText);
+row.ListItems.Add("Red", 1);
+refused("the same entry in other letters", 0, function () { row.ListItems.Add("RED", 2); });
+row.ListItems.Add("", 3);
+row.ListItems.Add("", 4);
+check("entries", 3, row.ListItems.Count);
+row.ListItems.Remove(1);
+check("first entry now", 3, row.ListItems(1).Value);
+all.Clear();
+
+if (failures)
+    Host.Echo(failures + " failed");
+Host.Quit(failures ? 1 : 0);

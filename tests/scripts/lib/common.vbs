@@ -1,0 +1,143 @@
+' Shared by the scripts of the folder above: checks, a log of events, and the places of rows on screen.
+
+Const omAlphabetic = 0
+Const omCatagorized = 1
+Const omCustomEditor = 1
+Const omTextEditor = 2
+Const omNumberEditor = 3
+Const kLibrary = "OrmiskGrid"
+Const kHighlight = &HFF0000
+
+Dim Failures, EventLog, RowHeight, RowsTop
+Failures = 0
+EventLog = ""
+
+' ---- Checks: every failure is told; Finish ends the run with 1 after any of them.
+
+Function Shown(value)
+    If IsObject(value) Then
+        If value Is Nothing Then Shown = "Nothing" Else Shown = "an object"
+    ElseIf IsNull(value) Then
+        Shown = "Null"
+    ElseIf IsArray(value) Then
+        Shown = "an array"
+    Else
+        Shown = CStr(value)
+    End If
+End Function
+
+Sub CheckEqual(what, expected, found)
+    If Shown(expected) = Shown(found) Then Exit Sub
+    Failures = Failures + 1
+    Host.Echo "failed: " & what & ": expected [" & Shown(expected) & "], found [" & Shown(found) & "]"
+End Sub
+
+Sub CheckTrue(what, condition)
+    CheckEqual what, True, condition
+End Sub
+
+' The statement before this one, under On Error Resume Next, was refused with that code of the library.
+Sub CheckRefused(what, code, source, text)
+    CheckEqual what & ": number", Hex(&H80040000 + code), Hex(Err.Number)
+    CheckEqual what & ": source", source, Err.Source
+    CheckEqual what & ": description", text, Err.Description
+    Err.Clear
+End Sub
+
+' The statement before this one, under On Error Resume Next, failed somehow.
+Sub CheckFailed(what)
+    CheckTrue what & " is refused", Err.Number <> 0
+    Err.Clear
+End Sub
+
+Sub Finish()
+    If Failures = 0 Then Host.Quit 0
+    Host.Echo Failures & " failed"
+    Host.Quit 1
+End Sub
+
+' ---- The log of events.
+
+Sub Note(text)
+    If EventLog <> "" Then EventLog = EventLog & ", "
+    EventLog = EventLog & text
+End Sub
+
+' The events since the last call are exactly these.
+Sub CheckEvents(what, expected)
+    CheckEqual what & ": events", expected, EventLog
+    EventLog = ""
+End Sub
+
+Function NameOf(aProperty)
+    If aProperty Is Nothing Then NameOf = "Nothing" Else NameOf = aProperty.Name
+End Function
+
+Function Selected()
+    Selected = NameOf(Grid.SelectedProperty)
+End Function
+
+' ---- Rows. They fill the whole grid, without tabs, headers, description or border.
+
+Sub MakePlain(width, height)
+    Grid.ShowTabs = False
+    Grid.ShowDescription = False
+    Grid.Headers = 0
+    Grid.Appearance = 0
+    Grid.BorderStyle = 0
+    Grid.HighlightBackColor = kHighlight
+    Host.Resize width, height
+    Grid.ColumnDividerPosition = width / 2
+    MeasureRows
+End Sub
+
+' Finds the height of a row and the top of the first one, from the colour of a row that is removed again.
+Sub MeasureRows()
+    Dim probe, y, lines, x
+    lines = Grid.Grid
+    x = Grid.ColumnDividerPosition \ 2
+    Grid.Grid = 0
+    Set probe = Grid.Properties.Add("probe", 0)
+    probe.BackColor = &H0000FF
+    probe.ForeColor = &H0000FF
+    y = 0
+    Do While Host.Pixel(x, y) <> &H0000FF And y < 200
+        y = y + 1
+    Loop
+    RowsTop = y
+    Do While Host.Pixel(x, y) = &H0000FF And y < 400
+        y = y + 1
+    Loop
+    RowHeight = y - RowsTop
+    Grid.Properties.Remove 1
+    Grid.Grid = lines
+    EventLog = ""
+    CheckTrue "rows have a height", RowHeight >= 10 And RowHeight < 100
+End Sub
+
+' The middle of a row on screen, counted from 0 at the top.
+Function RowY(row)
+    RowY = RowsTop + row * RowHeight + RowHeight \ 2
+End Function
+
+Function NameX()
+    NameX = CLng(Grid.ColumnDividerPosition) - 20
+End Function
+
+Function ValueX()
+    ValueX = CLng(Grid.ColumnDividerPosition) + 30
+End Function
+
+Sub ClickRow(row)
+    Host.Click NameX(), RowY(row)
+End Sub
+
+' The colour beside the divider, left of any value text.
+Function ValueColor(row)
+    ValueColor = Host.Pixel(CLng(Grid.ColumnDividerPosition) + 2, RowY(row))
+End Function
+
+' Whether the selected row on screen has its editor open: without one its value cell is highlighted.
+Function EditorIsOpen(row)
+    EditorIsOpen = Host.Pixel(NameX(), RowY(row)) = kHighlight And Host.Pixel(NameX() * 2 - 10, RowY(row)) <> kHighlight
+End Function
