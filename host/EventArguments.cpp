@@ -85,8 +85,10 @@ void EventArguments::WriteBack() {
         const VARIANT& reference = m_Original.rgvarg[i];
         VARIANT converted;
         VariantInit(&converted);
-        Check(VariantChangeType(&converted, &m_StandIns[i], 0, static_cast<VARTYPE>(reference.vt & ~VT_BYREF)),
-              (L"Argument " + std::to_wstring(m_Original.cArgs - i)).c_str());
+        const auto type = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
+        if (FAILED(VariantChangeType(&converted, &m_StandIns[i], 0, type)))
+            throw Failure{L"the value given to argument " + std::to_wstring(m_Original.cArgs - i) +
+                          L" is of a wrong type"};
         Store(reference, converted);
     }
 }

@@ -83,9 +83,9 @@ public:
             if (!m_Run.Ending())
                 forScript.WriteBack();
         } catch (const Failure& failure) {
-            m_Run.Fail(procedure->second + L": " + failure.text);
+            m_Script.FailIn(procedure->second, failure.text);
         } catch (...) {
-            m_Run.Fail(procedure->second + L": out of memory");
+            m_Script.FailIn(procedure->second, L"out of memory");
         }
         return S_OK;
     }

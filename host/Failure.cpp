@@ -1,7 +1,5 @@
 #include "Failure.h"
 
-#include <cwchar>
-
 namespace ormisk {
 
 std::wstring SystemText(HRESULT number) {
@@ -12,8 +10,7 @@ std::wstring SystemText(HRESULT number) {
         --length;
     if (length > 0)
         return std::wstring(text, length);
-    std::swprintf(text, ARRAYSIZE(text), L"error %08lX", static_cast<unsigned long>(number));
-    return text;
+    return L"Unknown error";
 }
 
 void Check(HRESULT result, const wchar_t* what) {

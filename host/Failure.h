@@ -11,7 +11,7 @@ struct Failure {
     std::wstring text;
 };
 
-// The system's own sentence for an error number, or its hexadecimal form where it has none.
+// The system's own sentence for an error number, or "Unknown error" where it has none.
 std::wstring SystemText(HRESULT number);
 
 // Throws a Failure "what: the system's sentence" when the call failed.

@@ -2,27 +2,16 @@
 
 #include "Text.h"
 
-#include <windows.h>
-
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
-
 namespace ormisk {
 namespace {
 
-constexpr std::chrono::seconds kPatience{5};
+constexpr DWORD kPatience = 5000;
 
 // A script engine that cannot be interrupted goes on in a script that ignores errors. The whole process is what remains
 // to be stopped then.
-void Watch(std::stop_token unwound, int exitCode) {
-    std::mutex mutex;
-    std::condition_variable_any wakeUp;
-    std::unique_lock lock(mutex);
-    if (wakeUp.wait_for(lock, unwound, kPatience, [&] { return unwound.stop_requested(); }))
-        return;
+void CALLBACK StopProcess(void* run, BOOLEAN) {
     PrintLine(Stream::Error, L"ormisk-host: the script did not stop when the run ended");
-    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exitCode));
+    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(static_cast<const Run*>(run)->ExitCode()));
 }
 
 } // namespace
@@ -31,7 +20,7 @@ void Run::End(int exitCode) {
     if (Ending())
         return;
     m_ExitCode = exitCode;
-    m_Watchdog = std::jthread(Watch, exitCode);
+    CreateTimerQueueTimer(&m_Watchdog, nullptr, StopProcess, this, kPatience, 0, WT_EXECUTEONLYONCE);
     PostQuitMessage(exitCode);
     if (m_Interrupt)
         m_Interrupt();
@@ -42,6 +31,12 @@ void Run::Fail(const std::wstring& text) {
         return;
     PrintLine(Stream::Error, text);
     End(1);
+}
+
+void Run::Unwound() {
+    if (m_Watchdog)
+        DeleteTimerQueueTimer(nullptr, m_Watchdog, INVALID_HANDLE_VALUE);
+    m_Watchdog = nullptr;
 }
 
 } // namespace ormisk

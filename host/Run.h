@@ -1,9 +1,10 @@
 #pragma once
 
+#include <windows.h>
+
 #include <functional>
 #include <optional>
 #include <string>
-#include <thread>
 
 namespace ormisk {
 
@@ -11,6 +12,11 @@ namespace ormisk {
 // nothing more is started: message loops return, events are not delivered and the script is unwound.
 class Run {
 public:
+    Run() = default;
+    ~Run() { Unwound(); }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
     // What interrupts the running script; called once, when the run is asked to end.
     void WhenEnding(std::function<void()> interrupt) { m_Interrupt = std::move(interrupt); }
 
@@ -25,12 +31,12 @@ public:
     int ExitCode() const { return m_ExitCode.value_or(0); }
 
     // The script is unwound: what is left to do is ours.
-    void Unwound() { m_Watchdog = {}; }
+    void Unwound();
 
 private:
     std::optional<int> m_ExitCode;
     std::function<void()> m_Interrupt;
-    std::jthread m_Watchdog;
+    HANDLE m_Watchdog = nullptr; // a timer of the system's own pool
 };
 
 } // namespace ormisk

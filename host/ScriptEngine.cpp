@@ -59,8 +59,12 @@ void ScriptEngine::CallProcedure(const std::wstring& name, DISPPARAMS& arguments
     ScriptError error;
     const HRESULT result = script->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments, nullptr,
                                           error.Receive(), nullptr);
-    if (FAILED(result) && result != kReported)
-        m_Run.Fail(m_Site->MainFile() + L": " + name + L": " + error.Describe(result));
+    if (FAILED(result) && result != kReported) // such as a procedure that takes another number of arguments
+        FailIn(name, L"called with " + std::to_wstring(arguments.cArgs) + L" arguments: " + error.Describe(result));
+}
+
+void ScriptEngine::FailIn(const std::wstring& procedure, const std::wstring& text) {
+    m_Run.Fail(m_Site->MainFile() + L": " + procedure + L": " + text);
 }
 
 void ScriptEngine::Interrupt() {

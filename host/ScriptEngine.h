@@ -31,6 +31,9 @@ public:
     // Calls the procedure of that name with these arguments. Nothing happens when there is none.
     void CallProcedure(const std::wstring& name, DISPPARAMS& arguments);
 
+    // Ends the run for what is wrong with a procedure.
+    void FailIn(const std::wstring& procedure, const std::wstring& text);
+
 private:
     void Interrupt();
 
