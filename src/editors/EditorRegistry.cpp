@@ -80,7 +80,7 @@ BuiltInEditor* EditorRegistry::BuiltIn(_CEditor* editor) const {
     return nullptr;
 }
 
-void EditorRegistry::Clear() noexcept {
+void EditorRegistry::Clear() {
     while (m_Editors.Count() > 0) {
         const auto first = m_Editors.RemoveAt(1);
         if (first->BuiltIn)

@@ -27,7 +27,7 @@ public:
     BuiltInEditor* BuiltIn(_CEditor* editor) const;
 
     // At the control's end: lets go of all, the first one first, and takes the windows back.
-    void Clear() noexcept;
+    void Clear();
 
 private:
     struct Entry {
