@@ -1,5 +1,6 @@
 #include "CallArguments.h"
 
+#include <comdef.h>
 #include <comutil.h>
 #include <oleauto.h>
 
@@ -13,7 +14,7 @@ _variant_t Converted(const VARIANT& value, VARTYPE type) {
     if (SUCCEEDED(result))
         result = VariantChangeType(&converted, &plain, VARIANT_ALPHABOOL, type);
     if (FAILED(result))
-        throw result;
+        throw _com_error(result);
     return converted;
 }
 

@@ -7,7 +7,8 @@
 
 namespace ormisk {
 
-// The arguments of a late-bound call, by their position from 0. A value of the wrong type throws its HRESULT.
+// The arguments of a late-bound call, by their position from 0. A value of the wrong type is a
+// _com_error.
 class CallArguments {
 public:
     explicit CallArguments(const DISPPARAMS& passed) : m_Passed(passed) {}

@@ -54,7 +54,8 @@ ControlSite::ControlSite(HostWindow& window)
 
 void ControlSite::Load(const wchar_t* progId) {
     CLSID classId;
-    const std::wstring trouble = L"The control " + std::wstring(progId) + L" cannot be created; it may not be registered";
+    const std::wstring trouble =
+        L"The control " + std::wstring(progId) + L" cannot be created; it may not be registered";
     Check(CLSIDFromProgID(progId, &classId), trouble.c_str());
     Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&m_Control)), trouble.c_str());
     Check(m_Control.As(&m_Object), L"The class is not a control");

@@ -131,8 +131,6 @@ STDMETHODIMP HostObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*
         if (result)
             *result = answer.Detach();
         return S_OK;
-    } catch (HRESULT wrongType) {
-        return wrongType;
     } catch (const Failure& failure) {
         return Explain(error, failure.text);
     } catch (const std::exception& failure) {
@@ -208,7 +206,7 @@ _variant_t HostObject::Screenshot(const CallArguments& arguments) {
 }
 
 _variant_t HostObject::Pixel(const CallArguments& arguments) {
-    m_Parts.pump.UntilQuiet();
+    m_Parts.pump.For(0); // what is due to be painted
     return static_cast<long>(ScreenColor(m_Parts.input.ToScreen(arguments.Point(0))));
 }
 

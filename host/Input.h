@@ -44,7 +44,7 @@ public:
 
 private:
     struct Delayed {
-        ULONGLONG due;
+        ULONGLONG due = 0;
         KeyStroke stroke;
     };
 

@@ -24,7 +24,7 @@ void MessagePump::UntilEnd() {
 
 void MessagePump::For(DWORD milliseconds) {
     const ULONGLONG end = GetTickCount64() + milliseconds;
-    Drain(milliseconds ? end : kNever);
+    Drain(milliseconds ? end : end + kPatience);
     for (ULONGLONG now = GetTickCount64(); now < end && !m_Run.Ending(); now = GetTickCount64()) {
         Wait(end - now);
         Drain(end);

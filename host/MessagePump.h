@@ -15,6 +15,8 @@ public:
     MessagePump(Run& run, std::function<bool(MSG&)> filter) : m_Run(run), m_Filter(std::move(filter)) {}
 
     void UntilEnd();
+
+    // With 0: what waits now.
     void For(DWORD milliseconds);
 
     // Until what was sent has been worked off and nothing but timers has come for a moment; at most about a second.

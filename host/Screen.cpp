@@ -3,6 +3,8 @@
 #include "Failure.h"
 #include "PngFile.h"
 
+#include <dwmapi.h>
+
 #include <memory>
 
 namespace ormisk {
@@ -26,6 +28,7 @@ struct FreeBitmap {
 } // namespace
 
 COLORREF ScreenColor(POINT screen) {
+    DwmFlush(); // what was drawn reaches the screen with the next composition
     const std::unique_ptr<HDC, ReleaseScreen> context(GetDC(nullptr));
     const COLORREF color = GetPixel(context.get(), screen.x, screen.y);
     if (color == CLR_INVALID)
@@ -34,6 +37,7 @@ COLORREF ScreenColor(POINT screen) {
 }
 
 void SaveScreen(const RECT& part, const std::wstring& path) {
+    DwmFlush();
     const int width = part.right - part.left;
     const int height = part.bottom - part.top;
     const std::unique_ptr<HDC, ReleaseScreen> screen(GetDC(nullptr));
