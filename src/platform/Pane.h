@@ -1,18 +1,18 @@
 #pragma once
 
+#include "platform/Color.h"
 #include "platform/Geometry.h"
 #include "platform/Scale.h"
 #include "platform/Splitter.h"
 
 #include <windows.h>
 
-#include <ocidl.h>
-
 namespace ormisk {
 
 class Pane;
 
-// A mouse event of a pane: buttons 1 left, 2 right, 4 middle; modifiers 1 Shift, 2 Ctrl, 4 Alt; pixels of the pane.
+// A mouse event of a pane: buttons 1 left, 2 right, 4 middle; modifiers 1 Shift, 2 Ctrl, 4 Alt; pixels of the pane. For a
+// move, `button` holds all buttons that are down.
 struct MouseEvent {
     int button = 0;
     int shift = 0;
@@ -23,19 +23,19 @@ struct MouseEvent {
 // What a pane reports. A handler may do anything, also destroy the pane.
 class PaneListener {
 public:
-    virtual void OnPaint(Pane &, HDC, const RECT & /*clip*/) {}
-    virtual void OnMouseDown(Pane &, const MouseEvent &) {}
-    virtual void OnMouseMove(Pane &, const MouseEvent &) {}
-    virtual void OnMouseUp(Pane &, const MouseEvent &) {}
-    virtual void OnClick(Pane &) {}
-    virtual void OnDblClick(Pane &) {}
-    virtual void OnKeyDown(Pane &, int & /*keyCode*/, int /*shift*/) {}
-    virtual void OnKeyUp(Pane &, int & /*keyCode*/, int /*shift*/) {}
-    virtual void OnKeyPress(Pane &, int & /*keyAscii*/) {}
-    virtual void OnFocusChange(Pane &, bool /*gained*/) {}
-    virtual void OnResize(Pane &) {}
-    // A message of a child control (scroll bar, colour requests); true when it was answered in `result`.
-    virtual bool OnChildMessage(Pane &, UINT, WPARAM, LPARAM, LRESULT & /*result*/) { return false; }
+    virtual void OnPaint(Pane&, HDC, const RECT& /*clip*/) {}
+    virtual void OnMouseDown(Pane&, const MouseEvent&) {}
+    virtual void OnMouseMove(Pane&, const MouseEvent&) {}
+    virtual void OnMouseUp(Pane&, const MouseEvent&) {}
+    virtual void OnClick(Pane&) {}
+    virtual void OnDblClick(Pane&) {}
+    virtual void OnKeyDown(Pane&, int& /*keyCode*/, int /*shift*/) {} // code 0 keeps the key from the system
+    virtual void OnKeyUp(Pane&, int& /*keyCode*/, int /*shift*/) {}
+    virtual void OnKeyPress(Pane&, int& /*keyAscii*/) {}
+    virtual void OnFocusChange(Pane&, bool /*gained*/) {}
+    virtual void OnResize(Pane&) {}
+    // A message of a child control: scrolling, colour requests, notices. True when it was answered in `result`.
+    virtual bool OnChildMessage(Pane&, UINT, WPARAM, LPARAM, LRESULT& /*result*/) { return false; }
 
 protected:
     ~PaneListener() = default;
@@ -44,62 +44,53 @@ protected:
 // Modifier keys held down now: 1 Shift, 2 Ctrl, 4 Alt.
 int ShiftState();
 
-// A plain child window that its owner draws: the surface of which everything in the control is made. It has a scale of its
-// own, in which its owner places what lies in it; it also serves as container and pane of a splitter. The window is owned.
+// A plain child window that its owner draws: the surface of which everything in the control is made. It has a scale, that
+// of the pane around it too, in which it is placed; it serves as container and as pane of a splitter. The window is owned.
 class Pane final : public SplitterContainer, public SplitterPane {
 public:
     Pane() = default;
-    Pane(const Pane &) = delete;
-    Pane &operator=(const Pane &) = delete;
+    Pane(const Pane&) = delete;
+    Pane& operator=(const Pane&) = delete;
     ~Pane() { Destroy(); }
 
     struct Options {
-        bool takesFocus = false; // by click and by key
+        bool takesFocus = false; // by click
         bool erases = true;      // fill with the back colour before painting
+        bool visible = true;
     };
-    // Makes the window, hidden and of no size. Raises when the system refuses it.
-    void Create(HWND parent, PaneListener &listener, Options options);
+    // Makes the window, of no size. Raises when the system refuses it.
+    void Create(HWND parent, PaneListener& listener, Options options);
     void Destroy();
-    // The listener hears nothing more.
-    void Mute() { m_Listener = nullptr; }
 
     HWND hWnd() const override { return m_hWnd; }
     bool IsAlive() const { return m_hWnd != nullptr; }
 
-    // Units.
     void SetScale(ScaleMode mode) { m_Scale = mode; }
-    ScaleMode Scale() const override { return m_Scale; }
+    ScaleMode Scale() const { return m_Scale; }
+    Size ClientSize() const; // pixels
     float ScaleWidth() const override;
     float ScaleHeight() const override;
-    Size ClientSize() const; // pixels
-    // Units of this pane for pixels, and pixels for units, unrounded.
-    double UnitsX(double pixels) const;
-    double UnitsY(double pixels) const;
-    double PixelsX(double units) const;
-    double PixelsY(double units) const;
+    float PixelsToUnitsX(float pixels) const override;
+    float PixelsToUnitsY(float pixels) const override;
+    float UnitsToPixelsX(float units) const override;
+    float UnitsToPixelsY(float units) const override;
 
-    // Placing, in pixels of the parent or in units of the parent's scale.
-    void MovePixels(const Rect &place);
     void SetBounds(float left, float top, float width, float height) override;
+    void MovePixels(const Rect& place);
     float Width() const override;
     float Height() const override;
     void SetVisible(bool visible) override;
-    bool IsVisible() const;
     void BringToTop();
 
-    // Look.
-    void SetBackColor(OLE_COLOR color);
-    OLE_COLOR BackColor() const { return m_BackColor; }
+    void SetBackColor(Color color); // a system colour is resolved when it is painted
+    Color BackColor() const { return m_BackColor; }
     enum class Border { None, Line, Sunken };
     void SetBorder(Border border);
-    void SetMousePointer(int pointer) override; // 0 default, 7 north-south, 9 east-west
+    void SetMousePointer(MousePointer pointer) override { m_MousePointer = pointer; }
 
-    // Painting: invalidates the pane, or a part of it; Refresh paints at once.
-    void Invalidate(bool erase = true);
-    void Invalidate(const Rect &part, bool erase);
-    void Refresh();
-    // Draws the pane and nothing of its children.
-    void Paint(HDC dc, const RECT &clip);
+    void Invalidate(bool erase);
+    void Invalidate(const Rect& part, bool erase);
+    void Refresh(); // paints at once
 
     void TakeFocus();
     bool HasFocus() const { return m_hWnd && GetFocus() == m_hWnd; }
@@ -108,17 +99,18 @@ private:
     static LRESULT CALLBACK WindowProc(HWND, UINT, WPARAM, LPARAM);
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
-    bool HandleKey(UINT message, WPARAM wParam, LRESULT &result);
-    void PaintWindow();
-    double ParentScaleOf(double value, bool horizontal) const;
+    bool HandleKey(UINT message, WPARAM wParam);
+    bool HandlePainting(UINT message, WPARAM wParam, LRESULT& result);
+    void ButtonDown(const MouseEvent& event, bool doubleClick);
+    void ButtonUp(const MouseEvent& event);
 
     HWND m_hWnd = nullptr;
-    PaneListener *m_Listener = nullptr;
+    PaneListener* m_Listener = nullptr;
     Options m_Options;
-    ScaleMode m_Scale = ScaleMode::Pixels;
-    OLE_COLOR m_BackColor = 0x8000000F;
-    int m_MousePointer = 0;
-    bool m_Pressed = false; // the left button went down here
+    ScaleMode m_Scale = ScaleMode::Pixel;
+    Color m_BackColor = 0x8000000F;
+    MousePointer m_MousePointer = MousePointer::Default;
+    bool m_Pressed = false; // the left button went down here and a click may follow
 };
 
 } // namespace ormisk

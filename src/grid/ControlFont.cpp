@@ -1,0 +1,75 @@
+#include "grid/ControlFont.h"
+
+#include "automation/ComPtr.h"
+#include "automation/Error.h"
+
+namespace ormisk {
+
+// What the font object holds on to; the control cuts it off before it goes.
+class ControlFont::Sink final : public IPropertyNotifySink {
+public:
+    Sink(ControlFont& font, ControlFontListener& listener) : m_Font(&font), m_Listener(listener) {}
+    virtual ~Sink() = default;
+    void CutOff() { m_Font = nullptr; }
+    void SetQuiet(bool quiet) { m_Quiet = quiet; }
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        const bool answered = iid == IID_IUnknown || iid == IID_IPropertyNotifySink;
+        *object = answered ? this : nullptr;
+        if (answered)
+            AddRef();
+        return answered ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++m_References; }
+    STDMETHODIMP_(ULONG) Release() override {
+        const ULONG left = --m_References;
+        if (left == 0)
+            delete this;
+        return left;
+    }
+    STDMETHODIMP OnChanged(DISPID) override {
+        if (m_Font && !m_Quiet)
+            IgnoringFailures([&] { m_Listener.OnFontEdited(m_Font->Description()); });
+        return S_OK;
+    }
+    STDMETHODIMP OnRequestEdit(DISPID) override { return S_OK; }
+
+private:
+    ControlFont* m_Font;
+    ControlFontListener& m_Listener;
+    bool m_Quiet = false;
+    ULONG m_References = 1;
+};
+
+ControlFont::ControlFont(ControlFontListener& listener) : m_Sink(Adopt(new Sink(*this, listener))) {
+    wchar_t name[] = L"MS Sans Serif";
+    FONTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    description.lpstrName = name;
+    description.cySize.int64 = 82500;
+    description.sWeight = FW_NORMAL;
+    Check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(m_Font.GetAddressOf())));
+    const ComPtr<IConnectionPointContainer> points = Query<IConnectionPointContainer>(m_Font);
+    if (points && SUCCEEDED(points->FindConnectionPoint(IID_IPropertyNotifySink, m_Point.GetAddressOf())))
+        m_Point->Advise(m_Sink.Get(), &m_Cookie);
+}
+
+ControlFont::~ControlFont() {
+    m_Sink->CutOff();
+    if (m_Point && m_Cookie)
+        m_Point->Unadvise(m_Cookie);
+}
+
+FontDescription ControlFont::Description() const {
+    return DescribeFont(m_Font.Get());
+}
+
+void ControlFont::Take(const FontDescription& font) {
+    m_Sink->SetQuiet(true);
+    const bool taken = IgnoringFailures([&] { ApplyFont(font, m_Font.Get()); });
+    m_Sink->SetQuiet(false);
+    if (!taken)
+        Check(E_FAIL);
+}
+
+} // namespace ormisk

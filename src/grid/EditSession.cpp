@@ -1,0 +1,440 @@
+#include "grid/EditSession.h"
+
+#include "grid/Grid.h"
+#include "grid/PaintPrimitives.h"
+#include "grid/ValueStore.h"
+#include "model/ValueRules.h"
+#include "platform/Rounding.h"
+
+namespace ormisk {
+
+EditSession::EditSession(Grid& grid) : m_Grid(grid), m_editListener(MakeObject<CEditorListener>(this)) {}
+
+void EditSession::CreateEditors() {
+    m_Editors.CreateBuiltInEditors(m_Grid.m_Panes.TreeWnd(), {.TextEditor = &m_Grid.m_Panes.m_TextEditor});
+}
+
+void EditSession::Release() {
+    Drop();
+    m_Editors.Clear();
+    m_editListener->CutObserver();
+}
+
+void EditSession::FocusTree() {
+    m_Grid.m_Panes.m_picTreeContainer.TakeFocus();
+}
+
+CProperty* EditSession::SelectedProperty() const {
+    return m_SelectedNode ? m_SelectedNode->Property() : nullptr;
+}
+
+// A handler may have taken a node out of the tree, or another tree may be on screen.
+bool EditSession::Holds(const Ref<CNode>& node) const {
+    return node && node->Tree() == m_Grid.m_ActiveNodes;
+}
+
+void EditSession::SetSelectedNode(Ref<CNode> node) {
+    if (node == m_SelectedNode) {
+        if (!m_CurrentEditor && m_SelectedNode)
+            StartEditor();
+        return;
+    }
+    const ComPtr<_CEditor> prevEditor = m_CurrentEditor;
+    ComPtr<CProperty> prevProperty;
+    if (m_SelectedNode) {
+        prevProperty = SelectedProperty();
+        const Ref<CNode> old = m_SelectedNode;
+        CloseEditor(false);
+        if (!m_Grid.IsAlive())
+            return;
+        // A handler that moved the selection itself has shown an editor of its own.
+        if (m_CurrentEditor)
+            CloseEditor(false);
+        m_Grid.m_Panes.InvalidateNodeRow(old.Get());
+    }
+    if (node && !Holds(node))
+        node = nullptr;
+    m_SelectedNode = node;
+    ComPtr<CProperty> newProperty;
+    if (node) {
+        newProperty = node->Property();
+        m_Grid.m_Input.ExpandParents(*node);
+        if (!m_Grid.IsAlive())
+            return;
+        m_Grid.m_Panes.EnsureRowVisible(*node);
+        m_Grid.m_Panes.InvalidateNodeRow(node.Get());
+    }
+    m_Grid.m_Panes.m_picDescPane.Invalidate(true);
+    if (prevProperty != newProperty) {
+        m_Grid.m_Events.SelChanged(newProperty.Get());
+        if (!m_Grid.IsAlive())
+            return;
+        if (prevEditor && prevEditor != m_CurrentEditor)
+            EditorProxy(prevEditor.Get()).SetVisible(false);
+    }
+    if (!m_CurrentEditor && m_SelectedNode)
+        StartEditor();
+}
+
+void EditSession::SelectProperty(_CProperty* property) {
+    const ComPtr<CProperty> present(SelectedProperty());
+    if (SameObject(property, static_cast<_CProperty*>(present.Get())))
+        return;
+    if (!property) {
+        SetSelectedNode(nullptr);
+        return;
+    }
+    VARIANT_BOOL visible = VARIANT_FALSE;
+    Check(property->get_Visible(&visible));
+    if (visible == VARIANT_FALSE)
+        Raise(ErrorCode::InvalidAction);
+    const CProperty* own = m_Grid.m_CProperties ? m_Grid.m_CProperties->Own(property) : nullptr;
+    if (!own)
+        Raise(ErrorCode::AlienProperty);
+    SetSelectedNode(Ref<CNode>(m_Grid.m_ActiveNodes->ItemOf(*own)));
+}
+
+void EditSession::StartPropertyEdit(_CProperty* property) {
+    if (!property)
+        Raise(ErrorCode::InvalidPropertyObject);
+    VARIANT_BOOL visible = VARIANT_FALSE;
+    VARIANT_BOOL readOnly = VARIANT_TRUE;
+    Check(property->get_Visible(&visible));
+    Check(property->get_ReadOnly(&readOnly));
+    if (visible == VARIANT_FALSE || readOnly != VARIANT_FALSE || m_Grid.m_State.readOnly)
+        Raise(ErrorCode::InvalidAction);
+    SelectProperty(property);
+    ActivateEditor(true);
+}
+
+HWND EditSession::EditorWindow() const {
+    HWND window = nullptr;
+    if (m_CurrentEditor)
+        IgnoringFailures([&] { window = EditorProxy(m_CurrentEditor.Get()).Hwnd(); });
+    return window;
+}
+
+ComPtr<_CEditor> EditSession::FindEditor(CProperty& property) {
+    const omEditorType type = property.EditorType();
+    ComPtr<_CEditor> editor = m_Editors.Find(type, property.EditorKey());
+    if (!editor && type == omCustomEditor) {
+        m_Grid.ReportTrappedError(
+            {ErrorNumber(ErrorCode::EditorNotRegistered), kLibraryTitle, ErrorText(ErrorCode::EditorNotRegistered), {}});
+        FocusTree();
+    }
+    return editor;
+}
+
+void EditSession::StartEditor() {
+    const Ref<CNode> node = m_SelectedNode;
+    const ComPtr<CProperty> property(SelectedProperty());
+    if (node && property && !property->IsReadOnly() && !m_Grid.m_State.readOnly) {
+        const ComPtr<_CEditor> editor = FindEditor(*property.Get());
+        if (editor && m_Grid.IsAlive() && m_SelectedNode == node) {
+            EditorProxy proxy(editor.Get());
+            const HWND window = proxy.Hwnd();
+            if (window && GetParent(window) != m_Grid.m_Panes.TreeWnd())
+                SetParent(window, m_Grid.m_Panes.TreeWnd());
+            GiveFont(editor.Get(), *node, property->EditorKind());
+            proxy.Reset(property.Get(), m_editListener.Get());
+            if (LoadEditorValue(*property.Get(), editor.Get())) {
+                proxy.SetVisible(true);
+                m_CurrentEditor = editor;
+            } else {
+                m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::InvalidEditorValue), kLibraryTitle,
+                                           ErrorText(ErrorCode::InvalidEditorValue),
+                                           {}});
+                FocusTree();
+            }
+            if (m_Grid.IsAlive() && m_SelectedNode == node)
+                PlaceEditor(editor.Get(), node.Get());
+        }
+    }
+    // Also when no editor came up.
+    m_EditNode = m_SelectedNode;
+}
+
+// The font of the control in the style of the row. An editor without a window for it gets a handle.
+void EditSession::GiveFont(_CEditor* editor, const CNode& node, omEditorType type) {
+    FontDescription font = m_Grid.m_State.font;
+    font.Bold = node.Bold();
+    font.Italic = node.Italic();
+    BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
+    if (!builtIn || !builtIn->TakeFont(type, font))
+        EditorProxy(editor).SetFont(m_Grid.m_ResourceMgr.GetFont(font, L"EditorFont"));
+}
+
+// False when the value is not one for the property's editor.
+bool EditSession::LoadEditorValue(CProperty& property, _CEditor* editor) {
+    if (!IsValueValidForEditor(property.Value(), property.EditorKind()))
+        return false;
+    EditorProxy proxy(editor);
+    if (property.EditorKind() != omPictureEditor) {
+        const _variant_t value(property.Value());
+        proxy.SetValue(value);
+        return true;
+    }
+    const _variant_t prompt = PicturePrompt(property);
+    IgnoringFailures([&] { proxy.SetValue(prompt); });
+    return true;
+}
+
+// A picture shows as a text. A value that is no object becomes Nothing first.
+_variant_t EditSession::PicturePrompt(CProperty& property) {
+    if (!HoldsObject(property.Value()))
+        property.SetValue(_variant_t(static_cast<IDispatch*>(nullptr)));
+    const auto prompt = [&](const wchar_t* param, const wchar_t* otherwise) {
+        const std::wstring text = property.EditorParam(param);
+        return ToVariant(text.empty() ? otherwise : text);
+    };
+    const ComPtr<IPicture> picture = Query<IPicture>(ObjectOf(property.Value()));
+    if (!picture)
+        return prompt(L"EmptyPrompt", L"(none)");
+    if (PictureType(picture.Get()) != PICTYPE_NONE)
+        return prompt(L"PicturePrompt", L"(Picture)");
+    return prompt(L"NoPicturePrompt", L"(none)");
+}
+
+void EditSession::PlaceEditor(_CEditor* editor, const CNode* node) {
+    if (!editor || !node || m_Grid.m_ActiveNodes->RowOf(node) < 0)
+        return;
+    EditorProxy proxy(editor);
+    const auto mode = static_cast<ScaleMode>(proxy.ScaleMode());
+    const Rect place = EditorRect(m_Grid.m_Panes.GeometryOf(*node).value, m_Grid.m_State.grid != omGridNone);
+    const WindowDC screen(nullptr);
+    const auto scaled = [&](long pixels, int index, Axis axis) {
+        return RoundToLong(ConvertScale(static_cast<double>(pixels), ScaleMode::Pixel, mode,
+                                        GetDeviceCaps(screen.Get(), index), axis));
+    };
+    const long left = scaled(place.left, LOGPIXELSX, Axis::X);
+    // Without grid lines the top stays in pixels, whatever the editor's scale.
+    const long top =
+        m_Grid.m_State.grid != omGridNone ? scaled(place.top, LOGPIXELSY, Axis::Y) : place.top;
+    const long right = scaled(place.right, LOGPIXELSX, Axis::X);
+    const long bottom = scaled(place.bottom, LOGPIXELSY, Axis::Y);
+    proxy.Move(static_cast<float>(left), static_cast<float>(top), static_cast<float>(right - left),
+               static_cast<float>(bottom - top));
+}
+
+void EditSession::PlaceOpenEditor() {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    IgnoringFailures([&] { PlaceEditor(editor.Get(), m_EditNode.Get()); });
+}
+
+// The value is committed, the editor goes along with its row, and the headers stay above it.
+void EditSession::Scrolled() {
+    if (!m_CurrentEditor)
+        return;
+    CloseEditor(true);
+    PlaceOpenEditor();
+    m_Grid.m_Panes.m_picHeaderContainer.BringToTop();
+}
+
+void EditSession::FontChanged() {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    const CProperty* property = m_EditNode ? m_EditNode->Property() : nullptr;
+    if (!editor || !property)
+        return;
+    IgnoringFailures([&] { GiveFont(editor.Get(), *m_EditNode, property->EditorKind()); });
+    PlaceOpenEditor();
+}
+
+void EditSession::ReloadEditor(CProperty& property) {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    if (editor)
+        LoadEditorValue(property, editor.Get());
+}
+
+void EditSession::ActivateEditor(bool dropDown) {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    if (!editor)
+        return;
+    SetFocus(EditorProxy(editor.Get()).Hwnd());
+    // A handler of the focus change may have closed the editor.
+    BuiltInEditor* builtIn = m_CurrentEditor == editor ? m_Editors.BuiltIn(editor.Get()) : nullptr;
+    if (builtIn)
+        builtIn->Activate(dropDown);
+}
+
+void EditSession::TypeInto(int keyCode) {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    SetFocus(EditorProxy(editor.Get()).Hwnd());
+    if (m_CurrentEditor != editor)
+        return;
+    if (BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get()))
+        builtIn->BeginTyping();
+    keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);
+}
+
+void EditSession::CloseEditor(bool keepOpen) {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    if (!editor)
+        return;
+    try {
+        EditorProxy proxy(editor.Get());
+        proxy.Commit();
+        if (keepOpen || m_CurrentEditor != editor)
+            return;
+        // Hiding takes the focus away, and a lost focus commits the editor that is current.
+        m_CurrentEditor = nullptr;
+        proxy.SetVisible(false);
+        m_Grid.m_Panes.InvalidateNodeRow(m_EditNode.Get());
+    } catch (...) {
+        ReportAndAbandon(editor.Get());
+    }
+}
+
+void EditSession::HideCurrentEditor() {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    m_CurrentEditor = nullptr;
+    if (editor)
+        IgnoringFailures([&] { EditorProxy(editor.Get()).SetVisible(false); });
+}
+
+// Inside a catch block: the edit ends whatever becomes of the report.
+void EditSession::ReportAndAbandon(_CEditor* editor) {
+    const auto abandon = [&] {
+        if (m_CurrentEditor.Get() == editor)
+            m_CurrentEditor = nullptr;
+        IgnoringFailures([&] { EditorProxy(editor).SetVisible(false); });
+        FocusTree();
+    };
+    try {
+        m_Grid.ReportTrappedError(CurrentError());
+    } catch (...) {
+        abandon();
+        throw;
+    }
+    abandon();
+}
+
+// A refused text is reported and given up: the rows have changed under the editor.
+void EditSession::CommitAndHide() {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    if (!editor)
+        return;
+    try {
+        EditorProxy(editor.Get()).Commit();
+    } catch (...) {
+        m_Grid.ReportTrappedError(CurrentError());
+    }
+    if (m_CurrentEditor == editor)
+        HideCurrentEditor();
+}
+
+void EditSession::ApplyEditorValue(_CEditor* editor, bool cancel) {
+    const ComPtr<_CEditor> held(editor);
+    try {
+        if (!cancel)
+            ApplyValue(editor);
+        else if (CProperty* property = m_EditNode ? m_EditNode->Property() : nullptr)
+            LoadEditorValue(*property, editor);
+    } catch (...) {
+        ReportAndAbandon(editor);
+    }
+}
+
+void EditSession::ApplyValue(_CEditor* editor) {
+    const Ref<CNode> node = m_EditNode;
+    const ComPtr<CProperty> property(node ? node->Property() : nullptr);
+    if (!property)
+        return;
+    const _variant_t value = EditorProxy(editor).Value();
+    if (ValuesEqual(property->Value(), value))
+        return;
+    bool cancel = false;
+    m_Grid.m_Events.ValidateValue(*property.Get(), value, cancel);
+    // The property may be gone by now.
+    if (!cancel && m_Grid.IsAlive() && node->Property() == property.Get())
+        StoreValue(*node, *property.Get(), editor);
+}
+
+void EditSession::StoreValue(CNode& node, CProperty& property, _CEditor* editor) {
+    const _variant_t value = EditorProxy(editor).Value();
+    const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
+    switch (property.EditorType()) {
+    case omTextEditor:
+    case omNumberEditor:
+        if (!builtIn || builtIn->IsModified())
+            node.LetValue(value);
+        return;
+    case omFontEditor: {
+        // The property never shares the editor's font.
+        const ComPtr<IFontDisp> copy = CopyFont(ObjectOf(value));
+        node.SetValue(_variant_t(static_cast<IDispatch*>(copy.Get())));
+        return;
+    }
+    case omFileEditor:
+        node.LetValue(value);
+        return;
+    case omPictureEditor:
+        StorePicture(node, property, value);
+        return;
+    default:
+        if (HoldsObject(value))
+            node.SetValue(value);
+        else
+            node.LetValue(value);
+    }
+}
+
+// The text is a prompt, which means no change or no picture, or the name of a file.
+void EditSession::StorePicture(CNode& node, CProperty& property, const VARIANT& value) {
+    const std::wstring none = property.EditorParam(L"NoPicturePrompt");
+    const std::wstring some = property.EditorParam(L"PicturePrompt");
+    if (IsNumeric(value))
+        return;
+    const std::wstring text = TextOf(value);
+    if (text == (some.empty() ? L"(Picture)" : some) && text != (none.empty() ? L"(none)" : none))
+        return;
+    ComPtr<IPictureDisp> picture;
+    if (text != (none.empty() ? L"(none)" : none))
+        picture = LoadPictureFile(text);
+    node.SetValue(_variant_t(static_cast<IDispatch*>(picture.Get())));
+}
+
+void EditSession::TextKeyPress(int& keyAscii) {
+    BuiltInEditor* builtIn = m_Editors.BuiltIn(m_CurrentEditor.Get());
+    if (!builtIn)
+        return;
+    const ComPtr<_CEditor> held = m_CurrentEditor;
+    try {
+        builtIn->KeyPress(keyAscii);
+    } catch (...) {
+        m_Grid.ReportTrappedError(CurrentError());
+    }
+}
+
+void EditSession::TextLostFocus() {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    // While an error is on screen, it was its message box that took the focus.
+    if (!editor || m_Grid.IsReporting())
+        return;
+    try {
+        EditorProxy(editor.Get()).Commit();
+    } catch (...) {
+        m_Grid.ReportTrappedError(CurrentError());
+    }
+}
+
+void EditSession::NodeGoes(const CNode* node) {
+    if (!node || m_EditNode.Get() != node)
+        return;
+    HideCurrentEditor();
+    m_SelectedNode = nullptr;
+}
+
+void EditSession::DropLostSelection() {
+    if (m_SelectedNode && !m_SelectedNode->Tree())
+        m_SelectedNode = nullptr;
+    if (m_EditNode && !m_EditNode->Tree())
+        m_EditNode = nullptr;
+}
+
+void EditSession::Drop() {
+    m_EditNode = nullptr;
+    m_SelectedNode = nullptr;
+    HideCurrentEditor();
+}
+
+} // namespace ormisk

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "editors/CEditorListener.h"
+#include "editors/EditorRegistry.h"
+#include "tree/CNode.h"
+
+namespace ormisk {
+
+class Grid;
+
+// The selection, and the life of one edit. Selecting an editable row shows its editor over the value cell at once; the
+// tree pane keeps the focus until the user wants the editor. Committing and closing are two things: a confirmed editor
+// stays. At most one editor is on screen, and none without a selected property row that may be edited.
+class EditSession final : public EditorObserver {
+public:
+    explicit EditSession(Grid& grid);
+
+    // Makes the editors of the library in the windows of the control.
+    void CreateEditors();
+    // At the end of the control: lets everything go, without a commit and without an event.
+    void Release();
+
+    // Selection. Null selects nothing.
+    void SetSelectedNode(Ref<CNode> node);
+    Ref<CNode> SelectedNode() const { return m_SelectedNode; }
+    bool IsSelected(const CNode& node) const { return m_SelectedNode.Get() == &node; }
+    CProperty* SelectedProperty() const; // null for a category row and without a selection
+    // What the host asks for. Raises InvalidAction for a hidden property, AlienProperty for one that is not ours.
+    void SelectProperty(_CProperty* property);
+    // Also raises InvalidPropertyObject for Nothing, InvalidAction for a property that cannot be edited.
+    void StartPropertyEdit(_CProperty* property);
+
+    // Editing.
+    bool IsEditorOpen() const { return m_CurrentEditor != nullptr; }
+    HWND EditorWindow() const; // of the open editor, or null
+    void StartEditor();        // of the selected row, if it has one
+    void ActivateEditor(bool dropDown);
+    void OpenAndActivate(bool dropDown) {
+        if (!m_CurrentEditor)
+            StartEditor();
+        ActivateEditor(dropDown);
+    }
+    // Commits; then hides the editor unless it is kept. A failing commit is reported and hides it in any case.
+    void CloseEditor(bool keepOpen);
+    // Focus to the editor, which starts from an empty text, and the key once more.
+    void TypeInto(int keyCode);
+    void PlaceOpenEditor();
+    void Scrolled();
+    void FontChanged();
+    // After the selected property changed: shows what it kept.
+    void ReloadEditor(CProperty& property);
+    void CommitAndHide();
+
+    // The text box of the text and number editors.
+    void TextKeyPress(int& keyAscii);
+    void TextLostFocus();
+
+    // The model shrinks, without commit and without event: the node leaves the tree, or everything does.
+    void NodeGoes(const CNode* node);
+    void DropLostSelection();
+    void Drop();
+
+    // EditorObserver
+    void CommitEdit(_CEditor* editor) override { ApplyEditorValue(editor, false); }
+    void CancelEdit(_CEditor* editor) override { ApplyEditorValue(editor, true); }
+
+    EditorRegistry m_Editors;
+
+private:
+    bool LoadEditorValue(CProperty& property, _CEditor* editor);
+    _variant_t PicturePrompt(CProperty& property);
+    void GiveFont(_CEditor* editor, const CNode& node, omEditorType type);
+    ComPtr<_CEditor> FindEditor(CProperty& property);
+    void PlaceEditor(_CEditor* editor, const CNode* node);
+    void ApplyEditorValue(_CEditor* editor, bool cancel);
+    void ApplyValue(_CEditor* editor);
+    void StoreValue(CNode& node, CProperty& property, _CEditor* editor);
+    void StorePicture(CNode& node, CProperty& property, const VARIANT& value);
+    void ReportAndAbandon(_CEditor* editor);
+    void HideCurrentEditor();
+    void FocusTree();
+    bool Holds(const Ref<CNode>& node) const;
+
+    Grid& m_Grid;
+    Ref<CNode> m_SelectedNode;
+    Ref<CNode> m_EditNode; // for which StartEditor last ran: the target of a commit, also of a late one
+    ComPtr<_CEditor> m_CurrentEditor;
+    ComPtr<CEditorListener> m_editListener;
+};
+
+} // namespace ormisk

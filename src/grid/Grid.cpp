@@ -1,0 +1,81 @@
+#include "grid/Grid.h"
+
+#include "automation/ComPtr.h"
+
+#include <cstdint>
+
+#include <commctrl.h>
+
+namespace ormisk {
+
+namespace {
+
+// Of the common controls, all but those that need a newer version.
+constexpr DWORD kControlClasses = 767;
+constexpr std::int64_t kErrorBase = static_cast<std::int32_t>(0x80040000);
+
+} // namespace
+
+Grid::Grid(GridHost& host)
+    : m_Host(host), m_Events(host.Sinks()), m_CProperties(MakeObject<CProperties>()), m_Properties(*this),
+      m_ModelView(*this), m_Panes(*this), m_RowPainter(*this), m_ChromeMetrics(*this), m_Input(*this),
+      m_PaneMessages(*this), m_Session(*this) {
+    INITCOMMONCONTROLSEX classes{};
+    classes.dwSize = sizeof classes;
+    classes.dwICC = kControlClasses;
+    InitCommonControlsEx(&classes);
+}
+
+Grid::~Grid() {
+    Release();
+}
+
+void Grid::CreateWindows(HWND parent) {
+    m_Panes.Create(parent);
+    m_PaneMessages.HookPanes();
+    m_CProperties->Init(&m_ModelView);
+    m_AlphabeticNodes.Init(&m_ModelView);
+    m_CategorizedNodes.Init(&m_ModelView);
+    m_Session.CreateEditors();
+    m_Panes.CreateSplitters();
+    m_Panes.LayoutTabContainer();
+    m_Alive = true;
+}
+
+void Grid::Release() {
+    if (!m_CProperties)
+        return;
+    m_PaneMessages.UnhookButtons();
+    m_Session.Drop();
+    m_State.picture = nullptr;
+    m_Alive = false; // from here on no room touches a window
+    m_CProperties->RemoveAll();
+    m_CProperties->ReleaseOwner();
+    m_CProperties = nullptr;
+    m_AlphabeticNodes.Clear();
+    m_CategorizedNodes.Clear();
+    m_AlphabeticNodes.Init(nullptr);
+    m_CategorizedNodes.Init(nullptr);
+    m_Session.Release();
+    m_PaneMessages.UnhookTree();
+}
+
+void Grid::ReportTrappedError(const AutomationError& error) {
+    const ComPtr<IUnknown> self(m_Host.Outer());
+    struct Reporting {
+        explicit Reporting(int& depth) : depth(depth) { ++depth; }
+        Reporting(const Reporting&) = delete;
+        Reporting& operator=(const Reporting&) = delete;
+        ~Reporting() { --depth; }
+        int& depth;
+    } reporting(m_Reporting);
+    bool showMessageBox = true;
+    m_Events.DisplayError(error.description, error.number, showMessageBox);
+    if (!showMessageBox)
+        return;
+    const std::wstring text = error.source + L" : " + error.description + L" : " +
+                              std::to_wstring(static_cast<std::int64_t>(error.number) - kErrorBase);
+    MessageBoxW(m_Panes.m_Control.hWnd(), text.c_str(), kLibraryTitle, MB_OK);
+}
+
+} // namespace ormisk

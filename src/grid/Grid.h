@@ -1,0 +1,79 @@
+#pragma once
+
+#include "editors/EditorRegistry.h"
+#include "grid/ChromeMetrics.h"
+#include "grid/EditSession.h"
+#include "grid/GridEvents.h"
+#include "grid/GridProperties.h"
+#include "grid/GridState.h"
+#include "grid/Input.h"
+#include "grid/ModelView.h"
+#include "grid/PaneMessages.h"
+#include "grid/Panes.h"
+#include "grid/RowPainter.h"
+#include "model/CProperties.h"
+#include "model/EditorParams.h"
+#include "platform/ResourceMgr.h"
+#include "tree/CNodes.h"
+
+namespace ormisk {
+
+// What the rooms ask of the control as a COM object.
+class GridHost {
+public:
+    // The control as an object; who calls into the host holds it meanwhile.
+    virtual IUnknown* Outer() = 0;
+    virtual bool UserMode() = 0;
+    virtual void NotifyChanged(const wchar_t* propertyName) = 0;
+    virtual ConnectionPoints& Sinks() = 0;
+    virtual void FocusEntered() = 0;      // a window of the control took the focus
+    virtual void AccessKeysChanged() = 0; // the container should ask for them anew
+
+protected:
+    ~GridHost() = default;
+};
+
+// All that belongs to one control: its state, its model and trees, and the rooms that work on them. Each room knows one
+// thing and reaches the others through here.
+class Grid {
+public:
+    explicit Grid(GridHost& host);
+    Grid(const Grid&) = delete;
+    Grid& operator=(const Grid&) = delete;
+    ~Grid();
+
+    // Makes the windows and everything that needs them. Raises when the system refuses; the grid is then as before.
+    void CreateWindows(HWND parent);
+    // The end: unhooks, drops editors, model and trees. Runs when the tree pane is destroyed, and once only.
+    void Release();
+
+    bool IsAlive() const { return m_Alive; } // between CreateWindows and Release
+    bool IsReporting() const { return m_Reporting > 0; } // a failure is on screen
+    // A failure that no caller can take: the host hears of it and may keep the message box away.
+    void ReportTrappedError(const AutomationError& error);
+
+    GridHost& m_Host;
+    GridState m_State;
+    GridEvents m_Events;
+    ComPtr<CProperties> m_CProperties;
+    CNodes m_AlphabeticNodes;
+    CNodes m_CategorizedNodes;
+    CNodes* m_ActiveNodes = &m_AlphabeticNodes;
+    CResourceMgr m_ResourceMgr;
+    EditorParamStore m_EditorParams; // of the control, by editor type
+
+    GridProperties m_Properties;
+    ModelView m_ModelView;
+    Panes m_Panes;
+    RowPainter m_RowPainter;
+    ChromeMetrics m_ChromeMetrics;
+    Input m_Input;
+    PaneMessages m_PaneMessages;
+    EditSession m_Session;
+
+private:
+    bool m_Alive = false;
+    int m_Reporting = 0;
+};
+
+} // namespace ormisk

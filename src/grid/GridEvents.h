@@ -1,0 +1,42 @@
+#pragma once
+
+#include "automation/Events.h"
+#include "model/CProperty.h"
+
+namespace ormisk {
+
+// The public events, one typed method each: the only place that builds event arguments and reads by-reference ones back.
+// What a handler raises comes out of the method. After any of them the model, the selection and the control itself may be
+// other than before.
+class GridEvents {
+public:
+    explicit GridEvents(ConnectionPoints& sinks) : m_Sinks(sinks) {}
+
+    void PropertyAdded(CProperty& property);
+    void PropertyDeleted(CProperty& property);
+    // `doDefault` is written back; the context's handle fits into the public 32 bits.
+    void PropertyDraw(HDC dc, CProperty& property, long cx, long cy, omDrawStage stage, bool& doDefault);
+    void PropertyValueChanged(CProperty& property);
+    void CategoryExpanding(const std::wstring& category, bool& cancel);
+    void CategoryCollapsing(const std::wstring& category, bool& cancel);
+    void SelChanged(CProperty* property); // null for a category row or no selection
+    void HelpRequested(CProperty& property, bool& processDefault);
+    void ValidateValue(CProperty& property, const VARIANT& newValue, bool& cancel);
+    void ActiveViewChanged();
+    void DisplayError(const std::wstring& message, long number, bool& showMessageBox);
+    void KeyUp(int& keyCode, int& shift);
+    void KeyDown(int& keyCode, int& shift);
+    void KeyPress(int& keyAscii);
+    enum class MouseStage { Down = 0, Move = 1, Up = 2 };
+    // Coordinates in the control's scale.
+    void Mouse(MouseStage stage, int button, int shift, float x, float y, omHitItem hitItem);
+
+private:
+    void FireWithProperty(DISPID id, CProperty* property);
+    void FireWithFlag(DISPID id, VARIANT* arguments, UINT count, bool& flag);
+    void FireKey(DISPID id, int& keyCode, int& shift);
+
+    ConnectionPoints& m_Sinks;
+};
+
+} // namespace ormisk

@@ -1,0 +1,324 @@
+#include "grid/Input.h"
+
+#include "grid/Grid.h"
+#include "platform/AccessKey.h"
+#include "platform/Rounding.h"
+
+#include <algorithm>
+
+namespace ormisk {
+
+namespace {
+
+constexpr int kShiftKey = 1;
+constexpr int kCtrlKey = 2;
+constexpr int kAltKey = 4;
+
+wchar_t FirstUpper(const std::wstring& text) {
+    return text.empty() ? L'\0' : SystemUpper(text.front());
+}
+
+} // namespace
+
+omHitItem Input::HitItemOf(const Pane& pane, const MouseEvent& event) const {
+    const Panes& panes = m_Grid.m_Panes;
+    if (&pane == &panes.m_picTabContainer) {
+        if (!m_Grid.m_State.showTabs)
+            return omNowhere;
+        if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.AlphabeticTab()))
+            return omAlphabeticTab;
+        return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.CategorizedTab()) ? omCategorizedTab : omNowhere;
+    }
+    const struct {
+        const Pane& pane;
+        omHitItem item;
+    } items[] = {
+        {panes.m_picTreeContainer, omPropertiesArea},
+        {panes.m_picRSToolbar, omRSToolbar},
+        {panes.m_lblTotalRecords, omRSToolbarInfo},
+        {panes.m_picShowFirst, omRSToolbarFirstButton},
+        {panes.m_picShowLast, omRSToolbarLastButton},
+        {panes.m_picShowNext, omRSToolbarNextButton},
+        {panes.m_picShowPrevious, omRSToolbarPreviousButton},
+        {panes.m_picDescPane, omDescriptionPane},
+        {panes.m_picBG, omDescriptionSplitter},
+        {panes.m_picNameHeader, omNameHeader},
+        {panes.m_picValueHeader, omValueHeader},
+        {panes.m_picHeaderContainer, omHeaderSplitter},
+    };
+    for (const auto& entry : items) {
+        if (&entry.pane == &pane)
+            return entry.item;
+    }
+    return omNowhere;
+}
+
+void Input::PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage) {
+    using Stage = GridEvents::MouseStage;
+    const omHitItem item = HitItemOf(pane, event);
+    if (stage == Stage::Down && event.button == 1 && (item == omAlphabeticTab || item == omCategorizedTab))
+        TabMouseDown(item);
+    // Hosts know the value header by this: a move is told as a release, and a release as a press.
+    if (&pane == &m_Grid.m_Panes.m_picValueHeader && stage != Stage::Down)
+        stage = stage == Stage::Move ? Stage::Up : Stage::Down;
+    FireMouseEvent(pane, event, stage, item);
+}
+
+// In the control's coordinates and scale.
+void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage,
+                           omHitItem hitItem) {
+    const Pane& control = m_Grid.m_Panes.m_Control;
+    POINT point{event.x, event.y};
+    ClientToScreen(pane.hWnd(), &point);
+    ScreenToClient(control.hWnd(), &point);
+    m_Grid.m_Events.Mouse(stage, event.button, event.shift, control.PixelsToUnitsX(static_cast<float>(point.x)),
+                          control.PixelsToUnitsY(static_cast<float>(point.y)), hitItem);
+}
+
+void Input::SwitchView(omActiveView view) {
+    m_Grid.m_Properties.Put(L"ActiveView", static_cast<long>(view));
+}
+
+void Input::TabMouseDown(omHitItem tab) {
+    const omActiveView view = tab == omAlphabeticTab ? omAlphabetic : omCatagorized;
+    if (m_Grid.m_State.activeView == view && m_bTabFocused)
+        return;
+    SwitchView(view);
+    m_bTabFocused = true;
+    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
+}
+
+void Input::TabKeyDown(int keyCode) {
+    if (!m_bTabFocused)
+        return;
+    if (keyCode == VK_LEFT && m_Grid.m_State.activeView != omAlphabetic)
+        SwitchView(omAlphabetic);
+    else if (keyCode == VK_RIGHT && m_Grid.m_State.activeView == omAlphabetic)
+        SwitchView(omCatagorized);
+}
+
+void Input::TabsLostFocus() {
+    m_bTabFocused = false;
+    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
+}
+
+std::wstring Input::AccessKeys() const {
+    long position = 0;
+    return GetAccessKey(m_Grid.m_State.alphabeticTabCaption, position, SystemUpper) +
+           GetAccessKey(m_Grid.m_State.categorizedTabCaption, position, SystemUpper);
+}
+
+void Input::OnAccessKey(wchar_t key) {
+    if (!m_Grid.m_State.showTabs)
+        return;
+    const std::wstring pressed(1, SystemUpper(key));
+    long position = 0;
+    if (pressed == GetAccessKey(m_Grid.m_State.alphabeticTabCaption, position, SystemUpper))
+        SwitchView(omAlphabetic);
+    else if (pressed == GetAccessKey(m_Grid.m_State.categorizedTabCaption, position, SystemUpper))
+        SwitchView(omCatagorized);
+}
+
+Point Input::CursorOnTree() const {
+    POINT point{};
+    GetCursorPos(&point);
+    ScreenToClient(m_Grid.m_Panes.TreeWnd(), &point);
+    return {point.x, point.y};
+}
+
+void Input::OnTreeClick() {
+    const Point at = CursorOnTree();
+    const Ref<CNode> node = m_Grid.m_Panes.RowFromPoint(at.x, at.y);
+    if (!node)
+        return;
+    const RowGeometry geometry = m_Grid.m_Panes.GeometryOf(*node);
+    if (InRect(at.x - geometry.name.left, at.y - geometry.name.top, geometry.expander))
+        node->SetExpanded(!node->Expanded());
+    else
+        m_Grid.m_Session.SetSelectedNode(node);
+}
+
+void Input::OnTreeDblClick() {
+    const Point at = CursorOnTree();
+    const Ref<CNode> node = m_Grid.m_Panes.RowFromPoint(at.x, at.y);
+    if (!node)
+        return;
+    node->SetExpanded(!node->Expanded());
+    if (m_Grid.IsAlive() && node->Property() && m_Grid.m_Session.IsEditorOpen())
+        m_Grid.m_Session.ActivateEditor(false);
+}
+
+void Input::OnMouseWheel(WPARAM wParam) {
+    ScrollBar& bar = m_Grid.m_Panes.m_VScroll;
+    if (!bar.IsShown() || bar.Min() >= bar.Max())
+        return;
+    bar.SetValue(bar.Value() + WheelSteps(GET_WHEEL_DELTA_WPARAM(wParam), bar.Value(), bar.Max()));
+}
+
+void Input::ExpandParents(const CNode& node) {
+    const Ref<CNode> parent(node.ParentNode());
+    if (!parent)
+        return;
+    ExpandParents(*parent);
+    if (!parent->Expanded())
+        parent->SetExpanded(true);
+}
+
+void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
+    m_Grid.m_Events.KeyDown(keyCode, shift);
+    if (keyCode == 0 || !m_Grid.IsAlive())
+        return;
+    if (&pane == &m_Grid.m_Panes.m_picTreeContainer)
+        OnTreeKeyDown(keyCode, shift);
+    else if (&pane == &m_Grid.m_Panes.m_picTabContainer)
+        TabKeyDown(keyCode);
+}
+
+void Input::OnTreeKeyDown(int& keyCode, int shift) {
+    const Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
+    if (!selected) {
+        // The first key only finds a place to start from.
+        if (const Ref<CNode> first = RowAt(0))
+            m_Grid.m_Session.SetSelectedNode(first);
+        return;
+    }
+    Ref<CNode> target;
+    if (!HandleNavigation(keyCode, shift, selected, target))
+        HandleOtherKey(keyCode, shift, selected, target);
+    if (target && m_Grid.IsAlive())
+        m_Grid.m_Session.SetSelectedNode(target);
+}
+
+Ref<CNode> Input::RowAt(long row) const {
+    return Ref<CNode>(m_Grid.m_ActiveNodes->NodeAtRow(row));
+}
+
+Ref<CNode> Input::PageFrom(const CNode& node, int direction) const {
+    const ScrollBar& bar = m_Grid.m_Panes.m_VScroll;
+    if (!bar.IsShown())
+        return nullptr;
+    const long row = m_Grid.m_ActiveNodes->RowOf(&node) + direction * PageStep(bar.LargeChange());
+    return RowAt(std::clamp(row, 0L, m_Grid.m_ActiveNodes->VisibleRowCount() - 1));
+}
+
+// The keys that move among the rows and open or close them; false for any other key.
+bool Input::HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target) {
+    CNode& node = *selected;
+    const bool parent = node.ChildCount() > 0;
+    switch (keyCode) {
+    case VK_PRIOR:
+    case VK_NEXT:
+        target = PageFrom(node, keyCode == VK_NEXT ? 1 : -1);
+        return true;
+    case VK_END:
+        target = RowAt(m_Grid.m_ActiveNodes->VisibleRowCount() - 1);
+        return true;
+    case VK_HOME:
+        target = RowAt(0);
+        return true;
+    case VK_LEFT:
+        if (parent && node.Expanded())
+            node.SetExpanded(false);
+        else
+            target = Ref<CNode>(node.PrevVisible());
+        return true;
+    case VK_RIGHT:
+        if (node.Expanded())
+            target = Ref<CNode>(node.NextVisible());
+        else
+            node.SetExpanded(true);
+        return true;
+    case VK_UP:
+        target = Ref<CNode>(node.PrevVisible());
+        return true;
+    case VK_DOWN:
+        if (shift & kAltKey && node.Property())
+            DropDown(selected, target);
+        else
+            target = Ref<CNode>(node.NextVisible());
+        return true;
+    case VK_ADD:
+        if (parent && !node.Expanded())
+            node.SetExpanded(true);
+        return true;
+    case VK_SUBTRACT:
+        if (parent && node.Expanded())
+            node.SetExpanded(false);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Input::DropDown(const Ref<CNode>& selected, Ref<CNode>& target) {
+    if (selected->Property()->IsReadOnly())
+        target = Ref<CNode>(selected->NextVisible());
+    else
+        m_Grid.m_Session.OpenAndActivate(true);
+}
+
+void Input::HandleOtherKey(int& keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target) {
+    const CProperty* property = selected->Property();
+    const bool letterOrDigit = (keyCode >= '0' && keyCode <= '9') || (keyCode >= 'A' && keyCode <= 'Z');
+    const bool searching = (shift & (kCtrlKey | kShiftKey)) == (kCtrlKey | kShiftKey);
+    if (keyCode == VK_F1) {
+        keyCode = 0;
+        RequestHelp();
+    } else if (keyCode == VK_F4 && property && !property->IsReadOnly() && !(shift & kAltKey)) {
+        m_Grid.m_Session.OpenAndActivate(true);
+    } else if (searching) {
+        if (letterOrDigit)
+            target = FindRowByInitial(*selected, keyCode);
+    } else if (keyCode >= VK_SPACE && m_Grid.m_Session.IsEditorOpen() && !(shift & kAltKey)) {
+        m_Grid.m_Session.TypeInto(keyCode);
+    }
+}
+
+Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
+    const auto matches = [&](const CNode& row) { return FirstUpper(row.Name()) == static_cast<wchar_t>(character); };
+    for (CNode* row = node.NextVisible(); row; row = row->NextVisible()) {
+        if (matches(*row))
+            return Ref<CNode>(row);
+    }
+    for (CNode* row = m_Grid.m_ActiveNodes->NodeAtRow(0); row; row = row->NextVisible()) {
+        if (matches(*row))
+            return Ref<CNode>(row);
+    }
+    return nullptr;
+}
+
+void Input::RequestHelp() {
+    const ComPtr<CProperty> property(m_Grid.m_Session.SelectedProperty());
+    if (!property)
+        return;
+    bool processDefault = true;
+    m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
+}
+
+void Input::OnKeyDown(int& keyCode, int shift) {
+    m_Grid.m_Events.KeyDown(keyCode, shift);
+    if (keyCode == VK_DOWN && shift & kAltKey) {
+        m_Grid.m_Panes.m_TextEditor.SelectAll();
+        keyCode = 0;
+    }
+}
+
+void Input::OnKeyPress(int& keyAscii) {
+    m_Grid.m_Events.KeyPress(keyAscii);
+    if (keyAscii != 0 && m_Grid.IsAlive())
+        m_Grid.m_Session.TextKeyPress(keyAscii);
+}
+
+void Input::OnKeyUp(int& keyCode, int shift) {
+    m_Grid.m_Events.KeyUp(keyCode, shift);
+}
+
+void Input::OnGotFocus() {
+    m_Grid.m_Host.FocusEntered();
+}
+
+void Input::OnLostFocus() {
+    m_Grid.m_Session.TextLostFocus();
+}
+
+} // namespace ormisk

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "grid/GridEvents.h"
+#include "platform/Pane.h"
+#include "platform/TextBox.h"
+#include "tree/CNode.h"
+
+namespace ormisk {
+
+class Grid;
+
+// Turns mouse and keyboard into selection, expanding, scrolling and changes of the view, and passes both on to the host.
+class Input final : public TextBoxListener {
+public:
+    explicit Input(Grid& grid) : m_Grid(grid) {}
+
+    // A mouse event of any pane.
+    void PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage);
+    // The mouse on the rows, where the cursor is now.
+    void OnTreeClick();
+    void OnTreeDblClick();
+    void OnMouseWheel(WPARAM wParam);
+
+    // A key in any pane: the host hears it first and may change it.
+    void PaneKeyDown(const Pane& pane, int& keyCode, int shift);
+    void TabsLostFocus();
+    bool TabsFocused() const { return m_bTabFocused; }
+    // An access key of the control was pressed.
+    void OnAccessKey(wchar_t key);
+    std::wstring AccessKeys() const;
+
+    // Opens every category above a row, the outermost first.
+    void ExpandParents(const CNode& node);
+
+private:
+    // TextBoxListener: the text box of the text and number editors.
+    void OnKeyDown(int& keyCode, int shift) override;
+    void OnKeyPress(int& keyAscii) override;
+    void OnKeyUp(int& keyCode, int shift) override;
+    void OnGotFocus() override;
+    void OnLostFocus() override;
+
+    void FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage, omHitItem hitItem);
+    omHitItem HitItemOf(const Pane& pane, const MouseEvent& event) const;
+    void TabMouseDown(omHitItem tab);
+    void TabKeyDown(int keyCode);
+    void SwitchView(omActiveView view);
+    void OnTreeKeyDown(int& keyCode, int shift);
+    bool HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
+    void HandleOtherKey(int& keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
+    void DropDown(const Ref<CNode>& selected, Ref<CNode>& target);
+    Ref<CNode> RowAt(long row) const;
+    Ref<CNode> PageFrom(const CNode& node, int direction) const;
+    Ref<CNode> FindRowByInitial(const CNode& node, int character) const;
+    void RequestHelp();
+    Point CursorOnTree() const;
+
+    Grid& m_Grid;
+    bool m_bTabFocused = false; // from a click on a tab until the strip loses the focus
+};
+
+} // namespace ormisk

@@ -1,0 +1,254 @@
+#include "grid/ModelView.h"
+
+#include "grid/Grid.h"
+#include "tree/CategoryPath.h"
+#include "tree/CategoryWalk.h"
+
+#include <cwchar>
+
+namespace ormisk {
+
+namespace {
+
+constexpr long kButtonFace = static_cast<long>(0x8000000F);
+
+} // namespace
+
+// Runs one statement. A failure is reported, the focus goes back to the rows, and the caller goes on.
+template <class F> void ModelView::Trapped(F&& statement) {
+    try {
+        statement();
+    } catch (...) {
+        m_Grid.ReportTrappedError(CurrentError());
+        m_Grid.m_Panes.m_picTreeContainer.TakeFocus();
+    }
+}
+
+OLE_COLOR ModelView::PropertyBackColor() const {
+    return static_cast<OLE_COLOR>(m_Grid.m_State.propertyBackColor);
+}
+
+OLE_COLOR ModelView::PropertyForeColor() const {
+    return static_cast<OLE_COLOR>(m_Grid.m_State.propertyForeColor);
+}
+
+std::wstring ModelView::EditorParam(omEditorType type, const std::wstring& name) const {
+    return m_Grid.m_EditorParams.Get(name, type);
+}
+
+void ModelView::RefreshView() {
+    if (m_Grid.m_State.lockRefresh)
+        return;
+    m_Grid.m_Panes.UpdateScrollBar();
+    m_Grid.m_Panes.RepaintRows();
+}
+
+CNode* ModelView::CategoryNodeFor(CProperty& property) {
+    const GridState& state = m_Grid.m_State;
+    if (m_LastCategoryNode && m_LastCategoryNode->Tree() && property.Category() == m_LastCategory)
+        return m_LastCategoryNode.Get();
+    const CategoryLook look{state.categoryBold, static_cast<OLE_COLOR>(state.categoryForeColor),
+                            static_cast<OLE_COLOR>(state.categoryBackColor),
+                            static_cast<omAppearance>(state.categoryAppearance)};
+    CNode* node =
+        WalkCategoryPath(m_Grid.m_CategorizedNodes, property.Category(), state.categorySeparator, look);
+    m_LastCategory = property.Category();
+    m_LastCategoryNode = Ref<CNode>(node);
+    return node;
+}
+
+void ModelView::OnPropertyAdded(CProperty& property, CProperty* parent) {
+    const GridState& state = m_Grid.m_State;
+    if (!HasCategory(property.Category(), state.categorySeparator))
+        property.SetCategory(state.defaultCategory);
+    CNode* categorizedParent = nullptr;
+    CNode* alphabeticParent = nullptr;
+    if (parent) {
+        categorizedParent = m_Grid.m_CategorizedNodes.ItemOf(*parent);
+        alphabeticParent = m_Grid.m_AlphabeticNodes.ItemOf(*parent);
+    } else if (!property.Category().empty()) {
+        // A path that the tree refuses leaves the property higher up.
+        IgnoringFailures([&] { categorizedParent = CategoryNodeFor(property); });
+    }
+    IgnoringFailures([&] { m_Grid.m_CategorizedNodes.Add(categorizedParent, NodeRelation::Child, property); });
+    IgnoringFailures([&] { m_Grid.m_AlphabeticNodes.Add(alphabeticParent, NodeRelation::Child, property); });
+    property.SetUnicode(state.unicode);
+    RefreshView();
+    m_Grid.m_Events.PropertyAdded(property);
+}
+
+void ModelView::OnPropertyDeleted(CProperty& property) {
+    const ComPtr<CProperty> held(&property);
+    const bool locked = m_Grid.m_State.lockRefresh;
+    m_Grid.m_State.lockRefresh = true;
+    m_Grid.m_Session.NodeGoes(m_Grid.m_ActiveNodes->ItemOf(property));
+    IgnoringFailures([&] { RemovePropertyNodes(property); });
+    if (!m_Grid.m_CProperties)
+        return; // a handler of a child's event ended the control
+    m_Grid.m_State.lockRefresh = locked;
+    m_Grid.m_Session.DropLostSelection();
+    RefreshView();
+    m_Grid.m_Events.PropertyDeleted(property);
+}
+
+// Children go first, each with its own event.
+void ModelView::RemovePropertyNodes(CProperty& property) {
+    Ref<CNode> node(m_Grid.m_CategorizedNodes.ItemOf(property));
+    while (node && node->ChildCount() > 0) {
+        const CProperty* child = node->FirstChild()->Property();
+        if (!child)
+            break;
+        m_Grid.m_CProperties->RemoveByInternalKey(child->InternalKey());
+        if (!node->Tree())
+            return; // a handler cleared the rest
+    }
+    if (node)
+        RemoveCategorizedNode(*node);
+    m_Grid.m_AlphabeticNodes.Remove(m_Grid.m_AlphabeticNodes.ItemOf(property));
+}
+
+// A category lives as long as it has children.
+void ModelView::RemoveCategorizedNode(CNode& node) {
+    const Ref<CNode> parent(node.ParentNode());
+    m_Grid.m_CategorizedNodes.Remove(&node);
+    if (parent && parent->ChildCount() == 0 && parent->IsCategory())
+        RemoveCategorizedNode(*parent);
+}
+
+void ModelView::OnPropertiesCleared() {
+    m_Grid.m_Session.Drop();
+    m_LastCategoryNode = nullptr;
+    m_Grid.m_CategorizedNodes.Clear();
+    m_Grid.m_AlphabeticNodes.Clear();
+}
+
+void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute) {
+    if (!property.IsFiled())
+        return;
+    const ComPtr<CProperty> held(&property);
+    const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
+    Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node.Get()); });
+    if (node) {
+        Trapped([&] { UpdateChildren(property, *node); });
+        Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node->ParentNode()); });
+    }
+    if (_wcsicmp(attribute, L"visible") == 0)
+        VisibilityChanged(property);
+    else if (_wcsicmp(attribute, L"value") == 0)
+        ValueChanged(property);
+    else if (_wcsicmp(attribute, L"picture") == 0)
+        Trapped([&] { m_Grid.m_Panes.RepaintRows(); });
+    // A name needs nothing more: both nodes read it from the property.
+}
+
+// The children of a property that holds an object follow the new object at once.
+void ModelView::UpdateChildren(CProperty& property, CNode& node) {
+    if (node.ChildCount() == 0)
+        return;
+    const ComPtr<IDispatch> object = Query<IDispatch>(ObjectOf(property.Value()));
+    for (Ref<CNode> child(node.FirstChild()); child; child = Ref<CNode>(child->NextSibling())) {
+        if (CProperty* childProperty = child->Property())
+            childProperty->SetSourceObject(object.Get());
+        m_Grid.m_Panes.InvalidateNodeRow(child.Get());
+    }
+}
+
+void ModelView::VisibilityChanged(CProperty& property) {
+    for (CNodes* nodes : {&m_Grid.m_AlphabeticNodes, &m_Grid.m_CategorizedNodes})
+        nodes->VisibilityChanged(nodes->ItemOf(property));
+    if (m_Grid.m_Session.SelectedProperty() == &property) {
+        Trapped([&] { m_Grid.m_Session.CloseEditor(false); });
+        if (!property.IsVisible())
+            Trapped([&] { m_Grid.m_Session.SetSelectedNode(nullptr); });
+    }
+    m_Grid.m_Panes.m_picTreeContainer.Invalidate(true);
+}
+
+void ModelView::ValueChanged(CProperty& property) {
+    if (m_Grid.m_Session.SelectedProperty() == &property)
+        Trapped([&] { m_Grid.m_Session.ReloadEditor(property); });
+    Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });
+}
+
+void ModelView::NodeStateChanging(const std::wstring& key, VARIANT_BOOL& cancel) {
+    const Ref<CNode> node(m_Grid.m_ActiveNodes->Item(key));
+    if (!node)
+        return;
+    bool refused = cancel == VARIANT_TRUE;
+    const std::wstring name = node->Name();
+    if (node->Expanded())
+        m_Grid.m_Events.CategoryCollapsing(name, refused);
+    else
+        m_Grid.m_Events.CategoryExpanding(name, refused);
+    cancel = refused ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
+void ModelView::NodePropertyChanged(const std::wstring& key, const wchar_t* propertyName) {
+    if (_wcsicmp(propertyName, L"expanded") != 0)
+        return;
+    m_Grid.m_Session.CommitAndHide();
+    if (!m_Grid.m_CProperties)
+        return;
+    Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
+    const Ref<CNode> node(m_Grid.m_ActiveNodes->Item(key));
+    if (!node)
+        return;
+    if (!node->Expanded() && selected && selected->IsDescendantOf(node.Get()))
+        selected = node;
+    m_Grid.m_Panes.UpdateScrollBar();
+    m_Grid.m_Session.SetSelectedNode(selected);
+    m_Grid.m_Panes.InvalidateRowsFrom(*node);
+}
+
+void ModelView::ViewChanged() {
+    m_Grid.m_ActiveNodes =
+        m_Grid.m_State.activeView != omAlphabetic ? &m_Grid.m_CategorizedNodes : &m_Grid.m_AlphabeticNodes;
+    m_Grid.m_Panes.UpdateScrollBar();
+    if (m_Grid.m_Session.SelectedNode()) {
+        const CProperty* property = m_Grid.m_Session.SelectedProperty();
+        const Ref<CNode> node(property ? m_Grid.m_ActiveNodes->ItemOf(*property) : nullptr);
+        const CNode* parent = node ? node->ParentNode() : nullptr;
+        const bool reachable = m_Grid.m_State.activeView == omAlphabetic || !parent || parent->Expanded();
+        m_Grid.m_Session.SetSelectedNode(reachable ? node : Ref<CNode>());
+    }
+}
+
+void ModelView::ExpandCategory(const std::wstring& path, bool expand) {
+    std::wstring_view rest = TrimBlanks(path);
+    std::wstring key;
+    std::wstring_view segment;
+    Ref<CNode> node;
+    while (NextCategorySegment(rest, m_Grid.m_State.categorySeparator, segment)) {
+        AppendCategorySegment(key, segment);
+        node = Ref<CNode>(m_Grid.m_CategorizedNodes.Item(key));
+        if (!node)
+            break;
+        if (expand)
+            node->SetExpanded(true);
+    }
+    if (node && node->Tree())
+        node->SetExpanded(expand);
+}
+
+void ModelView::MarkCategories() {
+    const GridState& state = m_Grid.m_State;
+    // Nodes that are there follow the rows' colour when the category colour is the default.
+    const auto backColor =
+        static_cast<OLE_COLOR>(state.categoryBackColor == kButtonFace ? -1 : state.categoryBackColor);
+    for (const Ref<CNode>& node : m_Grid.m_CategorizedNodes.All()) {
+        if (!node->IsCategory())
+            continue;
+        node->SetBold(state.categoryBold);
+        node->SetForeColor(static_cast<OLE_COLOR>(state.categoryForeColor));
+        node->SetBackColor(backColor);
+        node->SetAppearance(static_cast<omAppearance>(state.categoryAppearance));
+    }
+}
+
+void ModelView::ReplaceSeparator(const std::wstring& oldSeparator, const std::wstring& newSeparator) {
+    for (long i = 1; i <= m_Grid.m_CProperties->CountOf(); ++i)
+        m_Grid.m_CProperties->At(i)->ReplaceCategorySeparator(oldSeparator, newSeparator);
+    m_LastCategoryNode = nullptr;
+}
+
+} // namespace ormisk

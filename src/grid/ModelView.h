@@ -1,0 +1,55 @@
+#pragma once
+
+#include "model/PropertyOwner.h"
+#include "tree/CNodes.h"
+
+namespace ormisk {
+
+class Grid;
+
+// Keeps both trees, the selection and the screen in step with the model. It hears of every change of the properties and
+// of the nodes, and raises the public events that follow from them.
+class ModelView final : public PropertyOwner, public _CNodeListener {
+public:
+    explicit ModelView(Grid& grid) : m_Grid(grid) {}
+
+    // Scroll range and rows anew, unless refresh is locked.
+    void RefreshView();
+    // The view itself is stored already: the other tree comes on screen, with the selection carried over.
+    void ViewChanged();
+    // Expands the whole path, or collapses its last category. A path that leads nowhere changes nothing.
+    void ExpandCategory(const std::wstring& path, bool expand);
+    // Every category node takes the control's category settings.
+    void MarkCategories();
+    // The separator in the category texts of all properties; rows stay where they are.
+    void ReplaceSeparator(const std::wstring& oldSeparator, const std::wstring& newSeparator);
+
+    // PropertyOwner
+    OLE_COLOR PropertyBackColor() const override;
+    OLE_COLOR PropertyForeColor() const override;
+    std::wstring EditorParam(omEditorType type, const std::wstring& name) const override;
+    void PropertyChanged(CProperty&) override {}
+    void PropertyChangedEx(CProperty& property, const wchar_t* attribute) override;
+    void OnPropertyAdded(CProperty& property, CProperty* parent) override;
+    void OnPropertyDeleted(CProperty& property) override;
+    void OnPropertiesCleared() override;
+    // _CNodeListener
+    void NodePropertyChanged(const std::wstring& key, const wchar_t* propertyName) override;
+    void NodeStateChanging(const std::wstring& key, VARIANT_BOOL& cancel) override;
+
+private:
+    CNode* CategoryNodeFor(CProperty& property);
+    void RemovePropertyNodes(CProperty& property);
+    void RemoveCategorizedNode(CNode& node);
+    void UpdateChildren(CProperty& property, CNode& node);
+    void VisibilityChanged(CProperty& property);
+    void ValueChanged(CProperty& property);
+    template <class F> void Trapped(F&& statement);
+
+    Grid& m_Grid;
+    // The category of the last addition: bulk additions mostly follow each other in one category.
+    std::wstring m_LastCategory;
+    Ref<CNode> m_LastCategoryNode;
+};
+
+} // namespace ormisk

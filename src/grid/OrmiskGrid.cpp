@@ -1,0 +1,264 @@
+#include "grid/OrmiskGrid.h"
+
+#include "automation/Value.h"
+#include "grid/Version.h"
+#include "platform/About.h"
+#include "platform/VersionText.h"
+
+#include <olectl.h>
+
+namespace ormisk {
+
+namespace {
+
+constexpr wchar_t kScaleUnits[] = L"ScaleUnits";
+
+} // namespace
+
+OrmiskGrid::OrmiskGrid() {
+    m_Grid.m_State.font = m_Font.Description();
+}
+
+void OrmiskGrid::FinalRelease() {
+    ControlBase::FinalRelease();
+    m_Grid.Release();
+}
+
+void OrmiskGrid::OnFirstSited(HWND parking) {
+    m_Grid.CreateWindows(parking);
+    AdoptScaleUnits();
+}
+
+void OrmiskGrid::OnInitNew() {
+    AdoptScaleUnits();
+    const ComPtr<IFontDisp> font = m_OwnFont ? nullptr : AmbientFont();
+    m_Grid.m_Properties.RunFirstDefaults(font.Get());
+    m_Font.Take(m_Grid.m_State.font);
+}
+
+void OrmiskGrid::AdoptScaleUnits() {
+    const auto units = Ambient(kScaleUnits);
+    std::wstring text;
+    if (units)
+        IgnoringFailures([&] { text = TextOf(*units); });
+    m_Grid.m_Panes.SetPaneScaleMode(text);
+}
+
+void OrmiskGrid::OnAmbientChange(DISPID id) {
+    if (!m_Grid.IsAlive())
+        return;
+    if (id != DISPID_AMBIENT_FONT)
+        AdoptScaleUnits(); // it has no number that all hosts share
+    if ((id == DISPID_AMBIENT_FONT || id == DISPID_UNKNOWN) && !m_OwnFont) {
+        if (const ComPtr<IFontDisp> font = AmbientFont()) {
+            m_Grid.m_Properties.PutFont(font.Get());
+            m_Font.Take(m_Grid.m_State.font);
+        }
+    }
+}
+
+void OrmiskGrid::OnDraw(HDC dc, const RECT& pixels) {
+    const int saved = SaveDC(dc);
+    OffsetWindowOrgEx(dc, -pixels.left, -pixels.top, nullptr);
+    m_Grid.m_Panes.Draw(dc);
+    RestoreDC(dc, saved);
+}
+
+// The grid uses what moves the selection, edits and confirms; the rest goes by the host's rules.
+HRESULT OrmiskGrid::OnTranslateKey(MSG& message) {
+    if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN)
+        return S_FALSE;
+    const bool alt = message.message == WM_SYSKEYDOWN;
+    switch (message.wParam) {
+    case VK_DOWN:
+    case VK_UP:
+        break;
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_HOME:
+    case VK_END:
+    case VK_PRIOR:
+    case VK_NEXT:
+    case VK_RETURN:
+    case VK_ESCAPE:
+        if (alt)
+            return S_FALSE;
+        break;
+    default:
+        return S_FALSE;
+    }
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+    return S_OK;
+}
+
+void OrmiskGrid::NotifyChanged(const wchar_t* propertyName) {
+    DISPID id = DISPID_UNKNOWN;
+    std::wstring name = propertyName;
+    LPOLESTR names = name.data();
+    if (SUCCEEDED(GetIDsOfNames(IID_NULL, &names, 1, LOCALE_NEUTRAL, &id)))
+        ControlCore::NotifyChanged(id);
+}
+
+void OrmiskGrid::OnFontEdited(const FontDescription&) {
+    m_OwnFont = true;
+    m_Grid.m_Properties.PutFont(m_Font.Object());
+}
+
+STDMETHODIMP OrmiskGrid::get_Font(IFontDisp** value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = ComPtr<IFontDisp>(m_Font.Object()).Detach();
+    });
+}
+
+STDMETHODIMP OrmiskGrid::putref_Font(IFontDisp* value) {
+    return Run([&] {
+        if (!value)
+            return;
+        m_Grid.m_Properties.PutFont(value);
+        m_OwnFont = true;
+        m_Font.Take(m_Grid.m_State.font);
+    });
+}
+
+STDMETHODIMP OrmiskGrid::get_hwnd(long* value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = HandleToLong(Window());
+    });
+}
+
+STDMETHODIMP OrmiskGrid::get_Indentation(float* value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = m_Grid.m_Properties.Indentation();
+    });
+}
+
+STDMETHODIMP OrmiskGrid::put_Indentation(float value) {
+    return Run([&] { m_Grid.m_Properties.PutIndentation(value); });
+}
+
+STDMETHODIMP OrmiskGrid::LoadObjectProperties(IDispatch*, VARIANT_BOOL, VARIANT_BOOL, VARIANT_BOOL*) {
+    return Run([]() { Raise(E_NOTIMPL, L"This version does not read objects."); });
+}
+
+STDMETHODIMP OrmiskGrid::LoadRecordset(IDispatch*, VARIANT_BOOL, VARIANT_BOOL*) {
+    return Run([]() { Raise(E_NOTIMPL, L"This version does not read recordsets."); });
+}
+
+STDMETHODIMP OrmiskGrid::get_Recordset(IDispatch** value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = nullptr;
+    });
+}
+
+STDMETHODIMP OrmiskGrid::get_Picture(IPictureDisp** value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = ComPtr<IPictureDisp>(m_Grid.m_State.picture).Detach();
+    });
+}
+
+STDMETHODIMP OrmiskGrid::putref_Picture(IPictureDisp* value) {
+    return Run([&] { m_Grid.m_Properties.PutPicture(value); });
+}
+
+STDMETHODIMP OrmiskGrid::get_Properties(_CProperties** value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = ComPtr<_CProperties>(m_Grid.m_CProperties.Get()).Detach();
+    });
+}
+
+STDMETHODIMP OrmiskGrid::Refresh() {
+    return Run([&] { m_Grid.m_Panes.Refresh(); });
+}
+
+STDMETHODIMP OrmiskGrid::RegisterEditor(BSTR key, _CEditor* editor, VARIANT_BOOL* result) {
+    return Run([&] {
+        if (result)
+            *result = VARIANT_FALSE; // hosts know no other answer
+        m_Grid.m_Session.m_Editors.RegisterEditor(FromBstr(key), editor, m_Grid.m_Panes.TreeWnd());
+    });
+}
+
+STDMETHODIMP OrmiskGrid::UnRegisterEditor(BSTR key) {
+    return Run([&] {
+        IgnoringFailures([&] { m_Grid.m_Session.CloseEditor(false); });
+        m_Grid.m_Session.m_Editors.UnRegisterEditor(FromBstr(key));
+    });
+}
+
+STDMETHODIMP OrmiskGrid::get_SelectedProperty(_CProperty** value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = ComPtr<_CProperty>(m_Grid.m_Session.SelectedProperty()).Detach();
+    });
+}
+
+STDMETHODIMP OrmiskGrid::putref_SelectedProperty(_CProperty* value) {
+    return Run([&] { m_Grid.m_Session.SelectProperty(value); });
+}
+
+STDMETHODIMP OrmiskGrid::StartPropertyEdit(_CProperty* property) {
+    return Run([&] { m_Grid.m_Session.StartPropertyEdit(property); });
+}
+
+STDMETHODIMP OrmiskGrid::ShowAbout() {
+    return Run([&] {
+        ShowAboutWindow(Window(), kLibraryTitle, VersionText(kVersionMajor, kVersionMinor, kVersionRevision));
+    });
+}
+
+STDMETHODIMP OrmiskGrid::get_Version(BSTR* value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = NewBstr(VersionText(kVersionMajor, kVersionMinor, kVersionRevision));
+    });
+}
+
+STDMETHODIMP OrmiskGrid::SetEditorParam(omEditorType editorType, BSTR name, BSTR value) {
+    return Run([&] { m_Grid.m_EditorParams.Set(FromBstr(name), FromBstr(value), editorType); });
+}
+
+STDMETHODIMP OrmiskGrid::GetEditorParam(omEditorType editorType, BSTR name, BSTR* value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = NewBstr(m_Grid.m_EditorParams.Get(FromBstr(name), editorType));
+    });
+}
+
+STDMETHODIMP OrmiskGrid::RemoveEditorParam(omEditorType editorType, BSTR name) {
+    return Run([&] { m_Grid.m_EditorParams.Remove(FromBstr(name), editorType); });
+}
+
+STDMETHODIMP OrmiskGrid::get_ColumnDividerPosition(float* value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = m_Grid.m_Panes.ColumnDividerPosition();
+    });
+}
+
+STDMETHODIMP OrmiskGrid::put_ColumnDividerPosition(float value) {
+    return Run([&] { m_Grid.m_Panes.SetColumnDivider(value); });
+}
+
+STDMETHODIMP OrmiskGrid::get_DescriptionPaneHeight(float* value) {
+    return Run([&] {
+        CheckPointer(value);
+        *value = m_Grid.m_Panes.DescriptionPaneHeight();
+    });
+}
+
+STDMETHODIMP OrmiskGrid::put_DescriptionPaneHeight(float value) {
+    return Run([&] { m_Grid.m_Panes.SetDescriptionPaneHeight(value); });
+}
+
+STDMETHODIMP OrmiskGrid::ExpandCategory(BSTR path, VARIANT_BOOL expand) {
+    return Run([&] { m_Grid.m_ModelView.ExpandCategory(FromBstr(path), expand != VARIANT_FALSE); });
+}
+
+} // namespace ormisk

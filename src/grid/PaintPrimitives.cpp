@@ -1,0 +1,124 @@
+#include "grid/PaintPrimitives.h"
+
+#include "automation/ComPtr.h"
+#include "platform/Gdi.h"
+#include "platform/ResourceMgr.h"
+#include "platform/Rounding.h"
+#include "platform/Scale.h"
+
+#include <algorithm>
+#include <array>
+
+#include <olectl.h>
+
+namespace ormisk {
+
+namespace {
+
+void Path(CResourceMgr& resources, HDC dc, Color color, const wchar_t* key, std::array<Point, 3> points) {
+    const HPEN pen = resources.GetPen(color, key);
+    if (!pen)
+        return;
+    const SelectGuard selected(dc, pen);
+    MoveToEx(dc, points[0].x, points[0].y, nullptr);
+    LineTo(dc, points[1].x, points[1].y);
+    LineTo(dc, points[2].x, points[2].y);
+}
+
+} // namespace
+
+void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
+    const Shades shades = ShadesOf(base);
+    const long l = rc.left;
+    const long t = rc.top;
+    const long r = rc.right;
+    const long b = rc.bottom;
+    Path(resources, dc, shades.Light, L"LightBackColor", {{{l + 1, b - 2}, {l + 1, t + 1}, {r - 2, t + 1}}});
+    Path(resources, dc, shades.Lighter, L"LighterBackColor", {{{l, b - 1}, {l, t}, {r - 1, t}}});
+    Path(resources, dc, shades.Dark, L"DarkBackColor", {{{l + 1, b - 2}, {r - 2, b - 2}, {r - 2, t + 1}}});
+    Path(resources, dc, shades.Darker, L"DarkerBackColor", {{{l, b - 1}, {r - 1, b - 1}, {r - 1, t - 1}}});
+}
+
+bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Size size, Color maskColor) {
+    const UniqueBitmap mask(CreateBitmap(size.cx, size.cy, 1, 1, nullptr));
+    const UniqueBitmap copy(CreateCompatibleBitmap(target, size.cx, size.cy));
+    const MemoryDC maskDc(target);
+    const MemoryDC copyDc(target);
+    if (!mask || !copy || !maskDc || !copyDc)
+        return false;
+    const SelectGuard maskSelected(maskDc.Get(), mask.Get());
+    const SelectGuard copySelected(copyDc.Get(), copy.Get());
+    BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, source, origin.x, origin.y, SRCCOPY);
+    SetBkColor(copyDc.Get(), maskColor);
+    BitBlt(maskDc.Get(), 0, 0, size.cx, size.cy, copyDc.Get(), 0, 0, SRCCOPY);
+    // Where the mask is set it stands for the copy's background, the mask colour: XOR blacks these pixels out.
+    BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, maskDc.Get(), 0, 0, SRCINVERT);
+    const COLORREF oldText = SetTextColor(target, 0);
+    const COLORREF oldBack = SetBkColor(target, 0xFFFFFF);
+    const auto blit = [&](HDC from, DWORD raster) {
+        if (place.Width() == size.cx && place.Height() == size.cy)
+            BitBlt(target, place.left, place.top, size.cx, size.cy, from, 0, 0, raster);
+        else
+            StretchBlt(target, place.left, place.top, place.Width(), place.Height(), from, 0, 0, size.cx, size.cy,
+                       raster);
+    };
+    blit(maskDc.Get(), SRCAND);
+    blit(copyDc.Get(), SRCINVERT);
+    SetTextColor(target, oldText);
+    SetBkColor(target, oldBack);
+    return true;
+}
+
+void TileBitmap(HDC target, IPicture* picture, const Rect& area, HDC source) {
+    const short type = PictureType(picture);
+    const Size tile = PicturePixels(picture);
+    if ((type != PICTYPE_BITMAP && type != PICTYPE_ICON) || tile.cx <= 0 || tile.cy <= 0)
+        return;
+    // A width that reaches exactly 0 would never get ahead.
+    const auto guarded = [](long extent) { return extent == 0 ? 4 : extent; };
+    long y = area.top;
+    long sourceY = area.top % tile.cy;
+    while (y < area.bottom) {
+        const long height = guarded(std::min(tile.cy - sourceY, area.bottom - y));
+        long x = area.left;
+        long sourceX = area.left % tile.cx;
+        while (x < area.right) {
+            const long width = guarded(std::min(tile.cx - sourceX, area.right - x));
+            BitBlt(target, x, y, width, height, source, sourceX, sourceY, SRCCOPY);
+            x += width;
+            sourceX = 0;
+        }
+        y += height;
+        sourceY = 0;
+    }
+}
+
+short PictureType(IUnknown* object) {
+    const ComPtr<IPicture> picture = Query<IPicture>(object);
+    short type = PICTYPE_NONE;
+    if (!picture || FAILED(picture->get_Type(&type)))
+        return PICTYPE_NONE;
+    return type == PICTYPE_UNINITIALIZED ? static_cast<short>(PICTYPE_NONE) : type;
+}
+
+Size PicturePixels(IPicture* picture) {
+    OLE_XSIZE_HIMETRIC width = 0;
+    OLE_YSIZE_HIMETRIC height = 0;
+    if (!picture || FAILED(picture->get_Width(&width)) || FAILED(picture->get_Height(&height)))
+        return {};
+    const WindowDC screen(nullptr);
+    const auto pixels = [&](long himetric, int index, Axis axis) {
+        return RoundToLong(ConvertScale(static_cast<double>(himetric), ScaleMode::Himetric, ScaleMode::Pixel,
+                                        GetDeviceCaps(screen.Get(), index), axis));
+    };
+    return {pixels(width, LOGPIXELSX, Axis::X), pixels(height, LOGPIXELSY, Axis::Y)};
+}
+
+HANDLE PictureHandle(IPicture* picture) {
+    OLE_HANDLE handle = 0;
+    if (!picture || FAILED(picture->get_Handle(&handle)))
+        return nullptr;
+    return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(static_cast<LONG>(handle)));
+}
+
+} // namespace ormisk

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Color.h"
+#include "platform/Geometry.h"
+
+#include <windows.h>
+
+#include <ocidl.h>
+
+namespace ormisk {
+
+class CResourceMgr;
+
+// A relief on the rectangle, in shades of the base colour, which is an RGB value.
+void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rect, Color base);
+
+// Copies a bitmap but for the pixels of the mask colour, an RGB value; true on success.
+bool TransparentBlit(HDC target, const Rect& place, HDC source, Point sourceOrigin, Size sourceSize, Color maskColor);
+
+// Tiles over an area, aligned to the coordinate origin. Draws bitmaps and icons only.
+void TileBitmap(HDC target, IPicture* picture, const Rect& area, HDC source);
+
+// Type of a picture (0 none, 1 bitmap, 2 metafile, 3 icon, 4 enhanced metafile); 0 without one or when it fails.
+short PictureType(IUnknown* picture);
+
+// Size in pixels, rounded.
+Size PicturePixels(IPicture* picture);
+
+// The bitmap or icon handle, null when it fails. Stays the picture's.
+HANDLE PictureHandle(IPicture* picture);
+
+} // namespace ormisk

@@ -1,0 +1,193 @@
+// What the windows report, and which room hears it.
+
+#include "grid/Grid.h"
+#include "platform/Rounding.h"
+
+namespace ormisk {
+
+void Panes::PaintTree(UINT message, WPARAM wParam) {
+    if (m_Grid.m_State.lockRefresh)
+        UpdateScrollBar();
+    if (message == WM_PRINTCLIENT) {
+        const Size client = m_picTreeContainer.ClientSize();
+        m_Grid.m_RowPainter.PaintTree(reinterpret_cast<HDC>(wParam), {0, 0, client.cx, client.cy});
+        return;
+    }
+    const PaintDC paint(TreeWnd());
+    if (!paint)
+        return;
+    const RECT& clip = paint.UpdateRect();
+    m_Grid.m_RowPainter.PaintTree(paint.Get(), {clip.left, clip.top, clip.right, clip.bottom});
+}
+
+void Panes::Draw(HDC dc) {
+    for (Pane* pane : {&m_Control, &m_picBG, &m_picTabContainer, &m_picRSToolbar, &m_picTreeContainer,
+                       &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader, &m_picDescPane}) {
+        const HWND window = pane->hWnd();
+        const bool shown = pane == &m_Control || (window && GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE);
+        if (!window || !shown)
+            continue;
+        POINT origin{};
+        MapWindowPoints(window, m_Control.hWnd(), &origin, 1);
+        const Size size = pane->ClientSize();
+        const RECT area{0, 0, size.cx, size.cy};
+        const int saved = SaveDC(dc);
+        OffsetWindowOrgEx(dc, -origin.x, -origin.y, nullptr);
+        IntersectClipRect(dc, 0, 0, size.cx, size.cy);
+        const UniqueBrush brush(CreateSolidBrush(TranslateColor(pane->BackColor())));
+        FillRect(dc, &area, brush.Get());
+        OnPaint(*pane, dc, area);
+        RestoreDC(dc, saved);
+    }
+}
+
+void Panes::OnPaint(Pane& pane, HDC dc, const RECT&) {
+    if (&pane == &m_picTreeContainer) {
+        // While a form is being designed, nobody takes the message before the pane.
+        const Size client = pane.ClientSize();
+        m_Grid.m_RowPainter.PaintTree(dc, {0, 0, client.cx, client.cy});
+    }
+}
+
+CSplitter* Panes::SplitterIn(const Pane& pane) {
+    if (&pane == &m_picBG)
+        return &m_ContainerSplitter;
+    return &pane == &m_picHeaderContainer ? &m_HeaderSplitter : nullptr;
+}
+
+// A splitter hears of its container's mouse before the host does.
+void Panes::OnMouseDown(Pane& pane, const MouseEvent& event) {
+    if (CSplitter* splitter = SplitterIn(pane))
+        splitter->ContainerMouseDown(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
+                                     pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Down);
+}
+
+void Panes::OnMouseMove(Pane& pane, const MouseEvent& event) {
+    if (CSplitter* splitter = SplitterIn(pane))
+        splitter->ContainerMouseMove(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
+                                     pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Move);
+}
+
+void Panes::OnMouseUp(Pane& pane, const MouseEvent& event) {
+    if (CSplitter* splitter = SplitterIn(pane))
+        splitter->ContainerMouseUp(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
+                                   pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Up);
+}
+
+void Panes::OnClick(Pane& pane) {
+    if (&pane == &m_picTreeContainer)
+        m_Grid.m_Input.OnTreeClick();
+}
+
+void Panes::OnDblClick(Pane& pane) {
+    if (CSplitter* splitter = SplitterIn(pane))
+        splitter->ContainerDblClick();
+    else if (&pane == &m_picTreeContainer)
+        m_Grid.m_Input.OnTreeDblClick();
+}
+
+void Panes::OnKeyDown(Pane& pane, int& keyCode, int shift) {
+    m_Grid.m_Input.PaneKeyDown(pane, keyCode, shift);
+}
+
+void Panes::OnKeyUp(Pane&, int& keyCode, int shift) {
+    m_Grid.m_Events.KeyUp(keyCode, shift);
+}
+
+void Panes::OnKeyPress(Pane&, int& keyAscii) {
+    m_Grid.m_Events.KeyPress(keyAscii);
+}
+
+void Panes::OnFocusChange(Pane& pane, bool gained) {
+    if (gained)
+        m_Grid.m_Host.FocusEntered();
+    // The control itself has nothing to type into.
+    if (gained && &pane == &m_Control)
+        m_picTreeContainer.TakeFocus();
+    if (!gained && &pane == &m_picTabContainer)
+        m_Grid.m_Input.TabsLostFocus();
+}
+
+void Panes::OnResize(Pane& pane) {
+    if (&pane == &m_Control)
+        ControlResized();
+    else if (&pane == &m_picBG)
+        m_ContainerSplitter.ContainerResize();
+    else if (&pane == &m_picTabContainer)
+        LayoutTabContainer();
+    else if (&pane == &m_picTreeContainer)
+        RecalcLayout();
+    else if (&pane == &m_picHeaderContainer)
+        m_HeaderSplitter.ContainerResize();
+    else
+        pane.Invalidate(true); // what is drawn in it follows its size
+}
+
+bool Panes::OnChildMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    switch (message) {
+    case WM_VSCROLL:
+        return &pane == &m_picTreeContainer && m_VScroll.HandleScroll(wParam, lParam);
+    case WM_CTLCOLOREDIT:
+        for (TextBox* box : {&m_TextEditor, &m_txtRecordNo}) {
+            if (box->Hwnd() == reinterpret_cast<HWND>(lParam)) {
+                result = reinterpret_cast<LRESULT>(box->OnCtlColor(reinterpret_cast<HDC>(wParam)));
+                return result != 0;
+            }
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+void Panes::LocationChanged(CSplitter& splitter) {
+    if (!m_Grid.IsAlive())
+        return;
+    if (&splitter == &m_HeaderSplitter)
+        HeaderSplitterMoved();
+    else
+        m_picDescPane.Refresh();
+}
+
+void Panes::SplitterDblClick(CSplitter& splitter) {
+    if (&splitter == &m_HeaderSplitter)
+        SetColumnDivider(-1.0F);
+}
+
+void Panes::HeaderSplitterMoved() {
+    const long bar = RoundToLong(static_cast<double>(ScrollBarUnits()));
+    if (const auto limit = DividerLimit(static_cast<double>(m_HeaderSplitter.SplitterLocation()),
+                                        static_cast<double>(m_Control.ScaleWidth()), bar)) {
+        // The new location reports itself and does the rest.
+        m_HeaderSplitter.SplitterLocation(static_cast<float>(*limit));
+    } else {
+        m_Grid.m_Session.PlaceOpenEditor();
+        m_picTreeContainer.Invalidate(true);
+    }
+    m_picNameHeader.Invalidate(true);
+    m_picValueHeader.Invalidate(true);
+}
+
+void Panes::OnScroll() {
+    m_VScroll.HideCaret();
+    const long value = m_VScroll.Value();
+    if (value == m_LastScrollValue || !m_Grid.IsAlive())
+        return;
+    const long distance = (m_LastScrollValue - value) * m_RowHeight;
+    m_LastScrollValue = value;
+    if (m_Grid.m_State.picture)
+        RepaintRows(); // moved pixels would tear the background
+    else
+        ScrollWindowEx(TreeWnd(), 0, distance, nullptr, nullptr, nullptr, nullptr, SW_INVALIDATE);
+    m_Grid.m_Session.Scrolled();
+}
+
+void Panes::OnScrollBarFocus() {
+    m_picTreeContainer.TakeFocus();
+    m_VScroll.HideCaret();
+}
+
+} // namespace ormisk

@@ -1,0 +1,351 @@
+#include "grid/Panes.h"
+
+#include "grid/Grid.h"
+#include "platform/Rounding.h"
+#include "platform/TextOutput.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ormisk {
+
+namespace {
+
+long Pixels(double value) {
+    return RoundToLong(value);
+}
+
+// The size that a new control has until its host gives it another.
+constexpr Size kInitialSize{240, 320};
+
+} // namespace
+
+Panes::Panes(Grid& grid) : m_Grid(grid) {}
+
+void Panes::Create(HWND parent) {
+    const auto create = [&](Pane& pane, const Pane& in, Pane::Options options) {
+        pane.Create(in.hWnd(), *this, options);
+    };
+    m_Control.Create(parent, *this, {.takesFocus = true, .visible = false});
+    create(m_picBG, m_Control, {});
+    create(m_picDescPane, m_picBG, {});
+    create(m_picTabContainer, m_picBG, {.takesFocus = true});
+    create(m_picRSToolbar, m_picTabContainer, {.visible = false});
+    for (Pane* button : {&m_picShowFirst, &m_picShowPrevious, &m_lblTotalRecords, &m_picShowNext, &m_picShowLast})
+        create(*button, m_picRSToolbar, {});
+    m_txtRecordNo.Create(m_picRSToolbar.hWnd(), nullptr);
+    create(m_picTreeContainer, m_picTabContainer, {.takesFocus = true, .erases = false});
+    m_VScroll.Create(m_picTreeContainer.hWnd(), *this);
+    m_TextEditor.Create(m_picTreeContainer.hWnd(), &m_Grid.m_Input);
+    create(m_picHeaderContainer, m_picTreeContainer, {});
+    create(m_picNameHeader, m_picHeaderContainer, {});
+    create(m_picValueHeader, m_picHeaderContainer, {});
+    m_picHeaderContainer.BringToTop();
+    ApplyFrame();
+    ApplyColors();
+    m_Control.MovePixels({0, 0, kInitialSize.cx, kInitialSize.cy});
+    RecalcRowHeight();
+}
+
+void Panes::CreateSplitters() {
+    m_HeaderSplitter.init(&m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader, SplitterOrientation::Vertical);
+    m_HeaderSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picHeaderContainer.PixelsToUnitsX(1.0F))));
+    m_HeaderSplitter.SplitterLocation(m_picHeaderContainer.ScaleWidth() / 2);
+    m_ContainerSplitter.init(&m_picBG, &m_picTabContainer, &m_picDescPane, SplitterOrientation::Horizontal);
+    const float height = m_picBG.ScaleHeight();
+    m_ContainerSplitter.SplitterLocation(height - 0.2F * height);
+}
+
+void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
+    const ScaleMode mode = ScaleModeFromText(scaleUnits);
+    const float divider = m_picHeaderContainer.UnitsToPixelsX(m_HeaderSplitter.SplitterLocation());
+    const float description = m_picBG.UnitsToPixelsY(m_ContainerSplitter.SplitterLocation());
+    const float bar = m_picBG.UnitsToPixelsX(static_cast<float>(m_ContainerSplitter.SplitterbarSize()));
+    for (Pane* pane :
+         {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
+          &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
+          &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
+        pane->SetScale(mode);
+    if (!m_Control.IsAlive())
+        return;
+    // The bars stay where they are, told in the new units.
+    m_HeaderSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picHeaderContainer.PixelsToUnitsX(1.0F))));
+    m_HeaderSplitter.SplitterLocation(m_picHeaderContainer.PixelsToUnitsX(divider));
+    m_ContainerSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picBG.PixelsToUnitsX(bar))));
+    m_ContainerSplitter.SplitterLocation(m_picBG.PixelsToUnitsY(description));
+}
+
+void Panes::FontChanged() {
+    UpdateHeaderMetrics();
+    RecalcRowHeight();
+    RecalcLayout();
+    m_Grid.m_Session.FontChanged();
+}
+
+void Panes::RecalcRowHeight() {
+    const WindowDC dc(TreeWnd());
+    const HFONT font = m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"TreeFont");
+    if (!dc || !font)
+        return;
+    const SelectGuard selected(dc.Get(), font);
+    m_RowHeight = RowHeightOfText(MeasureText(dc.Get(), L"Ag", false).cy);
+}
+
+void Panes::UpdateHeaderMetrics() {
+    const WindowDC dc(m_picHeaderContainer.hWnd());
+    const HFONT font = m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"TreeFont");
+    if (!dc || !font)
+        return;
+    long height = 0;
+    {
+        const SelectGuard selected(dc.Get(), font);
+        height = HeaderHeightOfText(MeasureText(dc.Get(), L"Qp", false).cy);
+    }
+    if (height == m_HeaderHeight)
+        return;
+    m_HeaderHeight = height;
+    RecalcLayout();
+}
+
+void Panes::ControlResized() {
+    const Size client = m_Control.ClientSize();
+    m_picBG.MovePixels({0, 0, client.cx, client.cy});
+    m_Grid.m_Session.CloseEditor(false);
+    RecalcLayout();
+}
+
+bool Panes::RecordToolbarShown() const {
+    // Without recordsets, "automatic" is never.
+    return m_Grid.m_State.recordsetToolbar == omShow;
+}
+
+void Panes::LayoutTabContainer() {
+    long tabHeight = 0;
+    long margin = 0;
+    if (m_Grid.m_State.showTabs) {
+        m_Grid.m_ChromeMetrics.CalcTabRects();
+        tabHeight = m_Grid.m_ChromeMetrics.TabHeight();
+        margin = 4;
+    }
+    const Size client = m_picTabContainer.ClientSize();
+    long toolbarHeight = 0;
+    m_picRSToolbar.SetVisible(RecordToolbarShown());
+    if (RecordToolbarShown()) {
+        LayoutRecordToolbar();
+        toolbarHeight = Pixels(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
+    }
+    m_picTreeContainer.MovePixels({margin, tabHeight + margin, client.cx - margin,
+                                   client.cy - margin - toolbarHeight});
+}
+
+// From left to right: first, previous, record number, total, next, last; 4 pixels of air around them.
+void Panes::LayoutRecordToolbar() {
+    constexpr long kAir = 4;
+    SIZE text{6, 13};
+    if (const WindowDC dc(m_picRSToolbar.hWnd()); dc) {
+        const SelectGuard selected(dc.Get(), m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"RSToolbarFont"));
+        text = MeasureText(dc.Get(), L"Ag", false);
+    }
+    const long height = text.cy + 2;
+    const long numberWidth = text.cx / 2 * 8;
+    const long totalWidth = text.cx / 2 * 12;
+    const Size client = m_picTabContainer.ClientSize();
+    const long frame = m_Grid.m_State.showTabs ? 4 : 2;
+    m_picRSToolbar.MovePixels(
+        {frame, client.cy - frame - height - 2 * kAir, client.cx - frame, client.cy - frame});
+    m_txtRecordNo.SetFont(m_Grid.m_State.font);
+
+    long x = kAir;
+    const auto place = [&](Pane& pane, long width) {
+        pane.MovePixels({x, kAir, x + width, kAir + height});
+        x += width;
+    };
+    place(m_picShowFirst, height);
+    place(m_picShowPrevious, height);
+    m_txtRecordNo.Move(x, kAir, numberWidth, height);
+    m_txtRecordNo.SetVisible(true);
+    x += numberWidth;
+    place(m_lblTotalRecords, totalWidth);
+    place(m_picShowNext, height);
+    place(m_picShowLast, height);
+}
+
+void Panes::RecalcLayout() {
+    if (!m_picTreeContainer.IsAlive())
+        return;
+    const Size client = m_picTreeContainer.ClientSize();
+    const bool headers = m_Grid.m_State.headers != omHeadersNone;
+    // Without headers the strip is parked above the visible area.
+    const long top = headers ? 0 : -m_HeaderHeight;
+    m_picHeaderContainer.MovePixels({0, top, client.cx, top + m_HeaderHeight});
+    const long headerPx = headers ? m_HeaderHeight : 0;
+    UpdateScrollBar();
+    const long barWidth = GetSystemMetrics(SM_CXVSCROLL);
+    m_VScroll.MovePixels({client.cx - barWidth, headerPx, client.cx, client.cy});
+    m_VScroll.HideCaret();
+    m_picTreeContainer.Invalidate(false);
+    m_Grid.m_Session.PlaceOpenEditor();
+}
+
+void Panes::UpdateScrollBar() {
+    const long headerPx = m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0;
+    const auto range = ScrollRangeFor(m_Grid.m_ActiveNodes->VisibleRowCount(), m_picTreeContainer.ClientSize().cy,
+                                      headerPx, m_RowHeight);
+    if (!range)
+        return;
+    if (!range->shown) {
+        m_VScroll.Show(false);
+        return;
+    }
+    m_VScroll.SetRange(range->max, range->largeChange);
+    m_VScroll.Show(true);
+    m_VScroll.HideCaret();
+}
+
+void Panes::ApplyFrame() {
+    const bool raised = m_Grid.m_State.appearance == om3d;
+    const Pane::Border border = raised ? Pane::Border::Sunken : Pane::Border::Line;
+    m_Control.SetBorder(m_Grid.m_State.borderStyle == omFixedSingle ? border : Pane::Border::None);
+    m_picTreeContainer.SetBorder(border);
+}
+
+void Panes::ApplyColors() {
+    const auto color = static_cast<Color>(m_Grid.m_State.backColor);
+    for (Pane* pane :
+         {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
+          &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
+          &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
+        pane->SetBackColor(color);
+}
+
+void Panes::ApplyShowDescription() {
+    m_ContainerSplitter.HidePane(m_Grid.m_State.showDescription ? HiddenPane::None : HiddenPane::Bottom);
+}
+
+double Panes::DividerPixels() const {
+    return static_cast<double>(m_picHeaderContainer.UnitsToPixelsX(m_HeaderSplitter.SplitterLocation()));
+}
+
+LayoutMetrics Panes::Metrics() const {
+    LayoutMetrics metrics;
+    metrics.rowHeight = m_RowHeight;
+    metrics.headerHeight = m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0;
+    metrics.client = m_picTreeContainer.ClientSize();
+    metrics.scrollBarWidth = GetSystemMetrics(SM_CXVSCROLL);
+    metrics.scrollBarShown = m_VScroll.IsShown();
+    metrics.scrollValue = m_VScroll.Value();
+    metrics.indentation = static_cast<double>(m_Grid.m_State.indentation);
+    const long style = m_Grid.m_State.treeStyle;
+    metrics.expanderStyle = style == omPlusMinusText || style == omTreeLinesPlusMinusText;
+    metrics.divider = DividerPixels();
+    return metrics;
+}
+
+RowGeometry Panes::GeometryOf(const CNode& node) const {
+    return LayoutRow(Metrics(), m_Grid.m_ActiveNodes->RowOf(&node), node.Level(),
+                     m_Grid.m_RowPainter.PictureSize(node));
+}
+
+std::optional<Rect> Panes::RowRectOf(const CNode* node) const {
+    const long row = node ? m_Grid.m_ActiveNodes->RowOf(node) : -1;
+    if (row < 0)
+        return std::nullopt;
+    return RowRect(Metrics(), row);
+}
+
+Ref<CNode> Panes::RowFromPoint(long x, long y) const {
+    const auto row = RowAtPoint(Metrics(), x, y);
+    if (!row || *row >= m_Grid.m_ActiveNodes->VisibleRowCount())
+        return nullptr;
+    return Ref<CNode>(m_Grid.m_ActiveNodes->NodeAtRow(*row));
+}
+
+float Panes::ScrollBarUnits() const {
+    return m_VScroll.IsShown() ? m_Control.PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CXVSCROLL))) : 0.0F;
+}
+
+void Panes::SetColumnDivider(float location) {
+    if (location < 0)
+        location = m_picHeaderContainer.PixelsToUnitsX(static_cast<float>(ComputeAutoDividerWidth()));
+    const double clamped =
+        ClampDivider(static_cast<double>(location), static_cast<double>(m_Control.ScaleWidth()),
+                     static_cast<double>(ScrollBarUnits()), static_cast<double>(m_Control.PixelsToUnitsX(1.0F)));
+    m_HeaderSplitter.SplitterLocation(static_cast<float>(clamped));
+    m_picTreeContainer.Invalidate(true);
+}
+
+long Panes::ComputeAutoDividerWidth() const {
+    const WindowDC dc(TreeWnd());
+    if (!dc)
+        return 0;
+    long widest = 0;
+    const LayoutMetrics metrics = Metrics();
+    for (CNode* node = m_Grid.m_ActiveNodes->NodeAtRow(0); node; node = node->NextVisible()) {
+        const SelectGuard selected(dc.Get(), m_Grid.m_RowPainter.FontOf(*node));
+        const RowGeometry geometry = LayoutRow(metrics, 0, node->Level(), m_Grid.m_RowPainter.PictureSize(*node));
+        const CProperty* property = node->Property();
+        const long extra = property && property->EditorKind() == omColorEditor ? geometry.name.Width() : 0;
+        widest = std::max(widest,
+                          MeasureText(dc.Get(), node->Name(), false).cx + geometry.textLeft + extra + 5);
+    }
+    return widest;
+}
+
+float Panes::DescriptionPaneHeight() const {
+    return m_picBG.ScaleHeight() - m_ContainerSplitter.SplitterLocation();
+}
+
+void Panes::SetDescriptionPaneHeight(float height) {
+    if (height <= 0) {
+        const CProperty* property = m_Grid.m_Session.SelectedProperty();
+        const long pixels = m_Grid.m_ChromeMetrics.CalcDescriptionHeight(property ? property->Help() : std::wstring());
+        height = m_picBG.PixelsToUnitsY(static_cast<float>(pixels));
+    }
+    m_ContainerSplitter.SplitterLocation(m_picBG.ScaleHeight() - height);
+    UpdateScrollBar();
+    if (const Ref<CNode> selected = m_Grid.m_Session.SelectedNode())
+        EnsureRowVisible(*selected);
+}
+
+void Panes::RepaintRows() {
+    if (!m_Grid.m_State.lockRefresh)
+        m_picTreeContainer.Invalidate(true);
+}
+
+void Panes::InvalidateNodeRow(const CNode* node) {
+    auto rect = RowRectOf(node);
+    if (!rect)
+        return;
+    rect->bottom += 1;
+    m_picTreeContainer.Invalidate(*rect, true);
+}
+
+void Panes::InvalidateRowsFrom(const CNode& node) {
+    if (m_Grid.m_ActiveNodes->RowOf(&node) < 0)
+        return;
+    // The expander's top counts from its own cell, so nearly all rows are painted anew: those above may have moved too,
+    // when the scroll bar went.
+    const Size client = m_picTreeContainer.ClientSize();
+    m_picTreeContainer.Invalidate({0, GeometryOf(node).expander.top, client.cx, client.cy}, false);
+}
+
+void Panes::Refresh() {
+    if (m_Grid.m_State.lockRefresh)
+        return;
+    for (Pane* pane : {&m_picTreeContainer, &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader,
+                       &m_picDescPane, &m_picTabContainer, &m_picBG})
+        pane->Refresh();
+}
+
+bool Panes::EnsureRowVisible(const CNode& node) {
+    const auto rect = RowRectOf(&node);
+    if (!rect)
+        return true;
+    const auto value = ScrollValueFor(Metrics(), *rect);
+    if (!value)
+        return true;
+    m_VScroll.SetValue(*value);
+    return false;
+}
+
+} // namespace ormisk

@@ -1,0 +1,56 @@
+#include "grid/ValueStore.h"
+
+#include "grid/PaintPrimitives.h"
+#include "platform/FontDescription.h"
+
+namespace ormisk {
+
+namespace {
+
+_variant_t DefaultMember(IUnknown* object) {
+    const ComPtr<IDispatch> dispatch = Query<IDispatch>(object);
+    _variant_t result;
+    DISPPARAMS none{};
+    if (dispatch)
+        dispatch->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
+                         &result, nullptr, nullptr);
+    return result;
+}
+
+} // namespace
+
+bool ValuesEqual(const VARIANT& a, const VARIANT& b) {
+    if (HoldsObject(a) != HoldsObject(b))
+        return false;
+    if (!HoldsObject(a))
+        return CompareValues(a, b) == Comparison::Equal;
+    if (Query<IFont>(ObjectOf(a)) && Query<IFont>(ObjectOf(b)))
+        return DescribeFont(ObjectOf(a)) == DescribeFont(ObjectOf(b));
+    if (Query<IPicture>(ObjectOf(a)) && Query<IPicture>(ObjectOf(b)))
+        return CompareValues(DefaultMember(ObjectOf(a)), DefaultMember(ObjectOf(b))) == Comparison::Equal;
+    return false;
+}
+
+ComPtr<IFontDisp> CopyFont(IUnknown* font) {
+    FONTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    wchar_t name[] = L"Arial";
+    description.lpstrName = name;
+    description.cySize.int64 = 80000;
+    description.sWeight = FW_NORMAL;
+    ComPtr<IFontDisp> copy;
+    Check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(copy.GetAddressOf())));
+    ApplyFont(DescribeFont(font), copy.Get());
+    return copy;
+}
+
+ComPtr<IPictureDisp> LoadPictureFile(const std::wstring& path) {
+    ComPtr<IPictureDisp> picture;
+    const _variant_t name = ToVariant(path);
+    if (FAILED(OleLoadPictureFile(name, reinterpret_cast<IDispatch**>(picture.GetAddressOf()))) ||
+        PictureType(picture.Get()) <= PICTYPE_NONE)
+        return nullptr;
+    return picture;
+}
+
+} // namespace ormisk

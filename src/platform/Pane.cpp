@@ -1,0 +1,380 @@
+#include "platform/Pane.h"
+
+#include "automation/Error.h"
+#include "platform/Gdi.h"
+#include "platform/Rounding.h"
+
+#include <algorithm>
+#include <windowsx.h>
+
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+namespace ormisk {
+
+namespace {
+
+constexpr wchar_t kClassName[] = L"OrmiskPane";
+long g_Windows = 0; // alive; the window class goes with the last one, before the module that holds its procedure
+
+HINSTANCE Module() {
+    return reinterpret_cast<HINSTANCE>(&__ImageBase);
+}
+
+double ScreenDpi(Axis axis) {
+    static const Size dpi = [] {
+        const WindowDC screen(nullptr);
+        if (!screen)
+            return Size{96, 96};
+        return Size{GetDeviceCaps(screen.Get(), LOGPIXELSX), GetDeviceCaps(screen.Get(), LOGPIXELSY)};
+    }();
+    return static_cast<double>(axis == Axis::X ? dpi.cx : dpi.cy);
+}
+
+float Convert(float value, ScaleMode from, ScaleMode to, Axis axis) {
+    return static_cast<float>(ConvertScale(static_cast<double>(value), from, to, ScreenDpi(axis), axis));
+}
+
+int ButtonOf(UINT message) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+        return 1;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+    case WM_RBUTTONDBLCLK:
+        return 2;
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONUP:
+    case WM_MBUTTONDBLCLK:
+        return 4;
+    default:
+        return 0;
+    }
+}
+
+int ButtonsDown(WPARAM keys) {
+    return (keys & MK_LBUTTON ? 1 : 0) | (keys & MK_RBUTTON ? 2 : 0) | (keys & MK_MBUTTON ? 4 : 0);
+}
+
+Pane* PaneOf(HWND window) {
+    return reinterpret_cast<Pane*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+} // namespace
+
+int ShiftState() {
+    return (GetKeyState(VK_SHIFT) < 0 ? 1 : 0) | (GetKeyState(VK_CONTROL) < 0 ? 2 : 0) |
+           (GetKeyState(VK_MENU) < 0 ? 4 : 0);
+}
+
+void Pane::Create(HWND parent, PaneListener& listener, Options options) {
+    if (g_Windows == 0) {
+        WNDCLASSEXW windowClass{};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.style = CS_DBLCLKS;
+        windowClass.lpfnWndProc = WindowProc;
+        windowClass.hInstance = Module();
+        windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+        windowClass.lpszClassName = kClassName;
+        if (!RegisterClassExW(&windowClass))
+            Check(HRESULT_FROM_WIN32(GetLastError()));
+    }
+    m_Listener = &listener;
+    m_Options = options;
+    const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | (options.visible ? WS_VISIBLE : 0);
+    if (!CreateWindowExW(0, kClassName, L"", style, 0, 0, 0, 0, parent, nullptr, Module(), this))
+        Check(HRESULT_FROM_WIN32(GetLastError()));
+}
+
+void Pane::Destroy() {
+    m_Listener = nullptr;
+    if (m_hWnd)
+        DestroyWindow(m_hWnd);
+}
+
+LRESULT CALLBACK Pane::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        auto* pane = static_cast<Pane*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+        pane->m_hWnd = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(pane));
+        ++g_Windows;
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+    Pane* pane = PaneOf(window);
+    if (message == WM_NCDESTROY) {
+        if (pane)
+            pane->m_hWnd = nullptr;
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        const LRESULT result = DefWindowProcW(window, message, wParam, lParam);
+        if (--g_Windows == 0)
+            UnregisterClassW(kClassName, Module());
+        return result;
+    }
+    if (!pane || !pane->m_Listener)
+        return DefWindowProcW(window, message, wParam, lParam);
+    LRESULT result = 0;
+    // What a handler raises has no caller to go to.
+    IgnoringFailures([&] { result = pane->Handle(message, wParam, lParam); });
+    return result;
+}
+
+// Nothing of the pane is touched after its listener was called, unless the window is known to live.
+LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = m_hWnd;
+    LRESULT result = 0;
+    switch (message) {
+    case WM_SIZE:
+        m_Listener->OnResize(*this);
+        return 0;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+        m_Listener->OnFocusChange(*this, message == WM_SETFOCUS);
+        return 0;
+    case WM_GETDLGCODE:
+        return m_Options.takesFocus ? DLGC_WANTARROWS | DLGC_WANTCHARS : 0;
+    case WM_CANCELMODE:
+        m_Pressed = false;
+        break;
+    case WM_SETCURSOR:
+        if (LOWORD(lParam) == HTCLIENT && reinterpret_cast<HWND>(wParam) == window &&
+            m_MousePointer != MousePointer::Default) {
+            SetCursor(LoadCursorW(nullptr, m_MousePointer == MousePointer::SizeNS ? IDC_SIZENS : IDC_SIZEWE));
+            return TRUE;
+        }
+        break;
+    case WM_VSCROLL:
+    case WM_COMMAND:
+    case WM_NOTIFY:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORLISTBOX:
+    case WM_CTLCOLORBTN:
+        if (m_Listener->OnChildMessage(*this, message, wParam, lParam, result))
+            return result;
+        break;
+    default:
+        if (HandlePainting(message, wParam, result))
+            return result;
+        if (HandleMouse(message, wParam, lParam) || HandleKey(message, wParam))
+            return 0;
+        break;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+bool Pane::HandlePainting(UINT message, WPARAM wParam, LRESULT& result) {
+    switch (message) {
+    case WM_ERASEBKGND: {
+        result = 1;
+        if (!m_Options.erases)
+            return true;
+        RECT client;
+        GetClientRect(m_hWnd, &client);
+        const UniqueBrush brush(CreateSolidBrush(TranslateColor(m_BackColor)));
+        FillRect(reinterpret_cast<HDC>(wParam), &client, brush.Get());
+        return true;
+    }
+    case WM_PAINT: {
+        const PaintDC paint(m_hWnd);
+        if (paint)
+            m_Listener->OnPaint(*this, paint.Get(), paint.UpdateRect());
+        return true;
+    }
+    case WM_PRINTCLIENT: {
+        RECT client;
+        GetClientRect(m_hWnd, &client);
+        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), client);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+bool Pane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+    MouseEvent event{ButtonOf(message), ShiftState(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDBLCLK:
+        ButtonDown(event, false);
+        return true;
+    case WM_LBUTTONDBLCLK:
+        ButtonDown(event, true);
+        return true;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+        ButtonUp(event);
+        return true;
+    case WM_MOUSEMOVE:
+        event.button = ButtonsDown(wParam);
+        m_Listener->OnMouseMove(*this, event);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Pane::ButtonDown(const MouseEvent& event, bool doubleClick) {
+    const HWND window = m_hWnd;
+    if (m_Options.takesFocus)
+        SetFocus(window);
+    if (PaneOf(window) != this || !m_Listener)
+        return;
+    SetCapture(window);
+    m_Pressed = event.button == 1 && !doubleClick;
+    // The second press of a double click is told as such only.
+    if (doubleClick)
+        m_Listener->OnDblClick(*this);
+    else
+        m_Listener->OnMouseDown(*this, event);
+}
+
+void Pane::ButtonUp(const MouseEvent& event) {
+    const HWND window = m_hWnd;
+    const bool pressed = m_Pressed;
+    if (event.button == 1)
+        m_Pressed = false;
+    if (GetCapture() == window && GetKeyState(VK_LBUTTON) >= 0 && GetKeyState(VK_RBUTTON) >= 0 &&
+        GetKeyState(VK_MBUTTON) >= 0)
+        ReleaseCapture();
+    m_Listener->OnMouseUp(*this, event);
+    if (PaneOf(window) != this || !m_Listener || !pressed || event.button != 1)
+        return;
+    const Size client = ClientSize();
+    if (event.x >= 0 && event.y >= 0 && event.x < client.cx && event.y < client.cy)
+        m_Listener->OnClick(*this);
+}
+
+bool Pane::HandleKey(UINT message, WPARAM wParam) {
+    int code = static_cast<int>(wParam);
+    switch (message) {
+    case WM_KEYDOWN:
+        m_Listener->OnKeyDown(*this, code, ShiftState());
+        return true;
+    case WM_SYSKEYDOWN:
+        m_Listener->OnKeyDown(*this, code, ShiftState());
+        return code == 0;
+    case WM_KEYUP:
+        m_Listener->OnKeyUp(*this, code, ShiftState());
+        return true;
+    case WM_CHAR:
+        m_Listener->OnKeyPress(*this, code);
+        return true;
+    default:
+        return false;
+    }
+}
+
+Size Pane::ClientSize() const {
+    RECT client{};
+    if (m_hWnd)
+        GetClientRect(m_hWnd, &client);
+    return {client.right, client.bottom};
+}
+
+float Pane::ScaleWidth() const {
+    return PixelsToUnitsX(static_cast<float>(ClientSize().cx));
+}
+
+float Pane::ScaleHeight() const {
+    return PixelsToUnitsY(static_cast<float>(ClientSize().cy));
+}
+
+float Pane::PixelsToUnitsX(float pixels) const {
+    return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::X);
+}
+
+float Pane::PixelsToUnitsY(float pixels) const {
+    return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::Y);
+}
+
+float Pane::UnitsToPixelsX(float units) const {
+    return Convert(units, m_Scale, ScaleMode::Pixel, Axis::X);
+}
+
+float Pane::UnitsToPixelsY(float units) const {
+    return Convert(units, m_Scale, ScaleMode::Pixel, Axis::Y);
+}
+
+void Pane::SetBounds(float left, float top, float width, float height) {
+    const auto x = RoundToLong(static_cast<double>(UnitsToPixelsX(left)));
+    const auto y = RoundToLong(static_cast<double>(UnitsToPixelsY(top)));
+    MovePixels({x, y, x + RoundToLong(static_cast<double>(UnitsToPixelsX(width))),
+                y + RoundToLong(static_cast<double>(UnitsToPixelsY(height)))});
+}
+
+void Pane::MovePixels(const Rect& place) {
+    if (m_hWnd)
+        SetWindowPos(m_hWnd, nullptr, place.left, place.top, std::max(place.Width(), 0L), std::max(place.Height(), 0L),
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+float Pane::Width() const {
+    RECT window{};
+    if (m_hWnd)
+        GetWindowRect(m_hWnd, &window);
+    return PixelsToUnitsX(static_cast<float>(window.right - window.left));
+}
+
+float Pane::Height() const {
+    RECT window{};
+    if (m_hWnd)
+        GetWindowRect(m_hWnd, &window);
+    return PixelsToUnitsY(static_cast<float>(window.bottom - window.top));
+}
+
+void Pane::SetVisible(bool visible) {
+    if (m_hWnd)
+        ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void Pane::BringToTop() {
+    if (m_hWnd)
+        SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void Pane::SetBackColor(Color color) {
+    m_BackColor = color;
+    Invalidate(true);
+}
+
+void Pane::SetBorder(Border border) {
+    if (!m_hWnd)
+        return;
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)) & ~static_cast<DWORD>(WS_BORDER);
+    const auto extended =
+        static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_EXSTYLE)) & ~static_cast<DWORD>(WS_EX_CLIENTEDGE);
+    SetWindowLongPtrW(m_hWnd, GWL_STYLE, static_cast<LONG>(style | (border == Border::Line ? WS_BORDER : 0)));
+    SetWindowLongPtrW(m_hWnd, GWL_EXSTYLE,
+                      static_cast<LONG>(extended | (border == Border::Sunken ? WS_EX_CLIENTEDGE : 0)));
+    SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+void Pane::Invalidate(bool erase) {
+    if (m_hWnd)
+        InvalidateRect(m_hWnd, nullptr, erase);
+}
+
+void Pane::Invalidate(const Rect& part, bool erase) {
+    const RECT rect{part.left, part.top, part.right, part.bottom};
+    if (m_hWnd)
+        InvalidateRect(m_hWnd, &rect, erase);
+}
+
+void Pane::Refresh() {
+    if (m_hWnd)
+        RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+}
+
+void Pane::TakeFocus() {
+    if (m_hWnd)
+        SetFocus(m_hWnd);
+}
+
+} // namespace ormisk
