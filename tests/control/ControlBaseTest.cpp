@@ -197,6 +197,7 @@ const Act kActs[] = {
      [](Host& host, ComPtr<Box>& box) {
          Query<IOleObject>(box)->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr);
      }},
+    {"deactivate the UI", [](Host&, ComPtr<Box>& box) { Query<IOleInPlaceObject>(box)->UIDeactivate(); }},
     {"close", [](Host&, ComPtr<Box>& box) { Query<IOleObject>(box)->Close(OLECLOSE_SAVEIFDIRTY); }},
     {"release",
      [](Host& host, ComPtr<Box>& box) {
@@ -244,8 +245,16 @@ TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
                 call([&](Box& b) { b.Close(OLECLOSE_SAVEIFDIRTY); });
                 verb(OLEIVERB_UIACTIVATE);
                 call([&](Box& b) { b.SetClientSite(nullptr); });
+                call([&](Box& b) {
+                    EXPECT_TRUE(!b.window || GetParent(b.window) == b.parking) << "left behind in the host";
+                });
+                if (box) {
+                    EXPECT_FALSE(host.active) << "still the active object";
+                }
+                host.active.Reset(); // a host that let the control go may yet have been given it as its active object
                 EXPECT_FALSE(host.onCall) << "never called";
                 box.Reset();
+                EXPECT_EQ(host.references, 1);
             }
         }
     }
