@@ -260,6 +260,21 @@ TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
     }
 }
 
+TEST_F(ControlInHost, AnInterfaceThatTheHostTookBackAtOnceBecomesTheActiveObject) {
+    Host host;
+    auto box = MakeBox();
+    box->SetClientSite(&host);
+    host.onCall = [&](const std::string& called) {
+        if (called == "OnUIActivate") {
+            box->UIDeactivate();
+        }
+    };
+    box->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr);
+    EXPECT_FALSE(host.active);
+    EXPECT_NE(GetFocus(), box->window);
+    box->SetClientSite(nullptr);
+}
+
 TEST_F(ControlInHost, TheParentsEndLeavesADeadWindowHandleInUse) {
     Host host;
     auto box = MakeBox();
