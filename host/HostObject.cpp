@@ -201,13 +201,16 @@ _variant_t HostObject::Resize(const CallArguments& arguments) {
 
 _variant_t HostObject::Screenshot(const CallArguments& arguments) {
     m_Parts.pump.UntilQuiet();
-    SaveScreen(m_Parts.window.ScreenRect(), arguments.Text(0));
+    const RECT part = m_Parts.window.ScreenRect();
+    m_Parts.pump.Until([&] { return ScreenIsCurrent(part); });
+    SaveScreen(part, arguments.Text(0));
     return {};
 }
 
 _variant_t HostObject::Pixel(const CallArguments& arguments) {
-    m_Parts.pump.For(0); // what is due to be painted
-    return static_cast<long>(ScreenColor(m_Parts.input.ToScreen(arguments.Point(0))));
+    const POINT point = m_Parts.input.ToScreen(arguments.Point(0));
+    m_Parts.pump.Until([&] { return ScreenIsCurrent(point); });
+    return static_cast<long>(ScreenColor(point));
 }
 
 _variant_t HostObject::FillCell(const CallArguments& arguments) {

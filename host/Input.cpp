@@ -1,6 +1,7 @@
 #include "Input.h"
 
 #include "Failure.h"
+#include "MouseShield.h"
 #include "SentInput.h"
 
 #include <algorithm>
@@ -19,11 +20,15 @@ Input::Input(HWND host, const ControlSite& site, MessagePump& pump) : m_Host(hos
 
 Input::~Input() { KillTimer(m_Host, reinterpret_cast<UINT_PTR>(this)); }
 
-void Input::MoveTo(POINT point) { Aim(ToScreen(point)); }
+void Input::MoveTo(POINT point) {
+    const MouseShield shield;
+    Aim(ToScreen(point));
+}
 
 void Input::Click(POINT point, int button, int shift) {
     const POINT screen = ToScreen(point);
     AvoidDoubleClick(button, screen);
+    const MouseShield shield;
     Aim(screen);
     SendModifiers(shift, true);
     Press(button, screen);
@@ -34,6 +39,7 @@ void Input::Click(POINT point, int button, int shift) {
 void Input::DoubleClick(POINT point, int button, int shift) {
     const POINT screen = ToScreen(point);
     AvoidDoubleClick(button, screen);
+    const MouseShield shield;
     Aim(screen);
     SendModifiers(shift, true);
     Press(button, screen);
@@ -46,6 +52,7 @@ void Input::Drag(POINT from, POINT to, int button, int shift) {
     const POINT start = ToScreen(from);
     const POINT end = ToScreen(to);
     AvoidDoubleClick(button, start);
+    const MouseShield shield;
     Aim(start);
     SendModifiers(shift, true);
     SendButton(button, true);
@@ -59,6 +66,7 @@ void Input::Drag(POINT from, POINT to, int button, int shift) {
 
 void Input::Wheel(double notches) {
     const HWND control = m_Site.ControlWindow();
+    const MouseShield shield;
     RECT area = {};
     POINT mouse = {};
     GetWindowRect(control, &area);

@@ -91,6 +91,7 @@ int RunScript(const Options& options, const std::wstring& text) {
     MessagePump pump(run, [&site](MSG& message) { return site.TranslateKey(message); });
     window.Show();
     pump.UntilQuiet();
+    pump.Until([&window] { return ScreenIsCurrent(window.ScreenRect()); });
     {
         Input input(window.Handle(), site, pump);
         ScriptEngine script(options.language, window.Handle(), run);

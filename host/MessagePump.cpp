@@ -45,6 +45,15 @@ void MessagePump::UntilQuiet() {
     } while (!m_Run.Ending());
 }
 
+void MessagePump::Until(const std::function<bool()>& condition) {
+    const ULONGLONG end = GetTickCount64() + 3 * kPatience;
+    Drain(end);
+    while (!m_Run.Ending() && !condition() && GetTickCount64() < end) {
+        Wait(kQuiet);
+        Drain(end);
+    }
+}
+
 bool MessagePump::Drain(ULONGLONG deadline) {
     bool busy = false;
     MSG message;

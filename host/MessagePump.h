@@ -22,6 +22,9 @@ public:
     // Until what was sent has been worked off and nothing but timers has come for a moment; at most about a second.
     void UntilQuiet();
 
+    // Until the condition holds; after some seconds without it just the same.
+    void Until(const std::function<bool()>& condition);
+
 private:
     // Dispatches what waits; false when nothing but timers was there.
     bool Drain(ULONGLONG deadline);

@@ -27,6 +27,32 @@ struct FreeBitmap {
 
 } // namespace
 
+bool ScreenIsCurrent(POINT screen) {
+    const HWND window = GetAncestor(WindowFromPoint(screen), GA_ROOT);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process != GetCurrentProcessId())
+        return true;
+    POINT inside = screen;
+    ScreenToClient(window, &inside);
+    const HDC context = GetDCEx(window, nullptr, DCX_CACHE); // children included
+    const COLORREF drawn = GetPixel(context, inside.x, inside.y);
+    ReleaseDC(window, context);
+    return drawn == CLR_INVALID || drawn == ScreenColor(screen);
+}
+
+bool ScreenIsCurrent(const RECT& part) {
+    constexpr int kSteps = 8;
+    for (int step = 0; step < kSteps * kSteps; ++step) {
+        const LONG x = part.left + (part.right - part.left) * (2 * (step % kSteps) + 1) / (2 * kSteps);
+        const LONG y = part.top + (part.bottom - part.top) * (2 * (step / kSteps) + 1) / (2 * kSteps);
+        const POINT point = {x, y};
+        if (MonitorFromPoint(point, MONITOR_DEFAULTTONULL) && !ScreenIsCurrent(point))
+            return false;
+    }
+    return true;
+}
+
 COLORREF ScreenColor(POINT screen) {
     DwmFlush(); // what was drawn reaches the screen with the next composition
     const std::unique_ptr<HDC, ReleaseScreen> context(GetDC(nullptr));

@@ -8,6 +8,8 @@
 namespace ormisk {
 namespace {
 
+ULONGLONG g_LastMouseInput = 0;
+
 void Send(INPUT& input) { CheckLast(SendInput(1, &input, sizeof input) == 1, L"The system does not take the input"); }
 
 void SendMouse(DWORD flags, LONG x, LONG y, DWORD data) {
@@ -17,6 +19,7 @@ void SendMouse(DWORD flags, LONG x, LONG y, DWORD data) {
     input.mi.dy = y;
     input.mi.mouseData = data;
     input.mi.dwFlags = flags;
+    g_LastMouseInput = GetTickCount64();
     Send(input);
 }
 
@@ -81,6 +84,8 @@ void SendButton(int button, bool down) {
 }
 
 void SendWheel(int amount) { SendMouse(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>(amount)); }
+
+ULONGLONG LastMouseInput() { return g_LastMouseInput; }
 
 void SendModifiers(int modifiers, bool down) {
     if (modifiers & KeyStroke::kShift)

@@ -17,6 +17,9 @@ void SendButton(int button, bool down);
 // Turns the wheel; forward is positive, 120 is a notch.
 void SendWheel(int amount);
 
+// When the mouse was last moved or its button or wheel used from here, in GetTickCount64's time.
+ULONGLONG LastMouseInput();
+
 // Holds or releases the modifiers of KeyStroke.
 void SendModifiers(int modifiers, bool down);
 
