@@ -2,8 +2,8 @@
 Option Explicit
 Host.Include "lib/common.vbs"
 
-Const kRed = &H0000FF
-Const kGreen = &H00FF00
+Const kRed = &HFF&
+Const kGreen = &HFF00&
 
 Dim Decline, Stages, Width, Height, Context, PaintColor
 Decline = -1
@@ -42,7 +42,7 @@ CheckEqual "without custom draw", "", Painted()
 CheckEqual "filled", kRed, Host.Pixel(x, RowY(0))
 drawn.CustomDraw = True
 CheckEqual "with custom draw", "D0 D1 D2", Painted()
-CheckEqual "width less one", 300 - CLng(Grid.ColumnDividerPosition) - 1, Width + 1
+CheckEqual "width less one", 300 - 2 * RowsTop - CLng(Grid.ColumnDividerPosition) - 2, Width
 CheckEqual "height less one", RowHeight - 1, Height
 CheckTrue "a context", Context <> 0
 

@@ -62,7 +62,7 @@ check("number for a name", "7", all.Add(7, "x").Name);
 check("text for an editor", 3, all.Add("enum", 1, "", "", object, false, "3").EditorType);
 check("number for a flag", false, all.Add("flag", 1, "", "", object, 0).AutoUpdateSource);
 refused("no argument", 0, function () { all.Add(); });
-refused("too many arguments", 0, function () { all.Remove(1, 2); });
+refused("too many arguments", 0, function () { all.Add("a", 1, "", "", object, false, 2, 3); });
 refused("object for a name", 0, function () { all.Add(object); });
 refused("value for a read-only property", 0, function () { Grid.Version = "2"; });
 refused("unknown member", 0, function () { Grid.NoSuchMember(); });
@@ -70,9 +70,9 @@ refused("text for a number", 10, function () { all.Add("bad", "abc", "", "", obj
 check("count", 10, all.Count);
 
 var names = [];
-for (var e = new Enumerator(all); !e.atEnd(); e.moveNext())
-    names.push(e.item().Name);
-check("enumeration", "number,fraction,text,yes,null,undefined,object,7,enum,flag", names.join());
+for (var n = 1; n <= all.Count; ++n)
+    names.push(all.Item(n).Name);
+check("names", "number,fraction,text,yes,null,undefined,object,7,enum,flag", names.join());
 
 // A value compares as automation compares: the same text or number is no change.
 events = [];

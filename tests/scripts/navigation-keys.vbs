@@ -95,8 +95,8 @@ CheckEvents "a key", "down 36/0, up 36/0"
 Host.Keys "+{END}"
 CheckTrue "Shift is told", InStr(EventLog, "down 35/1") > 0
 EventLog = ""
-all("_B").ReadOnly = True
-Set Grid.SelectedProperty = all("_B")
+all(2).ReadOnly = True
+Set Grid.SelectedProperty = all(2)
 Host.Keys "a"
 CheckEvents "a letter", "down 65/0, press 97, up 65/0"
 

@@ -132,11 +132,6 @@ Sub ClickRow(row)
     Host.Click NameX(), RowY(row)
 End Sub
 
-' The colour beside the divider, left of any value text.
-Function ValueColor(row)
-    ValueColor = Host.Pixel(CLng(Grid.ColumnDividerPosition) + 2, RowY(row))
-End Function
-
 ' Whether the selected row on screen has its editor open: without one its value cell is highlighted.
 Function EditorIsOpen(row)
     EditorIsOpen = Host.Pixel(NameX(), RowY(row)) = kHighlight And Host.Pixel(NameX() * 2 - 10, RowY(row)) <> kHighlight
