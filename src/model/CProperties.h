@@ -6,14 +6,14 @@ namespace ormisk {
 
 // The arguments of an addition. The texts are borrowed for the call.
 struct NewProperty {
-    std::wstring_view name;
+    std::wstring_view name = {};
     const VARIANT* value = nullptr; // null or missing: none given
-    std::wstring_view category;
-    std::wstring_view key;
+    std::wstring_view category = {};
+    std::wstring_view key = {};
     IDispatch* source = nullptr;
     bool autoUpdate = true;
     omEditorType editorType = omTextEditor;
-    std::wstring_view editorKey;
+    std::wstring_view editorKey = {};
     bool readOnly = false;
 };
 

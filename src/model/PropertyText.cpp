@@ -29,8 +29,13 @@ void FormatValue(const VARIANT& value, const std::wstring& format, std::wstring&
     if (V_VT(&value) == VT_NULL) {
         Raise(static_cast<HRESULT>(0x800A005E), L"Invalid use of Null");
     }
-    if (V_VT(&value) == VT_BSTR && format.empty()) {
-        text.assign(V_BSTR(&value) ? V_BSTR(&value) : L"", SysStringLen(V_BSTR(&value)));
+    if (format.empty()) {
+        // A text goes as it is, into the buffer that the caller has.
+        if (V_VT(&value) == VT_BSTR) {
+            text.assign(V_BSTR(&value) ? V_BSTR(&value) : L"", SysStringLen(V_BSTR(&value)));
+        } else {
+            text = TextOf(value);
+        }
         return;
     }
     BSTR formatted = nullptr;

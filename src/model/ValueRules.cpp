@@ -81,7 +81,10 @@ bool IsValueValidForEditor(const VARIANT& given, omEditorType type) {
 }
 
 bool IsNumericText(std::wstring_view text) {
-    return text.find(L'\0') == std::wstring_view::npos && IsNumeric(ToVariant(std::wstring(text)));
+    std::wstring copy(text);
+    double number = 0;
+    return copy.find(L'\0') == std::wstring::npos &&
+           SUCCEEDED(VarR8FromStr(copy.data(), LOCALE_USER_DEFAULT, 0, &number));
 }
 
 _variant_t InvokeProperty(IDispatch* object, const std::wstring& member, WORD callType, const VARIANT& value) {
