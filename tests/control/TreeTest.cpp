@@ -1,0 +1,386 @@
+#include "ModelTestTools.h"
+
+#include "tree/CategoryWalk.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace ormisk {
+namespace {
+
+constexpr auto kInvalidKey = static_cast<HRESULT>(0x80040003);
+constexpr auto kKeyPresent = static_cast<HRESULT>(0x80040005);
+
+// A tree whose listener writes down what it hears, over a collection of properties.
+class Tree : public testing::Test, protected _CNodeListener {
+protected:
+    Tree() { nodes.Init(this); }
+
+    CNode* AddProperty(CNode* parent, std::wstring_view name, bool visible = true) {
+        const auto property = model.Add(name);
+        property->SetVisible(visible);
+        return nodes.Add(parent, NodeRelation::Child, *property.Get());
+    }
+    CNode* AddCategory(CNode* parent, std::wstring key) {
+        return nodes.Add(parent, NodeRelation::Child, key, key, _variant_t(L""));
+    }
+    CNode* Walk(std::wstring_view category) { return WalkCategoryPath(nodes, category, L"|", look); }
+    void Show(CNode* node, bool visible) {
+        node->Property()->SetVisible(visible);
+        nodes.VisibilityChanged(node);
+    }
+    std::wstring Heard() { return std::exchange(m_Heard, {}); }
+
+    void NodePropertyChanged(const std::wstring& key, const wchar_t* propertyName) override {
+        m_Heard += key + L"." + propertyName + L" ";
+    }
+    void NodeStateChanging(const std::wstring& key, VARIANT_BOOL& cancel) override {
+        m_Heard += key + L"? ";
+        onChanging(cancel);
+    }
+
+    ModelFixture model;
+    CNodes nodes;
+    CategoryLook look;
+    std::function<void(VARIANT_BOOL&)> onChanging = [](VARIANT_BOOL&) {};
+
+private:
+    std::wstring m_Heard;
+};
+
+TEST_F(Tree, NodesAreNumberedInTheOrderOfAdditionAndKeyedByTheirPlace) {
+    CNode* root = AddCategory(nullptr, L"Font");
+    CNode* child = AddProperty(root, L"Size");
+    CNode* sibling = nodes.Add(child, NodeRelation::Last, *model.Add(L"Bold").Get());
+    EXPECT_EQ(root->TreeKey(), L"P0_I1");
+    EXPECT_EQ(root->NodeId(), 1000);
+    EXPECT_EQ(root->Level(), 1);
+    EXPECT_EQ(child->TreeKey(), L"P1000_I1");
+    EXPECT_EQ(child->NodeId(), 1001);
+    EXPECT_EQ(child->Level(), 2);
+    EXPECT_EQ(sibling->TreeKey(), L"P1000_I2");
+    EXPECT_EQ(nodes.GetByTreeKey(L"P1000_I2"), sibling);
+    EXPECT_EQ(nodes.GetByTreeKey(L"p0_i1"), root);
+    for (const wchar_t* key : {L"P1000_I3", L"P1000_I0", L"P01000_I1", L"P1001_I1", L"P0_I1 ", L"P_I1", L"P0_I",
+                               L"P99999999999_I1", L"", L"Font"}) {
+        EXPECT_EQ(nodes.GetByTreeKey(key), nullptr) << std::wstring(key).size();
+    }
+    EXPECT_EQ(nodes.Count(), 3);
+    nodes.Clear();
+    EXPECT_EQ(nodes.Count(), 0);
+    EXPECT_EQ(AddCategory(nullptr, L"Font")->NodeId(), 1000);
+}
+
+TEST_F(Tree, RemovalClosesTheGapAndKeepsNumbers) {
+    AddCategory(nullptr, L"a");
+    CNode* b = AddCategory(nullptr, L"b");
+    AddCategory(b, L"b1");
+    CNode* c = AddCategory(nullptr, L"c");
+    CNode* c1 = AddCategory(c, L"c1");
+    nodes.Remove(L"B");
+    EXPECT_EQ(nodes.RootCount(), 2);
+    EXPECT_EQ(nodes.Count(), 3);
+    EXPECT_EQ(nodes.Item(L"b1"), nullptr);
+    EXPECT_EQ(c->TreeKey(), L"P0_I2");
+    EXPECT_EQ(c->NodeId(), 1003);
+    EXPECT_EQ(nodes.GetByTreeKey(L"P1003_I1"), c1);
+    EXPECT_EQ(nodes.GetByTreeKey(L"P1001_I1"), nullptr);
+    EXPECT_EQ(AddCategory(nullptr, L"b")->NodeId(), 1005) << "a number is never given twice";
+    nodes.Remove(L"nobody");
+    nodes.Remove(static_cast<CNode*>(nullptr));
+    EXPECT_EQ(nodes.Count(), 4);
+}
+
+TEST_F(Tree, ItemsAreFoundByKeyInAnyCaseAndByPositionInTheOrderOfFiling) {
+    CNode* a = AddCategory(nullptr, L"Ärger");
+    CNode* b = AddCategory(nullptr, L"b");
+    CNode* c = AddCategory(nullptr, L"c");
+    EXPECT_EQ(nodes.Item(L"ÄRGER"), a);
+    EXPECT_EQ(nodes.Item(L"P0_I1"), nullptr) << "a tree key is no key";
+    EXPECT_EQ(nodes.Item(L""), nullptr);
+    EXPECT_EQ(nodes.ItemAt(1), a);
+    nodes.SwapNodes(a, b);
+    EXPECT_EQ(nodes.ItemAt(1), c) << "what moved is filed anew";
+    EXPECT_EQ(nodes.ItemAt(2), a);
+    EXPECT_EQ(nodes.ItemAt(3), b);
+    EXPECT_EQ(b->TreeKey(), L"P0_I1");
+    EXPECT_EQ(a->NextSibling(), c);
+    nodes.Remove(b);
+    EXPECT_EQ(nodes.ItemAt(1), a) << "both later siblings were filed anew in their order";
+    EXPECT_EQ(nodes.ItemAt(0), nullptr);
+    EXPECT_EQ(nodes.ItemAt(3), nullptr);
+    EXPECT_EQ(nodes.All().size(), 2u);
+}
+
+TEST_F(Tree, KeysThatAreTakenOrNumericAreRefused) {
+    AddCategory(nullptr, L"a");
+    const auto property = model.Add(L"A");
+    nodes.Add(nullptr, NodeRelation::Child, *property.Get());
+    AutomationError error = FailureOf([&] { AddCategory(nullptr, L" A "); });
+    EXPECT_EQ(error.number, kKeyPresent);
+    EXPECT_EQ(error.source, L"CProperties.Add");
+    error = FailureOf([&] { nodes.Add(nullptr, NodeRelation::Child, *property.Get()); });
+    EXPECT_EQ(error.number, kKeyPresent);
+    error = FailureOf([&] { AddCategory(nullptr, L" 12"); });
+    EXPECT_EQ(error.number, kInvalidKey);
+    EXPECT_EQ(error.source, L"OrmiskGrid");
+    EXPECT_EQ(nodes.Count(), 2);
+    std::wstring key = L"  b ";
+    nodes.Add(nullptr, NodeRelation::Child, key, L"b", _variant_t());
+    EXPECT_EQ(key, L"b") << "the key comes back trimmed";
+    EXPECT_TRUE(AddCategory(nullptr, L""));
+    EXPECT_TRUE(AddCategory(nullptr, L"")) << "nodes without a key do not meet";
+    nodes.Init(nullptr);
+    EXPECT_EQ(AddCategory(nullptr, L"z"), nullptr) << "without an owner nothing is added";
+}
+
+TEST_F(Tree, ASingleRootIsItsOwnFirstAndLastSibling) {
+    CNode* root = AddProperty(nullptr, L"a");
+    EXPECT_EQ(root->FirstSibling(), root);
+    EXPECT_EQ(root->LastSibling(), root);
+    EXPECT_EQ(root->FirstRoot(), root);
+    EXPECT_EQ(root->PrevSibling(), nullptr);
+    EXPECT_EQ(root->NextSibling(), nullptr);
+    EXPECT_TRUE(root->IsFirstRoot());
+    EXPECT_TRUE(root->IsLastSibling());
+    EXPECT_FALSE(root->IsDescendantOf(root));
+}
+
+TEST_F(Tree, TheWalkPassesOverHiddenRowsAndClosedOnes) {
+    CNode* first = AddProperty(nullptr, L"first");
+    CNode* hidden = AddProperty(nullptr, L"hidden", false);
+    AddProperty(hidden, L"below hidden");
+    CNode* category = AddCategory(nullptr, L"category");
+    CNode* inner = AddCategory(category, L"inner");
+    CNode* deep = AddProperty(inner, L"deep");
+    AddProperty(inner, L"deep hidden", false);
+    CNode* last = AddProperty(nullptr, L"last");
+    EXPECT_EQ(first->NextVisible(), category);
+    EXPECT_EQ(category->PrevVisible(), first) << "a hidden row's subtree is not entered from below either";
+    EXPECT_EQ(inner->PrevVisible(), category);
+    EXPECT_EQ(last->PrevVisible(), deep);
+    EXPECT_EQ(deep->NextVisible(), last);
+    EXPECT_EQ(last->NextVisible(), nullptr);
+    category->SetExpanded(false);
+    EXPECT_EQ(last->PrevVisible(), category);
+    EXPECT_EQ(category->NextVisible(), last);
+    EXPECT_TRUE(deep->IsDescendantOf(category));
+    EXPECT_FALSE(category->IsDescendantOf(deep));
+}
+
+TEST_F(Tree, OnlyACategoryAsksBeforeItOpensOrCloses) {
+    CNode* category = AddCategory(nullptr, L"c");
+    CNode* property = AddProperty(category, L"p");
+    AddProperty(property, L"child");
+    category->SetExpanded(true);
+    EXPECT_EQ(Heard(), L"");
+    category->SetExpanded(false);
+    EXPECT_EQ(Heard(), L"c? c.Expanded ");
+    property->SetExpanded(false);
+    EXPECT_EQ(Heard(), L"_p.Expanded ");
+    onChanging = [](VARIANT_BOOL& cancel) { cancel = VARIANT_TRUE; };
+    category->SetExpanded(true);
+    EXPECT_EQ(Heard(), L"c? ");
+    EXPECT_FALSE(category->Expanded());
+    onChanging = [](VARIANT_BOOL& cancel) { cancel = 1; };
+    category->SetExpanded(true);
+    EXPECT_TRUE(category->Expanded()) << "only the exact True cancels";
+}
+
+TEST_F(Tree, AHandlerMayClearTheTreeWhileANodeOpens) {
+    CNode* category = AddCategory(nullptr, L"c");
+    CNode* child = AddProperty(category, L"p");
+    const Ref<CNode> kept(child);
+    onChanging = [&](VARIANT_BOOL&) { nodes.Clear(); };
+    category->SetExpanded(false);
+    EXPECT_EQ(Heard(), L"c? ") << "a node without a tree tells nobody";
+    EXPECT_EQ(kept->Tree(), nullptr);
+    EXPECT_EQ(kept->ParentNode(), nullptr);
+    EXPECT_EQ(kept->FirstSibling(), nullptr);
+    EXPECT_EQ(kept->LastSibling(), nullptr);
+    EXPECT_EQ(kept->NextVisible(), nullptr);
+    EXPECT_EQ(kept->PrevVisible(), nullptr);
+    EXPECT_EQ(kept->FirstRoot(), nullptr);
+    EXPECT_FALSE(kept->IsLastSibling());
+    EXPECT_FALSE(kept->IsFirstRoot());
+    EXPECT_EQ(nodes.RowOf(kept.Get()), -1);
+    EXPECT_EQ(nodes.Add(kept.Get(), NodeRelation::Child, *model.Add(L"q").Get()), nullptr);
+    nodes.Remove(kept.Get());
+    nodes.VisibilityChanged(kept.Get());
+    EXPECT_EQ(kept->Name(), L"p");
+    EXPECT_TRUE(kept->Property());
+}
+
+TEST_F(Tree, APropertyNodeShowsItsPropertyAndNothingOnceThatIsRemoved) {
+    const Ref<CNode> node(AddProperty(nullptr, L"a"));
+    const auto property = ComPtr<CProperty>(node->Property());
+    property->SetName(L"b");
+    node->SetBold(true);
+    node->SetBackColor(5);
+    node->SetDataType(L"type");
+    EXPECT_EQ(node->Name(), L"b");
+    EXPECT_EQ(node->Key(), L"_a");
+    EXPECT_TRUE(property->IsBold());
+    EXPECT_EQ(node->BackColor(), 5u);
+    EXPECT_EQ(node->ForeColor(), model.owner.foreColor);
+    EXPECT_EQ(node->DataType(), L"type");
+    model.owner.Heard();
+    node->LetValue(_variant_t(1L));
+    node->LetValue(_variant_t(1L));
+    node->SetValue(_variant_t(property.Get()));
+    node->SetValue(_variant_t(property.Get()));
+    EXPECT_EQ(model.owner.Heard(), L"Value, Value") << "the same object is not set again";
+    property->SetValue(_variant_t());
+    model.properties->RemoveAll();
+    EXPECT_EQ(node->Property(), nullptr);
+    EXPECT_EQ(V_VT(&node->Value()), VT_EMPTY);
+    EXPECT_FALSE(node->Bold());
+    EXPECT_EQ(node->Key(), L"_a") << "the tree can still find it to remove it";
+    nodes.Remove(nodes.Item(L"_a"));
+    EXPECT_EQ(nodes.Count(), 0);
+}
+
+TEST_F(Tree, ACategoryHasALookAndValueOfItsOwn) {
+    CNode* node = AddCategory(nullptr, L"c");
+    EXPECT_EQ(node->BackColor(), 0xFFFFFFFF);
+    EXPECT_EQ(V_VT(&node->Value()), VT_BSTR);
+    node->LetValue(_variant_t(5L));
+    node->SetItalic(true);
+    node->SetDataType(L"type");
+    EXPECT_EQ(V_I4(&node->Value()), 5);
+    EXPECT_TRUE(node->Italic());
+    EXPECT_EQ(node->DataType(), L"AA");
+    EXPECT_EQ(node->Property(), nullptr);
+}
+
+TEST_F(Tree, CategoriesAreSharedByPrefixWhateverBlanksAndCase) {
+    look = {true, 1, 2, om3d};
+    CNode* size = Walk(L"Font|Size");
+    look.bold = false;
+    CNode* color = Walk(L" FONT | |Color|");
+    EXPECT_EQ(nodes.Count(), 3);
+    EXPECT_EQ(nodes.RootCount(), 1);
+    EXPECT_EQ(color->ParentNode(), size->ParentNode());
+    EXPECT_EQ(Walk(L"font"), size->ParentNode());
+    EXPECT_EQ(size->ParentNode()->Name(), L"Font");
+    EXPECT_EQ(size->Key(), std::wstring(L"Font\0Size", 9));
+    EXPECT_TRUE(size->Bold());
+    EXPECT_EQ(size->ForeColor(), 1u);
+    EXPECT_EQ(size->BackColor(), 2u);
+    EXPECT_EQ(size->Appearance(), om3d);
+    EXPECT_FALSE(color->Bold()) << "each node has the look of the time it was made";
+    EXPECT_EQ(Walk(L" | "), nullptr);
+    EXPECT_EQ(nodes.Count(), 3);
+}
+
+TEST_F(Tree, ANumberAsFirstSegmentDropsWhatFollowsToTheRoot) {
+    EXPECT_EQ(Walk(L"12"), nullptr);
+    CNode* size = Walk(L"12|Size");
+    ASSERT_TRUE(size);
+    EXPECT_EQ(size->Level(), 1);
+    EXPECT_EQ(size->Name(), L"Size");
+    EXPECT_EQ(Walk(L"12|Size"), size);
+    EXPECT_EQ(Walk(L"Font|12")->Level(), 2) << "below another segment the key is no number";
+}
+
+// The rows by walking, and by arithmetic.
+class TreeRows : public Tree {
+protected:
+    void ExpectRowsAgree() {
+        std::vector<CNode*> walked;
+        CNode* node = nodes.FirstRootNode();
+        while (node && node->IsHidden()) {
+            node = node->NextVisible();
+        }
+        for (; node; node = node->NextVisible()) {
+            walked.push_back(node);
+        }
+        ASSERT_EQ(nodes.VisibleRowCount(), static_cast<long>(walked.size()));
+        CNode* above = nullptr;
+        for (std::size_t row = 0; row < walked.size(); ++row) {
+            ASSERT_EQ(nodes.NodeAtRow(static_cast<long>(row)), walked[row]) << row;
+            ASSERT_EQ(nodes.RowOf(walked[row]), static_cast<long>(row));
+            ASSERT_EQ(walked[row]->PrevVisible(), above) << row;
+            above = walked[row];
+        }
+        long displayed = 0;
+        for (const Ref<CNode>& each : nodes.All()) {
+            displayed += nodes.RowOf(each.Get()) >= 0;
+        }
+        ASSERT_EQ(displayed, static_cast<long>(walked.size()));
+        ASSERT_EQ(nodes.NodeAtRow(-1), nullptr);
+        ASSERT_EQ(nodes.NodeAtRow(nodes.VisibleRowCount()), nullptr);
+    }
+    void ChangeAtRandom(std::mt19937& random) {
+        const auto all = nodes.All();
+        CNode* node = all.empty() ? nullptr : all[random() % all.size()].Get();
+        switch (random() % 8) {
+        case 0:
+        case 1:
+        case 2:
+            AddProperty(random() % 4 ? node : nullptr, std::to_wstring(m_Names++), random() % 4 != 0);
+            break;
+        case 3:
+            AddCategory(random() % 3 ? node : nullptr, L"c" + std::to_wstring(m_Names++));
+            break;
+        case 4:
+            if (node && random() % 3 == 0) {
+                nodes.Remove(node);
+            }
+            break;
+        case 5:
+            if (node && !node->IsCategory()) {
+                Show(node, !node->Property()->IsVisible());
+            }
+            break;
+        case 6:
+            if (node) {
+                nodes.SwapNodes(node, random() % 2 ? node->NextSibling() : node->FirstSibling());
+            }
+            break;
+        default:
+            if (node) {
+                node->SetExpanded(!node->Expanded());
+            }
+        }
+    }
+
+private:
+    int m_Names = 0;
+};
+
+TEST_F(TreeRows, WalkingAndCountingAgreeOnRandomTrees) {
+    for (unsigned seed = 1; seed <= 12; ++seed) {
+        std::mt19937 random(seed);
+        for (int step = 0; step < 300; ++step) {
+            ChangeAtRandom(random);
+            ExpectRowsAgree();
+            ASSERT_FALSE(HasFatalFailure()) << "seed " << seed << " step " << step;
+        }
+        nodes.Clear();
+        model.properties->RemoveAll();
+        ExpectRowsAgree();
+    }
+}
+
+TEST_F(TreeRows, ADeepTreeIsRemovedAndClearedWithoutDeepCalls) {
+    constexpr int kDepth = 20000;
+    for (int round = 0; round < 2; ++round) {
+        CNode* node = nullptr;
+        for (int i = 0; i < kDepth; ++i) {
+            node = AddCategory(node, L"c" + std::to_wstring(i));
+            node->SetExpanded(false);
+        }
+        EXPECT_EQ(nodes.VisibleRowCount(), 1);
+        if (round == 0) {
+            nodes.Remove(nodes.FirstRootNode());
+        } else {
+            nodes.Clear();
+        }
+        EXPECT_EQ(nodes.Count(), 0);
+    }
+}
+
+} // namespace
+} // namespace ormisk
