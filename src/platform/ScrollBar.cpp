@@ -46,8 +46,11 @@ void ScrollBar::SetRange(long max, long largeChange) {
     info.nMax = max + largeChange - 1;
     info.nPage = static_cast<UINT>(largeChange);
     info.nPos = std::min(m_Value, max);
-    if (m_hWnd)
-        SetScrollInfo(m_hWnd, SB_CTL, &info, TRUE);
+    if (m_hWnd) {
+        // Painted with all else that is invalid, once for many changes.
+        SetScrollInfo(m_hWnd, SB_CTL, &info, FALSE);
+        InvalidateRect(m_hWnd, nullptr, FALSE);
+    }
     if (m_Value > max)
         SetValue(max);
 }
