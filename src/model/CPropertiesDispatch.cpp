@@ -104,7 +104,7 @@ HRESULT CProperties::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISP
     try {
         return InvokeAdd(locale, *parameters, id == kAdd2, result, badArgument);
     } catch (...) {
-        return GiveException(CurrentError(), exception);
+        return Member([&] { return GiveException(CurrentError(), exception); });
     }
 }
 

@@ -81,6 +81,31 @@ TEST_F(LateBoundAdd, ArgumentsAreConvertedAndReferencesFollowed) {
     EXPECT_STREQ(V_BSTR(&key), L"k") << "the key comes back as it was filed";
 }
 
+TEST_F(LateBoundAdd, TypedReferencesAreFollowedToo) {
+    BSTR name = SysAllocString(L"A"), key = SysAllocString(L" k");
+    IDispatch* object = model.properties.Get();
+    long editor = omNumberEditor;
+    VARIANT nameReference{}, keyReference{}, objectReference{}, editorReference{};
+    V_VT(&nameReference) = V_VT(&keyReference) = VT_BYREF | VT_BSTR;
+    V_BSTRREF(&nameReference) = &name;
+    V_BSTRREF(&keyReference) = &key;
+    V_VT(&objectReference) = VT_BYREF | VT_DISPATCH;
+    V_DISPATCHREF(&objectReference) = &object;
+    V_VT(&editorReference) = VT_BYREF | VT_I4;
+    V_I4REF(&editorReference) = &editor;
+    EXPECT_EQ(
+        Call(L"Add", {nameReference, kMissing, kMissing, keyReference, objectReference, kMissing, editorReference}),
+        S_OK);
+    CProperty* property = Added();
+    ASSERT_TRUE(property);
+    EXPECT_EQ(property->Name(), L"A");
+    EXPECT_EQ(property->EditorKind(), omNumberEditor);
+    EXPECT_TRUE(SameObject(property->SourceObject().Get(), object));
+    EXPECT_STREQ(key, L"k");
+    SysFreeString(name);
+    SysFreeString(key);
+}
+
 TEST_F(LateBoundAdd, ArgumentsGoByNameToo) {
     ASSERT_EQ(Call(L"Add", {_variant_t(L"A"), _variant_t(3L), _variant_t(L"k")}, Named({L"eEditorType", L"sKey"})),
               S_OK);

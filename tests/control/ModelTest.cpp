@@ -627,6 +627,24 @@ TEST_F(Model, HandlersMayClearTheCollectionInTheMiddleOfAnything) {
     EXPECT_EQ(properties.CountOf(), 0);
 }
 
+TEST_F(Model, ListenersOfTheCollectionHearOfItWhateverTheOwnerDoes) {
+    std::wstring heard;
+    const auto listener = MakeObject<Listener>(properties);
+    listener->call = [&](const std::wstring& event, WORD, VARIANT* arguments, VARIANT*) {
+        // The parent stands behind the property, so in front of it in the list.
+        const bool child = event == L"2" && V_DISPATCH(&arguments[0]);
+        heard += event + (child ? L" child, " : L", ");
+        return E_FAIL;
+    };
+    owner.onAdded = [](CProperty&) { Raise(ErrorCode::InvalidAction); };
+    const auto parent = model.Add(L"A");
+    model.AddChild(parent.Get(), L"b");
+    properties.Remove(_variant_t(2L));
+    _variant_t result;
+    properties.Clear(&result);
+    EXPECT_EQ(heard, L"2, 2 child, 3, 4, ");
+}
+
 TEST_F(Model, WithoutAnOwnerNothingIsAddedAndPropertiesKeptByAHostLiveOn) {
     const auto kept = model.Add(L"A", _variant_t(1L));
     properties.ReleaseOwner();

@@ -76,7 +76,27 @@ private:
     std::vector<std::wstring> m_Names;
 };
 
-// A collection with its owner, and a check at the end that no object outlived the test.
+// A sink of the collection's own events, for everything that `call` is told: the member is the event's number.
+class Listener : public ScriptedObject {
+public:
+    explicit Listener(CProperties& properties) {
+        ComPtr<IConnectionPoint> point;
+        Check(properties.FindConnectionPoint(__uuidof(__CProperties), point.GetAddressOf()));
+        DWORD cookie = 0;
+        Check(point->Advise(Identity(), &cookie));
+    }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*,
+                        UINT*) override {
+        return call(std::to_wstring(id), flags, parameters->rgvarg, result);
+    }
+
+protected:
+    HRESULT QueryOther(REFIID iid, void** object) override {
+        return iid == __uuidof(__CProperties) ? QueryInterface(__uuidof(IDispatch), object) : E_NOINTERFACE;
+    }
+};
+
+// A collection with its owner.
 class ModelFixture {
 public:
     ModelFixture() { properties->Init(&owner); }
