@@ -1,11 +1,30 @@
 #include "automation/Dispatch.h"
 
+#include "automation/Value.h"
+
 namespace ormisk {
 
 namespace {
 
 // Failures of the call itself, which tell of no failure inside the member.
 bool IsFailureOfCall(HRESULT hr) { return HRESULT_FACILITY(hr) == FACILITY_DISPATCH && hr != DISP_E_EXCEPTION; }
+
+// Languages without an assignment of references put an object where a member only takes a reference. Their null means no
+// object then. Anything else stays a member that was not found.
+HRESULT PutAsReference(ITypeInfo* info, IDispatch* instance, DISPID id, const DISPPARAMS& parameters,
+                       EXCEPINFO* exception, UINT* badArgument) {
+    const VARIANT& given = parameters.rgvarg[0];
+    if (!HoldsObject(given) && V_VT(&given) != VT_NULL) {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    VARIANT object = given;
+    if (V_VT(&given) == VT_NULL) {
+        V_VT(&object) = VT_DISPATCH;
+        V_DISPATCH(&object) = nullptr;
+    }
+    DISPPARAMS reference{&object, parameters.rgdispidNamedArgs, 1, parameters.cNamedArgs};
+    return info->Invoke(instance, id, DISPATCH_PROPERTYPUTREF, &reference, nullptr, exception, badArgument);
+}
 
 } // namespace
 
@@ -33,7 +52,10 @@ HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid
     const ComPtr<IDispatch> alive(instance);
     SetErrorInfo(0, nullptr);
     EXCEPINFO raised{};
-    const HRESULT hr = info->Invoke(instance, id, flags, parameters, result, &raised, badArgument);
+    HRESULT hr = info->Invoke(instance, id, flags, parameters, result, &raised, badArgument);
+    if (hr == DISP_E_MEMBERNOTFOUND && flags == DISPATCH_PROPERTYPUT && parameters->cArgs == 1) {
+        hr = PutAsReference(info, instance, id, *parameters, &raised, badArgument);
+    }
     if (SUCCEEDED(hr) || IsFailureOfCall(hr)) {
         return hr;
     }
