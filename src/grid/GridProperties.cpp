@@ -66,7 +66,7 @@ void GridProperties::Apply(const PropertyEntry& entry) {
     if (effects & kEnables)
         EnableWindow(panes.m_Control.hWnd(), m_Grid.m_State.enabled);
     if (effects & kMarksCategories) {
-        m_Grid.m_ModelView.MarkCategories();
+        m_Grid.m_ModelView.MarkCategories(entry.name);
         if (m_Grid.m_State.activeView != omAlphabetic)
             panes.RepaintRows();
     }
@@ -128,7 +128,7 @@ float GridProperties::Indentation() const {
 }
 
 void GridProperties::PutIndentation(float units) {
-    if (units < 0)
+    if (!(units >= 0)) // also what is no number
         Raise(ErrorCode::InvalidPropertyValue, L"Indentation : ");
     Store(PropertyNamed(L"Indentation"), m_Grid.m_Panes.m_Control.UnitsToPixelsX(units));
 }

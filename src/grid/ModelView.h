@@ -19,8 +19,8 @@ public:
     void ViewChanged();
     // Expands the whole path, or collapses its last category. A path that leads nowhere changes nothing.
     void ExpandCategory(const std::wstring& path, bool expand);
-    // Every category node takes the control's category settings.
-    void MarkCategories();
+    // Every category node takes one of the control's category settings, told by its property.
+    void MarkCategories(std::wstring_view property);
     // The separator in the category texts of all properties; rows stay where they are.
     void ReplaceSeparator(const std::wstring& oldSeparator, const std::wstring& newSeparator);
 
