@@ -95,12 +95,16 @@ void ModelView::OnPropertyDeleted(CProperty& property) {
 void ModelView::RemovePropertyNodes(CProperty& property) {
     Ref<CNode> node(m_Grid.m_CategorizedNodes.ItemOf(property));
     while (node && node->ChildCount() > 0) {
-        const CProperty* child = node->FirstChild()->Property();
+        const Ref<CNode> first(node->FirstChild());
+        const CProperty* child = first->Property();
         if (!child)
             break;
-        m_Grid.m_CProperties->RemoveByInternalKey(child->InternalKey());
+        // What a handler of the child's event raises does not keep the rest in the trees.
+        IgnoringFailures([&] { m_Grid.m_CProperties->RemoveByInternalKey(child->InternalKey()); });
         if (!node->Tree())
             return; // a handler cleared the rest
+        if (first->Tree())
+            break;
     }
     if (node)
         RemoveCategorizedNode(*node);
@@ -230,7 +234,7 @@ void ModelView::ExpandCategory(const std::wstring& path, bool expand) {
         node->SetExpanded(expand);
 }
 
-void ModelView::MarkCategories() {
+void ModelView::MarkCategories(std::wstring_view property) {
     const GridState& state = m_Grid.m_State;
     // Nodes that are there follow the rows' colour when the category colour is the default.
     const auto backColor =
@@ -238,10 +242,14 @@ void ModelView::MarkCategories() {
     for (const Ref<CNode>& node : m_Grid.m_CategorizedNodes.All()) {
         if (!node->IsCategory())
             continue;
-        node->SetBold(state.categoryBold);
-        node->SetForeColor(static_cast<OLE_COLOR>(state.categoryForeColor));
-        node->SetBackColor(backColor);
-        node->SetAppearance(static_cast<omAppearance>(state.categoryAppearance));
+        if (property == L"CategoryBold")
+            node->SetBold(state.categoryBold);
+        else if (property == L"CategoryForeColor")
+            node->SetForeColor(static_cast<OLE_COLOR>(state.categoryForeColor));
+        else if (property == L"CategoryBackColor")
+            node->SetBackColor(backColor);
+        else
+            node->SetAppearance(static_cast<omAppearance>(state.categoryAppearance));
     }
 }
 
