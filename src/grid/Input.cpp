@@ -115,7 +115,8 @@ void Input::OnAccessKey(wchar_t key) {
     long position = 0;
     if (pressed == GetAccessKey(m_Grid.m_State.alphabeticTabCaption, position, SystemUpper))
         SwitchView(omAlphabetic);
-    else if (pressed == GetAccessKey(m_Grid.m_State.categorizedTabCaption, position, SystemUpper))
+    // A key that both tabs have ends at the second.
+    if (m_Grid.IsAlive() && pressed == GetAccessKey(m_Grid.m_State.categorizedTabCaption, position, SystemUpper))
         SwitchView(omCatagorized);
 }
 
