@@ -43,20 +43,23 @@ void Grid::CreateWindows(HWND parent) {
 }
 
 void Grid::Release() {
-    if (!m_CProperties)
+    // An editor, a listener or a value that is let go may end the control once more from within.
+    const ComPtr<CProperties> properties = m_CProperties;
+    if (!properties)
         return;
     m_PaneMessages.UnhookButtons();
     m_Session.Drop();
     m_State.picture = nullptr;
     m_Alive = false; // from here on no room touches a window
-    m_CProperties->RemoveAll();
-    m_CProperties->ReleaseOwner();
+    IgnoringFailures([&] { properties->RemoveAll(); });
+    properties->ReleaseOwner();
     m_CProperties = nullptr;
     m_AlphabeticNodes.Clear();
     m_CategorizedNodes.Clear();
     m_AlphabeticNodes.Init(nullptr);
     m_CategorizedNodes.Init(nullptr);
     m_Session.Release();
+    m_EditorParams = {};
     m_PaneMessages.UnhookTree();
 }
 
