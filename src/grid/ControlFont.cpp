@@ -65,11 +65,16 @@ FontDescription ControlFont::Description() const {
 }
 
 void ControlFont::Take(const FontDescription& font) {
+    const FontDescription present = Description();
     m_Sink->SetQuiet(true);
-    const bool taken = IgnoringFailures([&] { ApplyFont(font, m_Font.Get()); });
+    try {
+        ApplyFont(font, m_Font.Get());
+    } catch (...) {
+        IgnoringFailures([&] { ApplyFont(present, m_Font.Get()); });
+        m_Sink->SetQuiet(false);
+        throw;
+    }
     m_Sink->SetQuiet(false);
-    if (!taken)
-        Check(E_FAIL);
 }
 
 } // namespace ormisk

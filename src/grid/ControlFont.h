@@ -25,7 +25,7 @@ public:
 
     IFontDisp* Object() const { return m_Font.Get(); } // borrowed; lives as long as a host keeps it
     FontDescription Description() const;
-    // Copies the description into the object, without a report. Raises.
+    // Copies the description into the object, without a report. Raises, and the object is as before.
     void Take(const FontDescription& font);
 
 private:

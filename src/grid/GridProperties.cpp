@@ -158,9 +158,7 @@ void GridProperties::PutPicture(IPictureDisp* picture) {
         m_Grid.m_Panes.RepaintRows();
 }
 
-void GridProperties::RunFirstDefaults(IFontDisp* ambientFont) {
-    if (ambientFont)
-        PutFont(ambientFont);
+void GridProperties::RunFirstDefaults() {
     const GridState defaults;
     for (const wchar_t* name : FirstDefaults()) {
         const std::wstring_view which = name;

@@ -22,7 +22,7 @@ public:
     void PutIndentation(float units);
 
     // What a new control without stored settings does.
-    void RunFirstDefaults(IFontDisp* ambientFont);
+    void RunFirstDefaults();
 
 private:
     void Check(const PropertyEntry& entry, PropertyValue& value) const;

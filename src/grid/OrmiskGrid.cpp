@@ -31,9 +31,16 @@ void OrmiskGrid::OnFirstSited(HWND parking) {
 
 void OrmiskGrid::OnInitNew() {
     AdoptScaleUnits();
-    const ComPtr<IFontDisp> font = m_OwnFont ? nullptr : AmbientFont();
-    m_Grid.m_Properties.RunFirstDefaults(font.Get());
-    m_Font.Take(m_Grid.m_State.font);
+    if (const ComPtr<IFontDisp> font = m_OwnFont ? nullptr : AmbientFont())
+        AdoptFont(font.Get(), false);
+    m_Grid.m_Properties.RunFirstDefaults();
+}
+
+// The control's own object goes first: who hears of the change reads the new font.
+void OrmiskGrid::AdoptFont(IUnknown* font, bool own) {
+    m_Font.Take(DescribeFont(font));
+    m_OwnFont = m_OwnFont || own;
+    m_Grid.m_Properties.PutFont(m_Font.Object());
 }
 
 void OrmiskGrid::AdoptScaleUnits() {
@@ -50,10 +57,8 @@ void OrmiskGrid::OnAmbientChange(DISPID id) {
     if (id != DISPID_AMBIENT_FONT)
         AdoptScaleUnits(); // it has no number that all hosts share
     if ((id == DISPID_AMBIENT_FONT || id == DISPID_UNKNOWN) && !m_OwnFont) {
-        if (const ComPtr<IFontDisp> font = AmbientFont()) {
-            m_Grid.m_Properties.PutFont(font.Get());
-            m_Font.Take(m_Grid.m_State.font);
-        }
+        if (const ComPtr<IFontDisp> font = AmbientFont())
+            AdoptFont(font.Get(), false);
     }
 }
 
@@ -101,6 +106,7 @@ void OrmiskGrid::NotifyChanged(const wchar_t* propertyName) {
 }
 
 void OrmiskGrid::OnFontEdited(const FontDescription&) {
+    const ComPtr<IUnknown> self(Outer());
     m_OwnFont = true;
     m_Grid.m_Properties.PutFont(m_Font.Object());
 }
@@ -114,11 +120,8 @@ STDMETHODIMP OrmiskGrid::get_Font(IFontDisp** value) {
 
 STDMETHODIMP OrmiskGrid::putref_Font(IFontDisp* value) {
     return Run([&] {
-        if (!value)
-            return;
-        m_Grid.m_Properties.PutFont(value);
-        m_OwnFont = true;
-        m_Font.Take(m_Grid.m_State.font);
+        if (value)
+            AdoptFont(value, true);
     });
 }
 

@@ -151,6 +151,7 @@ private:
     HRESULT ReadText(const wchar_t* name, BSTR* value);
     HRESULT Write(const wchar_t* name, PropertyValue value);
     void AdoptScaleUnits();
+    void AdoptFont(IUnknown* font, bool own);
 
     ormisk::Grid m_Grid{*this};
     ControlFont m_Font{*this};
