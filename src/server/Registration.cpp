@@ -93,10 +93,8 @@ HRESULT WriteClasses(HKEY root, const TLIBATTR& library) {
         writer.Set(key + L"\\Programmable", nullptr, L"");
         if (c.control) {
             writer.Set(key + L"\\Control", nullptr, L"");
-            writer.Set(key + L"\\Insertable", nullptr, L"");
             writer.Set(key + L"\\MiscStatus", nullptr, L"0");
             writer.Set(key + L"\\MiscStatus\\1", nullptr, std::to_wstring(kControlMiscStatus));
-            writer.Set(key + L"\\ToolboxBitmap32", nullptr, path + L", 101");
         }
         writer.Set(progId, nullptr, c.description);
         writer.Set(progId + L"\\CLSID", nullptr, Text(c.id));
