@@ -323,6 +323,7 @@ void EditSession::CommitAndHide() {
 }
 
 void EditSession::ApplyEditorValue(_CEditor* editor, bool cancel) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer()); // the host's editor calls from where it likes
     const ComPtr<_CEditor> held(editor);
     try {
         if (!cancel)

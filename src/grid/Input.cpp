@@ -296,7 +296,9 @@ void Input::RequestHelp() {
     m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
 }
 
+// The text box is no pane: the control is held here while the host is told.
 void Input::OnKeyDown(int& keyCode, int shift) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyDown(keyCode, shift);
     if (keyCode == VK_DOWN && shift & kAltKey) {
         m_Grid.m_Panes.m_TextEditor.SelectAll();
@@ -305,6 +307,7 @@ void Input::OnKeyDown(int& keyCode, int shift) {
 }
 
 void Input::OnKeyPress(int& keyAscii) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyPress(keyAscii);
     if (keyAscii != 0 && m_Grid.IsAlive())
         m_Grid.m_Session.TextKeyPress(keyAscii);
@@ -319,6 +322,7 @@ void Input::OnGotFocus() {
 }
 
 void Input::OnLostFocus() {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Session.TextLostFocus();
 }
 

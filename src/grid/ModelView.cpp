@@ -77,7 +77,9 @@ void ModelView::OnPropertyAdded(CProperty& property, CProperty* parent) {
     m_Grid.m_Events.PropertyAdded(property);
 }
 
+// Reports of the model come while the host holds a property, or the collection, and perhaps no control.
 void ModelView::OnPropertyDeleted(CProperty& property) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     const ComPtr<CProperty> held(&property);
     const bool locked = m_Grid.m_State.lockRefresh;
     m_Grid.m_State.lockRefresh = true;
@@ -120,6 +122,7 @@ void ModelView::RemoveCategorizedNode(CNode& node) {
 }
 
 void ModelView::OnPropertiesCleared() {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Session.Drop();
     m_LastCategoryNode = nullptr;
     m_Grid.m_CategorizedNodes.Clear();
@@ -129,6 +132,7 @@ void ModelView::OnPropertiesCleared() {
 void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute) {
     if (!property.IsFiled())
         return;
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     const ComPtr<CProperty> held(&property);
     const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
     Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node.Get()); });

@@ -5,6 +5,10 @@
 
 namespace ormisk {
 
+IUnknown* Panes::Keeper() {
+    return m_Grid.m_Host.Outer();
+}
+
 void Panes::PaintTree(UINT message, WPARAM wParam) {
     if (m_Grid.m_State.lockRefresh)
         UpdateScrollBar();
@@ -186,6 +190,7 @@ void Panes::OnScroll() {
 }
 
 void Panes::OnScrollBarFocus() {
+    const ComPtr<IUnknown> keeper(Keeper());
     m_picTreeContainer.TakeFocus();
     m_VScroll.HideCaret();
 }

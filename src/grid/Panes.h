@@ -106,6 +106,7 @@ public:
 
 private:
     // PaneListener
+    IUnknown* Keeper() override;
     void OnPaint(Pane& pane, HDC dc, const RECT& clip) override;
     void OnMouseDown(Pane& pane, const MouseEvent& event) override;
     void OnMouseMove(Pane& pane, const MouseEvent& event) override;

@@ -1,5 +1,6 @@
 #include "platform/Pane.h"
 
+#include "automation/ComPtr.h"
 #include "automation/Error.h"
 #include "platform/Gdi.h"
 #include "platform/Rounding.h"
@@ -114,6 +115,7 @@ LRESULT CALLBACK Pane::WindowProc(HWND window, UINT message, WPARAM wParam, LPAR
     if (!pane || !pane->m_Listener)
         return DefWindowProcW(window, message, wParam, lParam);
     LRESULT result = 0;
+    const ComPtr<IUnknown> keeper(pane->m_Listener->Keeper());
     // What a handler raises has no caller to go to.
     IgnoringFailures([&] { result = pane->Handle(message, wParam, lParam); });
     return result;

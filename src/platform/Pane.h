@@ -5,6 +5,7 @@
 #include "platform/Scale.h"
 #include "platform/Splitter.h"
 
+#include <unknwn.h>
 #include <windows.h>
 
 namespace ormisk {
@@ -23,6 +24,8 @@ struct MouseEvent {
 // What a pane reports. A handler may do anything, also destroy the pane.
 class PaneListener {
 public:
+    // What is held while one message is handled: whatever must outlive it, with the listener in it. Null holds nothing.
+    virtual IUnknown* Keeper() { return nullptr; }
     virtual void OnPaint(Pane&, HDC, const RECT& /*clip*/) {}
     virtual void OnMouseDown(Pane&, const MouseEvent&) {}
     virtual void OnMouseMove(Pane&, const MouseEvent&) {}
