@@ -12,40 +12,37 @@ namespace ormisk {
 namespace {
 
 constexpr int kDragSteps = 8;
-constexpr UINT kTimerPeriod = 20;
+constexpr UINT kTimerPeriod = 10;
+
+// A call that has not come back for so long after a step is held in a modal loop. Far below the time after which a
+// scroll bar takes a press for a long one.
+constexpr ULONGLONG kHeld = 30;
 
 } // namespace
 
-Input::Input(HWND host, const ControlSite& site, MessagePump& pump) : m_Host(host), m_Site(site), m_Pump(pump) {}
+Input::Input(HWND host, const ControlSite& site, MessagePump& pump, const Run& run)
+    : m_Host(host), m_Site(site), m_Pump(pump), m_Run(run) {}
 
 Input::~Input() { KillTimer(m_Host, reinterpret_cast<UINT_PTR>(this)); }
 
 void Input::MoveTo(POINT point) {
     const MouseShield shield;
-    Aim(ToScreen(point));
+    Perform({Aim(ToScreen(point))});
 }
 
 void Input::Click(POINT point, int button, int shift) {
     const POINT screen = ToScreen(point);
     AvoidDoubleClick(button, screen);
     const MouseShield shield;
-    Aim(screen);
-    SendModifiers(shift, true);
-    Press(button, screen);
-    SendModifiers(shift, false);
-    m_Pump.UntilQuiet();
+    Perform({Aim(screen), Press(screen, button, shift), LetGo(button, shift)});
 }
 
 void Input::DoubleClick(POINT point, int button, int shift) {
     const POINT screen = ToScreen(point);
     AvoidDoubleClick(button, screen);
     const MouseShield shield;
-    Aim(screen);
-    SendModifiers(shift, true);
-    Press(button, screen);
-    Press(button, screen);
-    SendModifiers(shift, false);
-    m_Pump.UntilQuiet();
+    Perform({Aim(screen), Press(screen, button, shift), LetGo(button, shift), Press(screen, button, shift),
+             LetGo(button, shift)});
 }
 
 void Input::Drag(POINT from, POINT to, int button, int shift) {
@@ -53,38 +50,33 @@ void Input::Drag(POINT from, POINT to, int button, int shift) {
     const POINT end = ToScreen(to);
     AvoidDoubleClick(button, start);
     const MouseShield shield;
-    Aim(start);
-    SendModifiers(shift, true);
-    SendButton(button, true);
-    m_Pump.UntilQuiet();
+    std::vector<Step> steps = {Aim(start), Press(start, button, shift)};
     for (int step = 1; step <= kDragSteps; ++step)
-        Aim({start.x + (end.x - start.x) * step / kDragSteps, start.y + (end.y - start.y) * step / kDragSteps});
-    SendButton(button, false);
-    SendModifiers(shift, false);
-    m_Pump.UntilQuiet();
+        steps.push_back(
+            Aim({start.x + (end.x - start.x) * step / kDragSteps, start.y + (end.y - start.y) * step / kDragSteps}));
+    steps.push_back(LetGo(button, shift));
+    Perform(std::move(steps));
 }
 
 void Input::Wheel(double notches) {
-    const HWND control = m_Site.ControlWindow();
     const MouseShield shield;
     RECT area = {};
     POINT mouse = {};
-    GetWindowRect(control, &area);
+    GetWindowRect(m_Site.ControlWindow(), &area);
     GetCursorPos(&mouse);
+    std::vector<Step> steps;
     if (!PtInRect(&area, mouse))
-        Aim({(area.left + area.right) / 2, (area.top + area.bottom) / 2});
-    BringForward();
-    SendWheel(static_cast<int>(std::lround(notches * WHEEL_DELTA)));
-    m_Pump.UntilQuiet();
+        steps.push_back(Aim({(area.left + area.right) / 2, (area.top + area.bottom) / 2}));
+    const int amount = static_cast<int>(std::lround(notches * WHEEL_DELTA));
+    steps.push_back({[amount] { SendWheel(amount); }});
+    Perform(std::move(steps));
 }
 
 void Input::Keys(const std::wstring& text) {
-    const std::vector<KeyStroke> strokes = ParseKeys(text);
-    BringForward();
-    for (const KeyStroke& stroke : strokes) {
-        SendStroke(stroke);
-        m_Pump.UntilQuiet();
-    }
+    std::vector<Step> steps;
+    for (const KeyStroke& stroke : ParseKeys(text))
+        steps.push_back(Type(stroke));
+    Perform(std::move(steps));
 }
 
 void Input::Later(const std::wstring& text, DWORD milliseconds) {
@@ -95,24 +87,57 @@ void Input::Later(const std::wstring& text, DWORD milliseconds) {
     for (const KeyStroke& stroke : ParseKeys(text))
         added.push_back({due, stroke});
     m_Delayed.insert(after, added.begin(), added.end());
-    SetTimer(m_Host, reinterpret_cast<UINT_PTR>(this), kTimerPeriod, OnTimer);
+    StartTimer();
 }
 
-void CALLBACK Input::OnTimer(HWND, UINT, UINT_PTR id, DWORD) { reinterpret_cast<Input*>(id)->SendDelayed(); }
+// A call from an event procedure, in the middle of another call's input, goes first.
+void Input::Perform(std::vector<Step> steps) {
+    const std::size_t others = m_Steps.size();
+    BringForward();
+    m_Steps.insert(m_Steps.begin(), steps.begin(), steps.end());
+    StartTimer();
+    while (m_Steps.size() > others) {
+        TakeStep();
+        m_Pump.UntilQuiet();
+    }
+}
 
-// One stroke a tick, so that each is worked off before the next one.
-void Input::SendDelayed() {
-    if (!m_Delayed.empty() && m_Delayed.front().due <= GetTickCount64()) {
+void Input::TakeStep() {
+    const Step step = std::move(m_Steps.front());
+    m_Steps.pop_front();
+    m_LastStepTime = GetTickCount64();
+    if (m_Run.Ending() && !step.alsoWhenEnding)
+        return;
+    try {
+        step.act();
+    } catch (...) {
+        m_Steps.clear(); // the desktop takes no input now
+        throw;
+    }
+}
+
+void Input::StartTimer() { SetTimer(m_Host, reinterpret_cast<UINT_PTR>(this), kTimerPeriod, OnTimer); }
+
+void CALLBACK Input::OnTimer(HWND, UINT, UINT_PTR id, DWORD) {
+    try {
+        reinterpret_cast<Input*>(id)->Tick();
+    } catch (const Failure&) {
+        // What cannot be sent is not sent; a window procedure lets nothing out.
+    }
+}
+
+// One act a tick, and a timer's message comes after all others: so each act is worked off before the next one.
+void Input::Tick() {
+    const ULONGLONG now = GetTickCount64();
+    if (!m_Steps.empty() && now - m_LastStepTime >= kHeld) {
+        TakeStep();
+    } else if (!m_Delayed.empty() && m_Delayed.front().due <= now) {
         const KeyStroke stroke = m_Delayed.front().stroke;
         m_Delayed.pop_front();
         BringForward();
-        try {
-            SendStroke(stroke);
-        } catch (const Failure&) {
-            m_Delayed.clear(); // the desktop takes no input now
-        }
+        SendStroke(stroke);
     }
-    if (m_Delayed.empty())
+    if (m_Steps.empty() && m_Delayed.empty())
         KillTimer(m_Host, reinterpret_cast<UINT_PTR>(this));
 }
 
@@ -123,20 +148,36 @@ POINT Input::ToScreen(POINT point) const {
     return point;
 }
 
-void Input::Aim(POINT screen) {
-    BringForward();
-    SendMouseTo(screen);
-    m_Pump.UntilQuiet();
+Input::Step Input::Aim(POINT screen) {
+    const RECT whole = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    if (!PtInRect(&whole, screen))
+        throw Failure{L"The point is not on the screen"};
+    return {[screen] { SendMouseTo(screen); }};
 }
 
-void Input::Press(int button, POINT screen) {
-    SendButton(button, true);
-    m_Pump.UntilQuiet();
-    SendButton(button, false);
-    m_Pump.UntilQuiet();
-    m_LastButton = button;
-    m_LastClick = screen;
-    m_LastClickTime = GetTickCount64();
+Input::Step Input::Press(POINT screen, int button, int shift) {
+    if (button != kLeft && button != kRight && button != kMiddle)
+        throw Failure{L"The button is not 1 (left), 2 (right) or 4 (middle)"};
+    return {[=, this] {
+        SendModifiers(shift, true);
+        SendButton(button, true);
+        m_LastButton = button;
+        m_LastClick = screen;
+        m_LastClickTime = GetTickCount64();
+    }};
+}
+
+// No button stays pressed behind a script that has ended.
+Input::Step Input::LetGo(int button, int shift) {
+    return {[=] {
+                SendButton(button, false);
+                SendModifiers(shift, false);
+            },
+            true};
+}
+
+Input::Step Input::Type(const KeyStroke& stroke) {
+    return {[stroke] { SendStroke(stroke); }};
 }
 
 // Waits until a press at this place cannot be taken for the second half of a double click.

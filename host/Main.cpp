@@ -93,7 +93,7 @@ int RunScript(const Options& options, const std::wstring& text) {
     pump.UntilQuiet();
     pump.Until([&window] { return ScreenIsCurrent(window.ScreenRect()); });
     {
-        Input input(window.Handle(), site, pump);
+        Input input(window.Handle(), site, pump, run);
         ScriptEngine script(options.language, window.Handle(), run);
         const ComPtr<HostObject> host = MakeCom<HostObject>(HostParts{run, options, window, site, pump, input, script});
         script.AddObject(L"Grid", site.Control());

@@ -6,7 +6,7 @@ namespace ormisk {
 namespace {
 
 constexpr ULONGLONG kNever = ~0ULL;
-constexpr ULONGLONG kQuiet = 25;
+constexpr ULONGLONG kQuiet = 15;
 constexpr ULONGLONG kPatience = 1000;
 constexpr UINT kCaretTimer = 0x0118; // the undocumented timer message behind blinking carets
 

@@ -58,8 +58,6 @@ KeyStroke OnKeyboard(const KeyStroke& stroke) {
 void SendMouseTo(POINT screen) {
     const int width = GetSystemMetrics(SM_CXSCREEN);
     const int height = GetSystemMetrics(SM_CYSCREEN);
-    if (screen.x < 0 || screen.y < 0 || screen.x >= width || screen.y >= height)
-        throw Failure{L"The point is not on the screen"};
     // The screen is 65536 units wide and high; the middle of the pixel survives either rounding.
     const auto normalized = [](LONG position, int size) {
         return static_cast<LONG>((static_cast<LONGLONG>(position) * 65536 + 32768) / size);
@@ -68,19 +66,10 @@ void SendMouseTo(POINT screen) {
 }
 
 void SendButton(int button, bool down) {
-    switch (button) {
-    case 1:
-        SendMouse(down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP, 0, 0, 0);
-        break;
-    case 2:
-        SendMouse(down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP, 0, 0, 0);
-        break;
-    case 4:
-        SendMouse(down ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP, 0, 0, 0);
-        break;
-    default:
-        throw Failure{L"The button is not 1 (left), 2 (right) or 4 (middle)"};
-    }
+    const DWORD pressed = button == 1   ? MOUSEEVENTF_LEFTDOWN
+                          : button == 2 ? MOUSEEVENTF_RIGHTDOWN
+                                        : MOUSEEVENTF_MIDDLEDOWN;
+    SendMouse(down ? pressed : pressed << 1, 0, 0, 0); // each flag of a release follows that of its press
 }
 
 void SendWheel(int amount) { SendMouse(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>(amount)); }

@@ -6,12 +6,12 @@
 
 namespace ormisk {
 
-// Single acts of input, sent to the system as a device would.
+// Single acts of input, sent to the system as a device would. All throw a Failure when the system takes none.
 
-// Moves the mouse to a point of the screen. Throws a Failure for a point that is not on it.
+// Moves the mouse to a point of the main screen.
 void SendMouseTo(POINT screen);
 
-// Presses or releases a mouse button: 1 left, 2 right, 4 middle. Throws a Failure for another one.
+// Presses or releases a mouse button: 1 left, 2 right, 4 middle.
 void SendButton(int button, bool down);
 
 // Turns the wheel; forward is positive, 120 is a notch.
