@@ -27,8 +27,8 @@ TextBox::~TextBox() {
 void TextBox::Create(HWND parent, TextBoxListener* listener) {
     m_Life = std::make_shared<char>();
     m_Listener = listener;
-    HWND window = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | ES_AUTOHSCROLL, 0, 0, 0, 0, parent, nullptr,
-                                  GetModuleHandleW(nullptr), nullptr);
+    HWND window = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL, 0, 0, 0, 0, parent,
+                                  nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!window)
         Check(HRESULT_FROM_WIN32(GetLastError()));
     if (!SetWindowSubclass(window, WindowProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) {
