@@ -45,11 +45,13 @@ void EditSession::SetSelectedNode(Ref<CNode> node) {
         prevProperty = SelectedProperty();
         const Ref<CNode> old = m_SelectedNode;
         CloseEditor(false);
-        if (!m_Grid.IsAlive())
-            return;
-        // A handler that moved the selection itself has shown an editor of its own.
+        if (node && m_SelectedNode == node)
+            return; // a handler selected the row itself
+        // A handler that moved the selection elsewhere has shown an editor of its own.
         if (m_CurrentEditor)
             CloseEditor(false);
+        if (!m_Grid.IsAlive())
+            return;
         m_Grid.m_Panes.InvalidateNodeRow(old.Get());
     }
     if (node && !Holds(node))
@@ -59,8 +61,8 @@ void EditSession::SetSelectedNode(Ref<CNode> node) {
     if (node) {
         newProperty = node->Property();
         m_Grid.m_Input.ExpandParents(*node);
-        if (!m_Grid.IsAlive())
-            return;
+        if (!m_Grid.IsAlive() || m_SelectedNode != node)
+            return; // a handler ended the control, or moved the selection and told of that
         m_Grid.m_Panes.EnsureRowVisible(*node);
         m_Grid.m_Panes.InvalidateNodeRow(node.Get());
     }
@@ -137,8 +139,12 @@ void EditSession::StartEditor() {
                 SetParent(window, m_Grid.m_Panes.TreeWnd());
             GiveFont(editor.Get(), *node, property->EditorKind());
             proxy.Reset(property.Get(), m_editListener.Get());
-            if (LoadEditorValue(*property.Get(), editor.Get())) {
+            const bool loaded = LoadEditorValue(*property.Get(), editor.Get());
+            if (!m_Grid.IsAlive() || m_SelectedNode != node)
+                return; // the row was left meanwhile
+            if (loaded) {
                 proxy.SetVisible(true);
+                m_EditNode = node; // never an editor on screen whose value would go to another row
                 m_CurrentEditor = editor;
             } else {
                 m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::InvalidEditorValue), kLibraryTitle,
@@ -196,9 +202,13 @@ _variant_t EditSession::PicturePrompt(CProperty& property) {
 }
 
 void EditSession::PlaceEditor(_CEditor* editor, const CNode* node) {
-    if (!editor || !node || m_Grid.m_ActiveNodes->RowOf(node) < 0)
+    if (!editor || !node)
         return;
     EditorProxy proxy(editor);
+    if (m_Grid.m_ActiveNodes->RowOf(node) < 0) {
+        proxy.Move(0, 0, 0, 0); // its row is not displayed: over another row it would mislead
+        return;
+    }
     const auto mode = static_cast<ScaleMode>(proxy.ScaleMode());
     const Rect place = EditorRect(m_Grid.m_Panes.GeometryOf(*node).value, m_Grid.m_State.grid != omGridNone);
     const WindowDC screen(nullptr);
@@ -345,8 +355,8 @@ void EditSession::ApplyValue(_CEditor* editor) {
         return;
     bool cancel = false;
     m_Grid.m_Events.ValidateValue(*property.Get(), value, cancel);
-    // The property may be gone by now.
-    if (!cancel && m_Grid.IsAlive() && node->Property() == property.Get())
+    // The property may be gone by now, or the editor at another row.
+    if (!cancel && m_Grid.IsAlive() && m_EditNode == node && node->Property() == property.Get())
         StoreValue(*node, *property.Get(), editor);
 }
 
