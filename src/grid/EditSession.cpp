@@ -290,7 +290,11 @@ void EditSession::CloseEditor(bool keepOpen) {
         proxy.SetVisible(false);
         m_Grid.m_Panes.InvalidateNodeRow(m_EditNode.Get());
     } catch (...) {
-        ReportAndAbandon(editor.Get());
+        // Whoever comes back here out of the report has been told.
+        if (m_Grid.IsReporting())
+            Abandon(editor.Get());
+        else
+            ReportAndAbandon(editor.Get());
     }
 }
 
@@ -303,19 +307,20 @@ void EditSession::HideCurrentEditor() {
 
 // Inside a catch block: the edit ends whatever becomes of the report.
 void EditSession::ReportAndAbandon(_CEditor* editor) {
-    const auto abandon = [&] {
-        if (m_CurrentEditor.Get() == editor)
-            m_CurrentEditor = nullptr;
-        IgnoringFailures([&] { EditorProxy(editor).SetVisible(false); });
-        FocusTree();
-    };
     try {
         m_Grid.ReportTrappedError(CurrentError());
     } catch (...) {
-        abandon();
+        Abandon(editor);
         throw;
     }
-    abandon();
+    Abandon(editor);
+}
+
+void EditSession::Abandon(_CEditor* editor) {
+    if (m_CurrentEditor.Get() == editor)
+        m_CurrentEditor = nullptr;
+    IgnoringFailures([&] { EditorProxy(editor).SetVisible(false); });
+    FocusTree();
 }
 
 // A refused text is reported and given up: the rows have changed under the editor.
@@ -348,25 +353,44 @@ void EditSession::ApplyEditorValue(_CEditor* editor, bool cancel) {
 void EditSession::ApplyValue(_CEditor* editor) {
     const Ref<CNode> node = m_EditNode;
     const ComPtr<CProperty> property(node ? node->Property() : nullptr);
-    if (!property)
+    // A handler of ValidateValue that leaves the row commits once more: its answer decides, when it comes.
+    if (!property || property.Get() == m_Validated)
         return;
-    const _variant_t value = EditorProxy(editor).Value();
+    _variant_t value = EditorProxy(editor).Value();
     if (ValuesEqual(property->Value(), value))
         return;
-    bool cancel = false;
-    m_Grid.m_Events.ValidateValue(*property.Get(), value, cancel);
-    // The property may be gone by now, or the editor at another row.
-    if (!cancel && m_Grid.IsAlive() && m_EditNode == node && node->Property() == property.Get())
-        StoreValue(*node, *property.Get(), editor);
+    const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
+    const bool typed = !builtIn || builtIn->IsModified();
+    if (!Validate(*property.Get(), value))
+        return;
+    // The property may be gone by now. An editor of the host may have made the value fit.
+    if (!m_Grid.IsAlive() || node->Property() != property.Get())
+        return;
+    if (!builtIn && m_EditNode == node)
+        value = EditorProxy(editor).Value();
+    StoreValue(*node, *property.Get(), value, typed);
 }
 
-void EditSession::StoreValue(CNode& node, CProperty& property, _CEditor* editor) {
-    const _variant_t value = EditorProxy(editor).Value();
-    const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
+bool EditSession::Validate(CProperty& property, const VARIANT& value) {
+    struct Asking {
+        explicit Asking(const CProperty*& now) : now(now), before(now) {}
+        Asking(const Asking&) = delete;
+        Asking& operator=(const Asking&) = delete;
+        ~Asking() { now = before; }
+        const CProperty*& now;
+        const CProperty* before;
+    } asking(m_Validated);
+    m_Validated = &property;
+    bool cancel = false;
+    m_Grid.m_Events.ValidateValue(property, value, cancel);
+    return !cancel;
+}
+
+void EditSession::StoreValue(CNode& node, CProperty& property, const VARIANT& value, bool typed) {
     switch (property.EditorType()) {
     case omTextEditor:
     case omNumberEditor:
-        if (!builtIn || builtIn->IsModified())
+        if (typed)
             node.LetValue(value);
         return;
     case omFontEditor: {

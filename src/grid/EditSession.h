@@ -74,9 +74,11 @@ private:
     void PlaceEditor(_CEditor* editor, const CNode* node);
     void ApplyEditorValue(_CEditor* editor, bool cancel);
     void ApplyValue(_CEditor* editor);
-    void StoreValue(CNode& node, CProperty& property, _CEditor* editor);
+    bool Validate(CProperty& property, const VARIANT& value);
+    void StoreValue(CNode& node, CProperty& property, const VARIANT& value, bool typed);
     void StorePicture(CNode& node, CProperty& property, const VARIANT& value);
     void ReportAndAbandon(_CEditor* editor);
+    void Abandon(_CEditor* editor);
     void HideCurrentEditor();
     void FocusTree();
     bool Holds(const Ref<CNode>& node) const;
@@ -85,6 +87,7 @@ private:
     Ref<CNode> m_SelectedNode;
     Ref<CNode> m_EditNode; // for which StartEditor last ran: the target of a commit, also of a late one
     ComPtr<_CEditor> m_CurrentEditor;
+    const CProperty* m_Validated = nullptr; // about whose new value the host is being asked; for comparing only
     ComPtr<CEditorListener> m_editListener;
 };
 
