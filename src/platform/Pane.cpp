@@ -15,11 +15,8 @@ namespace ormisk {
 namespace {
 
 constexpr wchar_t kClassName[] = L"OrmiskPane";
-long g_Windows = 0; // alive; the window class goes with the last one, before the module that holds its procedure
 
-HINSTANCE Module() {
-    return reinterpret_cast<HINSTANCE>(&__ImageBase);
-}
+HINSTANCE Module() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
 double ScreenDpi(Axis axis) {
     static const Size dpi = [] {
@@ -58,9 +55,27 @@ int ButtonsDown(WPARAM keys) {
     return (keys & MK_LBUTTON ? 1 : 0) | (keys & MK_RBUTTON ? 2 : 0) | (keys & MK_MBUTTON ? 4 : 0);
 }
 
-Pane* PaneOf(HWND window) {
-    return reinterpret_cast<Pane*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-}
+// The class of all panes, from the first one on. It goes with the module that holds its procedure: while a window of it
+// is being destroyed the system keeps it.
+class WindowClass {
+public:
+    explicit WindowClass(WNDPROC procedure) {
+        WNDCLASSEXW windowClass{};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.style = CS_DBLCLKS;
+        windowClass.lpfnWndProc = procedure;
+        windowClass.hInstance = Module();
+        windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+        windowClass.lpszClassName = kClassName;
+        if (!RegisterClassExW(&windowClass))
+            Check(HRESULT_FROM_WIN32(GetLastError()));
+    }
+    ~WindowClass() { UnregisterClassW(kClassName, Module()); }
+    WindowClass(const WindowClass&) = delete;
+    WindowClass& operator=(const WindowClass&) = delete;
+};
+
+Pane* PaneOf(HWND window) { return reinterpret_cast<Pane*>(GetWindowLongPtrW(window, GWLP_USERDATA)); }
 
 } // namespace
 
@@ -70,17 +85,7 @@ int ShiftState() {
 }
 
 void Pane::Create(HWND parent, PaneListener& listener, Options options) {
-    if (g_Windows == 0) {
-        WNDCLASSEXW windowClass{};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.style = CS_DBLCLKS;
-        windowClass.lpfnWndProc = WindowProc;
-        windowClass.hInstance = Module();
-        windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-        windowClass.lpszClassName = kClassName;
-        if (!RegisterClassExW(&windowClass))
-            Check(HRESULT_FROM_WIN32(GetLastError()));
-    }
+    static const WindowClass windowClass(WindowProc);
     m_Listener = &listener;
     m_Options = options;
     const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | (options.visible ? WS_VISIBLE : 0);
@@ -99,7 +104,6 @@ LRESULT CALLBACK Pane::WindowProc(HWND window, UINT message, WPARAM wParam, LPAR
         auto* pane = static_cast<Pane*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
         pane->m_hWnd = window;
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(pane));
-        ++g_Windows;
         return DefWindowProcW(window, message, wParam, lParam);
     }
     Pane* pane = PaneOf(window);
@@ -107,10 +111,7 @@ LRESULT CALLBACK Pane::WindowProc(HWND window, UINT message, WPARAM wParam, LPAR
         if (pane)
             pane->m_hWnd = nullptr;
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-        const LRESULT result = DefWindowProcW(window, message, wParam, lParam);
-        if (--g_Windows == 0)
-            UnregisterClassW(kClassName, Module());
-        return result;
+        return DefWindowProcW(window, message, wParam, lParam);
     }
     if (!pane || !pane->m_Listener)
         return DefWindowProcW(window, message, wParam, lParam);
@@ -279,29 +280,17 @@ Size Pane::ClientSize() const {
     return {client.right, client.bottom};
 }
 
-float Pane::ScaleWidth() const {
-    return PixelsToUnitsX(static_cast<float>(ClientSize().cx));
-}
+float Pane::ScaleWidth() const { return PixelsToUnitsX(static_cast<float>(ClientSize().cx)); }
 
-float Pane::ScaleHeight() const {
-    return PixelsToUnitsY(static_cast<float>(ClientSize().cy));
-}
+float Pane::ScaleHeight() const { return PixelsToUnitsY(static_cast<float>(ClientSize().cy)); }
 
-float Pane::PixelsToUnitsX(float pixels) const {
-    return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::X);
-}
+float Pane::PixelsToUnitsX(float pixels) const { return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::X); }
 
-float Pane::PixelsToUnitsY(float pixels) const {
-    return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::Y);
-}
+float Pane::PixelsToUnitsY(float pixels) const { return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::Y); }
 
-float Pane::UnitsToPixelsX(float units) const {
-    return Convert(units, m_Scale, ScaleMode::Pixel, Axis::X);
-}
+float Pane::UnitsToPixelsX(float units) const { return Convert(units, m_Scale, ScaleMode::Pixel, Axis::X); }
 
-float Pane::UnitsToPixelsY(float units) const {
-    return Convert(units, m_Scale, ScaleMode::Pixel, Axis::Y);
-}
+float Pane::UnitsToPixelsY(float units) const { return Convert(units, m_Scale, ScaleMode::Pixel, Axis::Y); }
 
 void Pane::SetBounds(float left, float top, float width, float height) {
     const auto x = RoundToLong(static_cast<double>(UnitsToPixelsX(left)));
