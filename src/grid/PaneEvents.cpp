@@ -163,8 +163,10 @@ void Panes::SplitterDblClick(CSplitter& splitter) {
 
 void Panes::HeaderSplitterMoved() {
     const long bar = RoundToLong(static_cast<double>(ScrollBarUnits()));
-    if (const auto limit = DividerLimit(static_cast<double>(m_HeaderSplitter.SplitterLocation()),
-                                        static_cast<double>(m_Control.ScaleWidth()), bar)) {
+    const float location = m_HeaderSplitter.SplitterLocation();
+    const auto limit = DividerLimit(static_cast<double>(location), static_cast<double>(m_Control.ScaleWidth()), bar);
+    // The bar keeps a pixel of the names: in a control narrower than its scroll bar no limit can be met.
+    if (limit && location > m_picHeaderContainer.PixelsToUnitsX(1)) {
         // The new location reports itself and does the rest.
         m_HeaderSplitter.SplitterLocation(static_cast<float>(*limit));
     } else {
