@@ -79,13 +79,13 @@ void EditSession::SetSelectedNode(Ref<CNode> node) {
 }
 
 void EditSession::SelectProperty(_CProperty* property) {
-    const ComPtr<CProperty> present(SelectedProperty());
-    if (SameObject(property, static_cast<_CProperty*>(present.Get())))
-        return;
     if (!property) {
         SetSelectedNode(nullptr);
         return;
     }
+    const ComPtr<CProperty> present(SelectedProperty());
+    if (SameObject(property, static_cast<_CProperty*>(present.Get())))
+        return;
     VARIANT_BOOL visible = VARIANT_FALSE;
     Check(property->get_Visible(&visible));
     if (visible == VARIANT_FALSE)
@@ -269,7 +269,8 @@ void EditSession::ActivateEditor(bool dropDown) {
 void EditSession::TypeInto(int keyCode) {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     SetFocus(EditorProxy(editor.Get()).Hwnd());
-    if (m_CurrentEditor != editor)
+    // An editor that cannot have the focus gets no key: it would come back here.
+    if (m_CurrentEditor != editor || m_Grid.m_Panes.m_picTreeContainer.HasFocus())
         return;
     if (BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get()))
         builtIn->BeginTyping();
@@ -307,13 +308,16 @@ void EditSession::HideCurrentEditor() {
 
 // Inside a catch block: the edit ends whatever becomes of the report.
 void EditSession::ReportAndAbandon(_CEditor* editor) {
+    const Ref<CNode> node = m_EditNode;
     try {
         m_Grid.ReportTrappedError(CurrentError());
     } catch (...) {
         Abandon(editor);
         throw;
     }
-    Abandon(editor);
+    // A handler may have gone to a row that the same editor serves.
+    if (m_EditNode == node)
+        Abandon(editor);
 }
 
 void EditSession::Abandon(_CEditor* editor) {

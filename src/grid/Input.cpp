@@ -149,11 +149,12 @@ void Input::OnTreeDblClick() {
         m_Grid.m_Session.ActivateEditor(false);
 }
 
-void Input::OnMouseWheel(WPARAM wParam) {
+bool Input::OnMouseWheel(WPARAM wParam) {
     ScrollBar& bar = m_Grid.m_Panes.m_VScroll;
     if (!bar.IsShown() || bar.Min() >= bar.Max())
-        return;
+        return false;
     bar.SetValue(bar.Value() + WheelSteps(GET_WHEEL_DELTA_WPARAM(wParam), bar.Value(), bar.Max()));
+    return true;
 }
 
 void Input::ExpandParents(const CNode& node) {
@@ -166,16 +167,26 @@ void Input::ExpandParents(const CNode& node) {
 }
 
 void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
+    // A control that is disabled while it has the focus keeps the focus, but takes no keys.
+    if (!m_Grid.m_State.enabled)
+        return;
+    const bool rows = &pane == &m_Grid.m_Panes.m_picTreeContainer;
+    // Help is asked for in place of the key.
+    if (rows && keyCode == VK_F1 && m_Grid.m_Session.SelectedNode()) {
+        keyCode = 0;
+        RequestHelp();
+        return;
+    }
     m_Grid.m_Events.KeyDown(keyCode, shift);
     if (keyCode == 0 || !m_Grid.IsAlive())
         return;
-    if (&pane == &m_Grid.m_Panes.m_picTreeContainer)
+    if (rows)
         OnTreeKeyDown(keyCode, shift);
     else if (&pane == &m_Grid.m_Panes.m_picTabContainer)
         TabKeyDown(keyCode);
 }
 
-void Input::OnTreeKeyDown(int& keyCode, int shift) {
+void Input::OnTreeKeyDown(int keyCode, int shift) {
     const Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
     if (!selected) {
         // The first key only finds a place to start from.
@@ -258,14 +269,11 @@ void Input::DropDown(const Ref<CNode>& selected, Ref<CNode>& target) {
         m_Grid.m_Session.OpenAndActivate(true);
 }
 
-void Input::HandleOtherKey(int& keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target) {
+void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target) {
     const CProperty* property = selected->Property();
     const bool letterOrDigit = (keyCode >= '0' && keyCode <= '9') || (keyCode >= 'A' && keyCode <= 'Z');
     const bool searching = (shift & (kCtrlKey | kShiftKey)) == (kCtrlKey | kShiftKey);
-    if (keyCode == VK_F1) {
-        keyCode = 0;
-        RequestHelp();
-    } else if (keyCode == VK_F4 && property && !property->IsReadOnly() && !(shift & kAltKey)) {
+    if (keyCode == VK_F4 && property && !property->IsReadOnly() && !(shift & kAltKey)) {
         m_Grid.m_Session.OpenAndActivate(true);
     } else if (searching) {
         if (letterOrDigit)

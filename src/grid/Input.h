@@ -19,7 +19,7 @@ public:
     // The mouse on the rows, where the cursor is now.
     void OnTreeClick();
     void OnTreeDblClick();
-    void OnMouseWheel(WPARAM wParam);
+    bool OnMouseWheel(WPARAM wParam); // false when there is nothing to scroll
 
     // A key in any pane: the host hears it first and may change it.
     void PaneKeyDown(const Pane& pane, int& keyCode, int shift);
@@ -45,9 +45,9 @@ private:
     void TabMouseDown(omHitItem tab);
     void TabKeyDown(int keyCode);
     void SwitchView(omActiveView view);
-    void OnTreeKeyDown(int& keyCode, int shift);
+    void OnTreeKeyDown(int keyCode, int shift);
     bool HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
-    void HandleOtherKey(int& keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
+    void HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
     void DropDown(const Ref<CNode>& selected, Ref<CNode>& target);
     Ref<CNode> RowAt(long row) const;
     Ref<CNode> PageFrom(const CNode& node, int direction) const;

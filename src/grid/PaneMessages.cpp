@@ -74,6 +74,8 @@ void PaneMessages::UnhookTree() {
 
 LRESULT PaneMessages::WindowMsgListener(HWND hwnd, UINT Msg, WPARAM wParam, LPARAM lParam, bool& bRouteToOriginal) {
     Panes& panes = m_Grid.m_Panes;
+    if (hwnd != panes.TreeWnd() && Msg == WM_DESTROY)
+        UnSubclassWindow(hwnd); // a button of the record toolbar
     if (hwnd != panes.TreeWnd() || !m_Grid.IsAlive())
         return 0;
     switch (Msg) {
@@ -96,8 +98,8 @@ LRESULT PaneMessages::WindowMsgListener(HWND hwnd, UINT Msg, WPARAM wParam, LPAR
     case WM_CTLCOLORSTATIC:
         return ColorOfStatic(wParam, lParam, bRouteToOriginal);
     case WM_MOUSEWHEEL:
-        bRouteToOriginal = false;
-        m_Grid.m_Input.OnMouseWheel(wParam);
+        // Without a bar to move, the wheel is the container's.
+        bRouteToOriginal = !m_Grid.m_Input.OnMouseWheel(wParam);
         return 0;
     default:
         return 0;

@@ -7,14 +7,21 @@ namespace ormisk {
 
 namespace {
 
+// Raises when the object has none.
 _variant_t DefaultMember(IUnknown* object) {
     const ComPtr<IDispatch> dispatch = Query<IDispatch>(object);
+    CheckPointer(dispatch.Get());
     _variant_t result;
     DISPPARAMS none{};
-    if (dispatch)
-        dispatch->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
-                         &result, nullptr, nullptr);
+    Check(dispatch->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
+                           &result, nullptr, nullptr));
     return result;
+}
+
+bool SamePicture(IUnknown* a, IUnknown* b) {
+    bool same = false;
+    IgnoringFailures([&] { same = CompareValues(DefaultMember(a), DefaultMember(b)) == Comparison::Equal; });
+    return same;
 }
 
 } // namespace
@@ -27,7 +34,7 @@ bool ValuesEqual(const VARIANT& a, const VARIANT& b) {
     if (Query<IFont>(ObjectOf(a)) && Query<IFont>(ObjectOf(b)))
         return DescribeFont(ObjectOf(a)) == DescribeFont(ObjectOf(b));
     if (Query<IPicture>(ObjectOf(a)) && Query<IPicture>(ObjectOf(b)))
-        return CompareValues(DefaultMember(ObjectOf(a)), DefaultMember(ObjectOf(b))) == Comparison::Equal;
+        return SamePicture(ObjectOf(a), ObjectOf(b));
     return false;
 }
 
