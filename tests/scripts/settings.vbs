@@ -70,11 +70,18 @@ Grid.InspectionDepth = 0
 CheckEqual "depth", 1, Grid.InspectionDepth
 Grid.LineColor = &H80000008
 CheckEqual "system colours stay references", "80000008", Hex(Grid.LineColor)
+CheckEqual "colours compare with a script's own", True, Grid.LineColor = &H80000008
 
 ' Every setting of look is painted without harm, in both views and with rows of both kinds.
 Set all = Grid.Properties
 all.Add "A", "x", "One|Two"
 all.Add "B", True, "One", "", Nothing, True, 4
+all("One_B").BackColor = vbRed
+all("One_B").BackColor = -1
+CheckEqual "a row without a colour of its own", Grid.PropertyBackColor, all("One_B").BackColor
+Grid.SelectedProperty = all("One_B")
+CheckEqual "a reference without Set", "B", Grid.SelectedProperty.Name
+Set Grid.SelectedProperty = Nothing
 all("One_B").Bold = True
 all("One_B").Italic = True
 all("One_B").Appearance = 1
