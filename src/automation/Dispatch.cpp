@@ -92,6 +92,10 @@ HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid
     } else if (SUCCEEDED(hr)) {
         GiveSigned(info, id, result);
     }
+    // An argument is an object of another kind; what a member fails at comes as an exception.
+    if (hr == E_NOINTERFACE) {
+        hr = DISP_E_TYPEMISMATCH;
+    }
     if (SUCCEEDED(hr) || IsFailureOfCall(hr)) {
         return hr;
     }
