@@ -1,0 +1,512 @@
+#include "GridContainer.h"
+
+#include "automation/Error.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+namespace ormisk::test {
+
+namespace {
+
+constexpr DISPID kScaleUnits = 7001;
+constexpr ULONGLONG kQuiet = 20;
+constexpr ULONGLONG kPatience = 1000;
+
+const std::map<DISPID, std::wstring>& EventNames() {
+    static const std::map<DISPID, std::wstring> names = {
+        {1, L"AddingProperty"},
+        {2, L"PropertyAdded"},
+        {3, L"PropertyDeleted"},
+        {4, L"PropertyDraw"},
+        {5, L"PropertyCompare"},
+        {6, L"PropertyValueChanged"},
+        {7, L"CategoryCompare"},
+        {8, L"CategoryExpanding"},
+        {9, L"CategoryCollapsing"},
+        {10, L"SelChanged"},
+        {11, L"HelpRequested"},
+        {12, L"ValidateValue"},
+        {13, L"ShowEditorDialog"},
+        {14, L"ActiveViewChanged"},
+        {15, L"DisplayError"},
+        {DISPID_KEYUP, L"KeyUp"},
+        {DISPID_KEYDOWN, L"KeyDown"},
+        {DISPID_KEYPRESS, L"KeyPress"},
+        {DISPID_MOUSEDOWN, L"MouseDown"},
+        {DISPID_MOUSEMOVE, L"MouseMove"},
+        {DISPID_MOUSEUP, L"MouseUp"},
+    };
+    return names;
+}
+
+std::wstring TextOfArgument(const VARIANT& argument) {
+    if (V_VT(&argument) == VT_DISPATCH) {
+        const auto property = Query<_CProperty>(V_DISPATCH(&argument));
+        return property ? PropertyName(property.Get()) : L"Nothing";
+    }
+    std::wstring text = L"?";
+    IgnoringFailures([&] { text = TextOf(argument); });
+    return text;
+}
+
+struct Search {
+    const wchar_t* className;
+    HWND parent;
+    HWND found;
+};
+
+BOOL CALLBACK MatchWindow(HWND window, LPARAM data) {
+    auto& search = *reinterpret_cast<Search*>(data);
+    wchar_t name[32] = L"";
+    GetClassNameW(window, name, 32);
+    const bool match = _wcsicmp(name, search.className) == 0 && (!search.parent || GetParent(window) == search.parent);
+    if (match)
+        search.found = window;
+    return !match;
+}
+
+// The first child window of a class, at any depth, or with the parent given.
+HWND FindChild(HWND root, const wchar_t* className, HWND parent = nullptr) {
+    Search search{className, parent, nullptr};
+    if (root)
+        EnumChildWindows(root, MatchWindow, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+long HeightOf(HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rect.bottom - rect.top;
+}
+
+void SendKey(WORD key, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    SendInput(1, &input, sizeof input);
+}
+
+// Shuts the device out, and with it the echoes of moved cursors, which some displays give back late.
+LRESULT CALLBACK SwallowDevice(int code, WPARAM message, LPARAM details) {
+    const bool sent = (reinterpret_cast<const MSLLHOOKSTRUCT*>(details)->flags & LLMHF_INJECTED) != 0;
+    return code == HC_ACTION && !sent ? 1 : CallNextHookEx(nullptr, code, message, details);
+}
+
+void MoveCursor(POINT to) {
+    const int width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    input.mi.dx = (to.x * 65536 + 32768) / width;
+    input.mi.dy = (to.y * 65536 + 32768) / height;
+    SendInput(1, &input, sizeof input);
+}
+
+} // namespace
+
+std::wstring EventCall::Text() const {
+    std::wstring text = m_Name;
+    for (UINT i = m_Name == L"PropertyDraw" ? 1 : 0; i < Count(); ++i)
+        text += L" " + TextOfArgument((*this)[i]);
+    return text;
+}
+
+std::wstring EventRecorder::Heard() {
+    std::wstring all;
+    for (const auto& line : std::exchange(m_Log, {}))
+        all += (all.empty() ? L"" : L"; ") + line;
+    return all;
+}
+
+HRESULT EventRecorder::QueryInterface(REFIID iid, void** object) {
+    const bool answered = iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch) || iid == __uuidof(__OrmiskGrid);
+    *object = answered ? this : nullptr;
+    references += answered;
+    return answered ? S_OK : E_NOINTERFACE;
+}
+
+HRESULT EventRecorder::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO* exception,
+                              UINT*) {
+    const auto name = EventNames().find(id);
+    const EventCall call(name == EventNames().end() ? L"unknown" : name->second, *parameters);
+    if (!quiet.contains(call.Name()))
+        m_Log.push_back(call.Text());
+    if (id == 15 && !messageBoxes)
+        call.Set(2, false);
+    const auto handler = on.find(call.Name());
+    if (handler == on.end())
+        return S_OK;
+    const auto act = handler->second;
+    act(call);
+    const HRESULT result = std::exchange(answer, S_OK);
+    if (result == DISP_E_EXCEPTION && exception) {
+        exception->scode = static_cast<SCODE>(0x800A03E8);
+        exception->bstrSource = SysAllocString(L"Handler");
+        exception->bstrDescription = SysAllocString(L"The handler raised.");
+    }
+    return result;
+}
+
+Picture::Picture(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    *this = Picture({client.right, client.bottom},
+                    [&](HDC dc) { SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT); });
+}
+
+Picture::Picture(SIZE size, const std::function<void(HDC)>& draw) : m_Size(size) {
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof info.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    void* bits = nullptr;
+    const HDC dc = CreateCompatibleDC(nullptr);
+    const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const HGDIOBJ old = SelectObject(dc, bitmap);
+    const RECT all{0, 0, size.cx, size.cy};
+    const HBRUSH ground = CreateSolidBrush(kUntouched);
+    FillRect(dc, &all, ground);
+    DeleteObject(ground);
+    draw(dc);
+    GdiFlush();
+    m_Pixels.resize(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
+    if (bits)
+        std::memcpy(m_Pixels.data(), bits, m_Pixels.size() * sizeof m_Pixels[0]);
+    SelectObject(dc, old);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+}
+
+COLORREF Picture::At(long x, long y) const {
+    if (x < 0 || y < 0 || x >= m_Size.cx || y >= m_Size.cy)
+        return CLR_INVALID;
+    const auto pixel =
+        m_Pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_Size.cx) + static_cast<std::size_t>(x)];
+    return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
+}
+
+long Picture::Count(COLORREF color, RECT area) const {
+    long count = 0;
+    for (long y = area.top; y < area.bottom; ++y)
+        for (long x = area.left; x < area.right; ++x)
+            count += At(x, y) == color;
+    return count;
+}
+
+GridContainer::GridContainer(const Setup& setup) : grid(MakeObject<OrmiskGrid>()) {
+    SetWindowPos(window, HWND_TOP, 0, 0, setup.size.cx + 40, setup.size.cy + 40, SWP_NOACTIVATE);
+    position = {10, 10, 10 + setup.size.cx, 10 + setup.size.cy};
+    ambient[DISPID_AMBIENT_USERMODE] = setup.userMode;
+    ambient[kScaleUnits] = setup.scaleUnits.c_str();
+    ComPtr<IConnectionPoint> point;
+    grid->FindConnectionPoint(__uuidof(__OrmiskGrid), point.GetAddressOf());
+    point->Advise(&events, &m_EventCookie);
+    ComPtr<IConnectionPoint> changes;
+    grid->FindConnectionPoint(__uuidof(IPropertyNotifySink), changes.GetAddressOf());
+    changes->Advise(static_cast<IPropertyNotifySink*>(this), &m_NoticeCookie);
+    EXPECT_EQ(grid->SetClientSite(this), S_OK);
+    EXPECT_EQ(grid->InitNew(), S_OK);
+    if (setup.activate) {
+        EXPECT_EQ(grid->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, this, 0, window, nullptr), S_OK);
+    }
+    SetForegroundWindow(window);
+    m_MouseHook = SetWindowsHookExW(WH_MOUSE_LL, SwallowDevice, GetModuleHandleW(nullptr), 0);
+}
+
+GridContainer::~GridContainer() {
+    UnhookWindowsHookEx(m_MouseHook);
+    LetGo();
+    // Nothing of the control may hold on to its host.
+    EXPECT_EQ(events.references, 1);
+    EXPECT_EQ(references, 1);
+}
+
+void GridContainer::LetGo() {
+    const ComPtr<OrmiskGrid> last = std::exchange(grid, nullptr);
+    if (!last)
+        return;
+    ComPtr<IConnectionPoint> point;
+    last->FindConnectionPoint(__uuidof(__OrmiskGrid), point.GetAddressOf());
+    point->Unadvise(m_EventCookie);
+    ComPtr<IConnectionPoint> changes;
+    last->FindConnectionPoint(__uuidof(IPropertyNotifySink), changes.GetAddressOf());
+    changes->Unadvise(m_NoticeCookie);
+    last->Close(OLECLOSE_NOSAVE);
+    last->SetClientSite(nullptr);
+    active = nullptr;
+}
+
+void GridContainer::SetAmbient(const wchar_t* name, const _variant_t& value) {
+    const DISPID id = _wcsicmp(name, L"ScaleUnits") == 0 ? kScaleUnits
+                      : _wcsicmp(name, L"Font") == 0     ? DISPID_AMBIENT_FONT
+                                                         : DISPID_AMBIENT_USERMODE;
+    ambient[id] = value;
+    EXPECT_EQ(grid->OnAmbientPropertyChange(id), S_OK);
+}
+
+HRESULT GridContainer::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
+    *ids = _wcsicmp(names[0], L"ScaleUnits") == 0 ? kScaleUnits : DISPID_UNKNOWN;
+    return *ids == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
+}
+
+void GridContainer::Resize(SIZE size) {
+    position.right = position.left + size.cx;
+    position.bottom = position.top + size.cy;
+    EXPECT_EQ(grid->SetObjectRects(&position, &clip), S_OK);
+}
+
+ComPtr<_CProperties> GridContainer::Properties() const {
+    ComPtr<_CProperties> properties;
+    EXPECT_EQ(grid->get_Properties(properties.GetAddressOf()), S_OK);
+    return properties;
+}
+
+ComPtr<_CProperty> GridContainer::Add(const wchar_t* name, const _variant_t& value, const wchar_t* category,
+                                      omEditorType editor, const wchar_t* editorKey) {
+    _variant_t copy(value);
+    ComPtr<_CProperty> property;
+    EXPECT_EQ(Properties()->Add2(_bstr_t(name), &copy, _bstr_t(category), nullptr, nullptr, VARIANT_TRUE, &editor,
+                                 _bstr_t(editorKey), property.GetAddressOf()),
+              S_OK);
+    return property;
+}
+
+ComPtr<_CProperty> GridContainer::Item(const _variant_t& indexOrKey) const {
+    ComPtr<_CProperty> property;
+    Properties()->get_Item(indexOrKey, property.GetAddressOf());
+    return property;
+}
+
+long GridContainer::Count() const {
+    long count = -1;
+    Properties()->get_Count(&count);
+    return count;
+}
+
+std::wstring GridContainer::Selected() const {
+    ComPtr<_CProperty> property;
+    EXPECT_EQ(grid->get_SelectedProperty(property.GetAddressOf()), S_OK);
+    return property ? PropertyName(property.Get()) : std::wstring();
+}
+
+HWND GridContainer::Window() const {
+    HWND result = nullptr;
+    if (grid)
+        grid->GetWindow(&result);
+    return result;
+}
+
+HWND GridContainer::Tree() const {
+    const HWND bar = ScrollBarWindow();
+    return bar ? GetParent(bar) : nullptr;
+}
+
+HWND GridContainer::ScrollBarWindow() const { return FindChild(Window(), L"ScrollBar"); }
+
+HWND GridContainer::EditBox() const { return FindChild(Window(), L"Edit", Tree()); }
+
+HWND GridContainer::HeaderStrip() const { return FindChild(Tree(), L"OrmiskPane", Tree()); }
+
+HWND GridContainer::DescriptionPane() const {
+    const HWND background = GetParent(TabStrip());
+    for (HWND child = ::GetWindow(background, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+        if (child != TabStrip())
+            return child;
+    }
+    return nullptr;
+}
+
+std::wstring GridContainer::EditText() const {
+    const HWND box = EditBox();
+    if (!box || !(GetWindowLongPtrW(box, GWL_STYLE) & WS_VISIBLE))
+        return {};
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(box)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(box, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+long GridContainer::HeaderHeight() const {
+    return Read(grid.Get(), &OrmiskGrid::get_Headers) == omHeadersNone ? 0 : HeightOf(HeaderStrip());
+}
+
+// The text's height and four pixels, made even.
+long GridContainer::RowHeight() const {
+    const ComPtr<IFontDisp> object = Adopt(Read(grid.Get(), &OrmiskGrid::get_Font));
+    HFONT font = nullptr;
+    Query<IFont>(object)->get_hFont(&font);
+    const HDC dc = GetDC(nullptr);
+    const HGDIOBJ old = SelectObject(dc, font);
+    SIZE text{};
+    GetTextExtentPoint32W(dc, L"Ag", 2, &text);
+    SelectObject(dc, old);
+    ReleaseDC(nullptr, dc);
+    return text.cy + 4 + (text.cy & 1);
+}
+
+long GridContainer::Divider() const {
+    return std::lround(Read(grid.Get(), &OrmiskGrid::get_ColumnDividerPosition)) + 1;
+}
+
+RECT GridContainer::NameCell(long row) const { return {0, RowTop(row), Divider(), RowTop(row + 1)}; }
+
+RECT GridContainer::ValueCell(long row) const {
+    RECT client{};
+    GetClientRect(Tree(), &client);
+    const bool bar = GetWindowLongPtrW(ScrollBarWindow(), GWL_STYLE) & WS_VISIBLE;
+    return {Divider(), RowTop(row), client.right - (bar ? GetSystemMetrics(SM_CXVSCROLL) : 0), RowTop(row + 1)};
+}
+
+void GridContainer::TypeIntoEditor(const std::wstring& text) const {
+    SendMessageW(EditBox(), EM_SETSEL, 0, -1);
+    for (const wchar_t character : text)
+        SendMessageW(EditBox(), WM_CHAR, character, 1);
+}
+
+void GridContainer::ClickTree(long x, long y) const {
+    const HWND tree = Tree();
+    POINT point{x, y};
+    ClientToScreen(tree, &point);
+    MoveCursor(point);
+    Pump();
+    SendMessageW(tree, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    SendMessageW(tree, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+}
+
+void GridContainer::SendMouse(DWORD flags, DWORD data) const {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    input.mi.mouseData = data;
+    SendInput(1, &input, sizeof input);
+    Pump();
+}
+
+void GridContainer::MouseTo(HWND target, long x, long y) {
+    POINT point{x, y};
+    ClientToScreen(target, &point);
+    SetForegroundWindow(window);
+    MoveCursor(point);
+    Pump();
+}
+
+void GridContainer::RealClick(HWND target, long x, long y, int count) {
+    // Not the second half of an earlier double click.
+    MouseTo(target, x + 40, y);
+    SendMouse(MOUSEEVENTF_RIGHTDOWN);
+    SendMouse(MOUSEEVENTF_RIGHTUP);
+    MouseTo(target, x, y);
+    for (; count > 0; --count) {
+        SendMouse(MOUSEEVENTF_LEFTDOWN);
+        SendMouse(MOUSEEVENTF_LEFTUP);
+    }
+}
+
+void GridContainer::RealDrag(HWND target, POINT from, POINT to) {
+    MouseTo(target, from.x, from.y);
+    POINT start = from;
+    POINT end = to;
+    ClientToScreen(target, &start);
+    ClientToScreen(target, &end);
+    SendMouse(MOUSEEVENTF_LEFTDOWN);
+    MoveCursor({(start.x + end.x) / 2, (start.y + end.y) / 2});
+    Pump();
+    MoveCursor(end);
+    Pump();
+    SendMouse(MOUSEEVENTF_LEFTUP);
+}
+
+void GridContainer::RealWheel(int amount) { SendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(amount)); }
+
+void GridContainer::RealKeys(std::initializer_list<WORD> keys, WORD modifier) {
+    SetForegroundWindow(window);
+    if (modifier)
+        SendKey(modifier, 0);
+    for (const WORD key : keys) {
+        SendKey(key, 0);
+        SendKey(key, KEYEVENTF_KEYUP);
+        Pump();
+    }
+    if (modifier)
+        SendKey(modifier, KEYEVENTF_KEYUP);
+    Pump();
+}
+
+void GridContainer::Pump() const {
+    const ULONGLONG end = GetTickCount64() + kPatience;
+    ULONGLONG quietAt = GetTickCount64() + kQuiet;
+    for (ULONGLONG now = 0; (now = GetTickCount64()) < std::min(quietAt, end);) {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message != WM_TIMER && message.message != 0x118) // a caret's blinking
+                quietAt = GetTickCount64() + kQuiet;
+            const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+            const ComPtr<IOleInPlaceActiveObject> first = active;
+            if (key && first && first->TranslateAccelerator(&message) == S_OK)
+                continue;
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 5, QS_ALLINPUT);
+    }
+}
+
+std::wstring FailureOfCall(HRESULT hr) {
+    if (SUCCEEDED(hr))
+        return L"no failure";
+    const AutomationError error = TakeErrorInfo(hr);
+    wchar_t number[9];
+    std::swprintf(number, 9, L"%08lX", static_cast<unsigned long>(error.number));
+    return std::wstring(number) + L"|" + error.source + L"|" + error.description;
+}
+
+std::wstring PropertyName(_CProperty* property) {
+    BSTR name = nullptr;
+    property->get_Name(&name);
+    return FromBstr(_bstr_t(name, false));
+}
+
+std::wstring ValueText(_CProperty* property) {
+    _variant_t value;
+    property->get_Value(&value);
+    return TextOf(value);
+}
+
+void GridTest::SetUp() {
+    // The system keeps windows and drawing handles of its own from their first use on.
+    static const bool warm = [] {
+        EXPECT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
+        for (int i = 0; i < 2; ++i) {
+            GridContainer container;
+            container.Add(L"\x4E2D\xD83D\xDE00", L"\x4E2D\xD83D\xDE00", L"Category");
+            container->put_ActiveView(omCatagorized);
+            container->put_ActiveView(omAlphabetic);
+            for (int row = 0; row < 40; ++row)
+                container.Add(std::to_wstring(row).c_str());
+            container.RealClick(container.Tree(), 30, container.RowTop(0) + 5);
+            container.RealKeys({'A', VK_RETURN});
+            container.Paint();
+        }
+        return true;
+    }();
+    ASSERT_TRUE(warm);
+    ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
+    m_Objects = LiveObjects();
+    m_Windows = LiveWindows();
+    m_Handles = LiveGdiHandles();
+}
+
+void GridTest::TearDown() {
+    ExpectNothingLeft();
+    OleUninitialize();
+}
+
+void GridTest::ExpectNothingLeft() const {
+    EXPECT_EQ(LiveObjects(), m_Objects) << "objects leaked";
+    EXPECT_EQ(LiveWindows(), m_Windows) << "windows leaked";
+    EXPECT_EQ(LiveGdiHandles(), m_Handles) << "drawing handles leaked";
+}
+
+} // namespace ormisk::test

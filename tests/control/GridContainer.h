@@ -1,0 +1,176 @@
+#pragma once
+
+#include "ControlHost.h"
+
+#include "automation/Value.h"
+#include "grid/OrmiskGrid.h"
+
+#include <set>
+
+namespace ormisk::test {
+
+// An event as a handler sees it: by-reference arguments can be written.
+class EventCall {
+public:
+    EventCall(std::wstring name, const DISPPARAMS& parameters) : m_Name(std::move(name)), m_Parameters(parameters) {}
+    const std::wstring& Name() const { return m_Name; }
+    UINT Count() const { return m_Parameters.cArgs; }
+    VARIANT& operator[](UINT index) const { return m_Parameters.rgvarg[m_Parameters.cArgs - 1 - index]; }
+    void Set(UINT index, bool flag) const { *V_BOOLREF(&(*this)[index]) = flag ? VARIANT_TRUE : VARIANT_FALSE; }
+    // The name and the arguments: properties by name, contexts left out.
+    std::wstring Text() const;
+
+private:
+    std::wstring m_Name;
+    const DISPPARAMS& m_Parameters;
+};
+
+// A sink of the grid's events. It writes them down, but for the quiet ones, and lets a test handle each.
+class EventRecorder : public IDispatch {
+public:
+    std::map<std::wstring, std::function<void(const EventCall&)>> on;
+    std::set<std::wstring> quiet{L"KeyDown",   L"KeyPress", L"KeyUp",       L"MouseDown",
+                                 L"MouseMove", L"MouseUp",  L"PropertyDraw"};
+    HRESULT answer = S_OK; // of the next handled event
+    bool messageBoxes = false;
+    int references = 1;
+
+    // What was heard since the last call.
+    std::wstring Heard();
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+    STDMETHODIMP_(ULONG) Release() override { return --references; }
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO* exception,
+                        UINT*) override;
+
+private:
+    std::vector<std::wstring> m_Log;
+};
+
+// What a window paints into a context of the caller's, on a ground that no test uses.
+class Picture {
+public:
+    static constexpr COLORREF kUntouched = RGB(255, 0, 255);
+    explicit Picture(HWND window);
+    // Draws something else of the same size.
+    Picture(SIZE size, const std::function<void(HDC)>& draw);
+    COLORREF At(long x, long y) const;
+    SIZE Size() const { return m_Size; }
+    // Pixels of a colour in a rectangle.
+    long Count(COLORREF color, RECT area) const;
+
+private:
+    SIZE m_Size{};
+    std::vector<std::uint32_t> m_Pixels;
+};
+
+// A container with the grid in place: ambient properties, events, change notices, the mouse and the keys of a user.
+class GridContainer : public Host {
+public:
+    struct Setup {
+        bool userMode = true;
+        std::wstring scaleUnits = L"Pixel";
+        SIZE size{300, 300};
+        bool activate = true;
+    };
+    GridContainer() : GridContainer(Setup{}) {}
+    explicit GridContainer(const Setup& setup);
+    ~GridContainer();
+
+    ComPtr<OrmiskGrid> grid;
+    EventRecorder events;
+    std::vector<DISPID> notices; // of changed properties
+    std::wstring Heard() { return events.Heard(); }
+    OrmiskGrid* operator->() const { return grid.Get(); }
+
+    void SetAmbient(const wchar_t* name, const _variant_t& value);
+    void Resize(SIZE size);
+    // Lets the control go as a closing host does; the window stays.
+    void LetGo();
+
+    ComPtr<_CProperties> Properties() const;
+    ComPtr<_CProperty> Add(const wchar_t* name, const _variant_t& value = L"", const wchar_t* category = L"",
+                           omEditorType editor = omTextEditor, const wchar_t* editorKey = L"");
+    ComPtr<_CProperty> Item(const _variant_t& indexOrKey) const;
+    long Count() const;
+    void Select(_CProperty* property) const { EXPECT_EQ(grid->putref_SelectedProperty(property), S_OK); }
+    std::wstring Selected() const; // its name, "" for none
+
+    // Windows; null when the grid has none.
+    HWND Window() const;
+    HWND Tree() const;
+    HWND HeaderStrip() const;
+    HWND ScrollBarWindow() const;
+    HWND EditBox() const;
+    HWND TabStrip() const { return GetParent(Tree()); }
+    HWND DescriptionPane() const;
+    std::wstring EditText() const; // "" while no editor is on screen
+
+    // Geometry of the rows, in pixels of the tree window.
+    long HeaderHeight() const;
+    long RowHeight() const;
+    long RowTop(long row) const { return HeaderHeight() + row * RowHeight(); }
+    long Divider() const;
+    RECT NameCell(long row) const;
+    RECT ValueCell(long row) const;
+
+    Picture Paint() const { return Picture(Tree()); }
+
+    // A key or a click told to the window itself; the mouse stands where the click is.
+    void Press(WPARAM key) const { SendMessageW(Tree(), WM_KEYDOWN, key, 1); }
+    void TypeIntoEditor(const std::wstring& text) const; // replaces what is there
+    void Enter() const { SendMessageW(EditBox(), WM_CHAR, L'\r', 1); }
+    void ClickTree(long x, long y) const;
+    void ClickRow(long row) const { ClickTree(Divider() - 3, RowTop(row) + RowHeight() / 2); }
+
+    // Real input, worked off; keys are offered to the control first, as hosts do.
+    void MouseTo(HWND window, long x, long y);
+    void RealClick(HWND window, long x, long y, int count = 1);
+    void RealDrag(HWND window, POINT from, POINT to);
+    void RealWheel(int amount);
+    void RealKeys(std::initializer_list<WORD> keys, WORD modifier = 0);
+    void Pump() const;
+
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override;
+    STDMETHODIMP OnChanged(DISPID id) override { return notices.push_back(id), S_OK; }
+
+private:
+    void SendMouse(DWORD flags, DWORD data = 0) const;
+
+    HHOOK m_MouseHook = nullptr;
+    DWORD m_EventCookie = 0;
+    DWORD m_NoticeCookie = 0;
+};
+
+// The number in hexadecimal digits, source and text of a failed call.
+std::wstring FailureOfCall(HRESULT hr);
+std::wstring PropertyName(_CProperty* property);
+std::wstring ValueText(_CProperty* property);
+
+template <class T> T Read(OrmiskGrid* grid, HRESULT (STDMETHODCALLTYPE OrmiskGrid::*getter)(T*)) {
+    T value{};
+    EXPECT_EQ((grid->*getter)(&value), S_OK);
+    return value;
+}
+inline std::wstring ReadText(OrmiskGrid* grid, HRESULT (STDMETHODCALLTYPE OrmiskGrid::*getter)(BSTR*)) {
+    return FromBstr(_bstr_t(Read(grid, getter), false));
+}
+
+// Tests with a grid, which may leave nothing behind.
+class GridTest : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+    void ExpectNothingLeft() const;
+
+private:
+    long m_Objects = 0;
+    unsigned m_Windows = 0;
+    unsigned m_Handles = 0;
+};
+
+} // namespace ormisk::test

@@ -1,0 +1,331 @@
+// The way of a change in the model to rows, selection and events.
+
+#include "GridContainer.h"
+
+namespace ormisk::test {
+namespace {
+
+// The rows on screen from top to bottom, by the keyboard: a category row selects no property.
+std::wstring Rows(GridContainer& host) {
+    std::wstring rows;
+    host.Select(nullptr);
+    host.Press(VK_DOWN); // the first key only selects the first row
+    host.Press(VK_HOME);
+    const Picture picture = host.Paint();
+    std::wstring last;
+    for (int row = 0; row < 50; ++row) {
+        const std::wstring name = host.Selected();
+        rows += (rows.empty() ? L"" : L" ") + (name.empty() ? L"*" : name);
+        const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+        if (host.Paint().At(host.Divider() - 3, host.RowTop(row + 1) + 3) != highlight) {
+            host.Press(VK_DOWN);
+            if (host.Paint().At(host.Divider() - 3, host.RowTop(row + 1) + 3) != highlight)
+                break;
+        }
+    }
+    host.Heard();
+    return rows;
+}
+
+TEST_F(GridTest, AddingTellsBeforeTheRowsStandOrRefusalsTell) {
+    GridContainer host;
+    host.events.on[L"PropertyAdded"] = [&](const EventCall& call) {
+        // Collection, rows and category are all there by now.
+        const auto property = Query<_CProperty>(V_DISPATCH(&call[0]));
+        long index = 0;
+        property->get_Index(&index);
+        EXPECT_EQ(index, host.Count());
+        host.Select(property.Get());
+        EXPECT_EQ(host.Selected(), PropertyName(property.Get()));
+    };
+    host.Add(L"A", 1L, L"X|Y");
+    EXPECT_EQ(host.Heard(), L"PropertyAdded A; SelChanged A");
+    host.Add(L"B", L"two");
+    EXPECT_EQ(host.Heard(), L"PropertyAdded B; SelChanged B");
+    BSTR category = nullptr;
+    host.Item(L"_B")->get_Category(&category);
+    EXPECT_EQ(FromBstr(_bstr_t(category, false)), L"Misc");
+
+    ComPtr<_CProperty> refused;
+    _variant_t value(L"x");
+    omEditorType editor = omTextEditor;
+    EXPECT_EQ(FailureOfCall(host.Properties()->Add(_bstr_t(L"a"), &value, _bstr_t(L"x|y"), nullptr, nullptr,
+                                                   VARIANT_TRUE, &editor, refused.GetAddressOf())),
+              L"80040006|CProperties.Add|Property with this name is already present in specified category.");
+    EXPECT_EQ(refused.Get(), nullptr);
+    EXPECT_EQ(host.Heard(), L"");
+    EXPECT_EQ(Rows(host), L"A B");
+
+    // What a handler raises does not reach the one who adds.
+    host.events.on[L"PropertyAdded"] = [&](const EventCall&) { host.events.answer = DISP_E_EXCEPTION; };
+    host.Add(L"C");
+    EXPECT_EQ(Rows(host), L"A B C");
+}
+
+TEST_F(GridTest, RemovingLeavesEmptyCategoriesOrTakesSharedOnes) {
+    GridContainer host;
+    host.Add(L"A", L"", L"X|Y");
+    host.Add(L"B", L"", L"X|Y");
+    host.Add(L"C", L"", L"Z");
+    host->put_ActiveView(omCatagorized);
+    for (const wchar_t* path : {L"X|Y", L"Z"})
+        host->ExpandCategory(_bstr_t(path), VARIANT_TRUE);
+    EXPECT_EQ(Rows(host), L"* * A B * C");
+    EXPECT_EQ(host.Properties()->Remove(_variant_t(L"X|Y_A")), S_OK);
+    EXPECT_EQ(host.Heard(), L"PropertyDeleted A");
+    EXPECT_EQ(Rows(host), L"* * B * C");
+    host.Properties()->Remove(_variant_t(1L));
+    EXPECT_EQ(Rows(host), L"* C");
+    // The only rows of the selected property go: nothing stays selected, and no SelChanged tells of it.
+    host.Select(host.Item(1L).Get());
+    host.Heard();
+    host.Properties()->Remove(_variant_t(1L));
+    EXPECT_EQ(host.Heard(), L"PropertyDeleted C");
+    EXPECT_EQ(host.Selected(), L"");
+    EXPECT_EQ(host.EditText(), L"");
+    EXPECT_EQ(host.Count(), 0);
+}
+
+TEST_F(GridTest, ClearingTellsTheHostOrKeepsEditorAndSelection) {
+    GridContainer host;
+    const auto kept = host.Add(L"A", L"text");
+    host.Add(L"B", L"", L"X");
+    host.Select(kept.Get());
+    EXPECT_EQ(host.EditText(), L"text");
+    host.Heard();
+    _variant_t result;
+    EXPECT_EQ(host.Properties()->Clear(&result), S_OK);
+    EXPECT_EQ(V_VT(&result), VT_EMPTY);
+    EXPECT_EQ(host.Heard(), L"");
+    EXPECT_EQ(host.EditText(), L"");
+    EXPECT_EQ(host.Selected(), L"");
+    EXPECT_EQ(host.Properties()->Clear(&result), S_OK);
+    // What the host kept is a property of nobody now.
+    EXPECT_EQ(kept->put_Value(_variant_t(L"late")), S_OK);
+    EXPECT_EQ(kept->put_Visible(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(host.Heard(), L"");
+    kept->put_Visible(VARIANT_TRUE);
+    EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(kept.Get())),
+              L"8004000D|" + std::wstring(kLibraryTitle) + L"|Alien property object.");
+    host.Add(L"A", L"again");
+    EXPECT_EQ(Rows(host), L"A");
+}
+
+TEST_F(GridTest, AValueOfTheHostIsValidatedOrToldMoreThanOnceOrLeavesTheEditorBehind) {
+    GridContainer host;
+    const auto row = host.Add(L"A", L"old");
+    host.Select(row.Get());
+    host.Heard();
+    host.events.on[L"PropertyValueChanged"] = [&](const EventCall&) {
+        EXPECT_EQ(ValueText(row.Get()), L"new");
+        EXPECT_EQ(host.EditText(), L"new") << "the editor is loaded before the host is told";
+    };
+    EXPECT_EQ(row->put_Value(_variant_t(L"new")), S_OK);
+    EXPECT_EQ(host.Heard(), L"PropertyValueChanged A");
+    EXPECT_EQ(row->put_Value(_variant_t(L"new")), S_OK);
+    EXPECT_EQ(host.Heard(), L"");
+    // A handler that raises is reported, and the setter succeeds.
+    host.events.on[L"PropertyValueChanged"] = [&](const EventCall&) { host.events.answer = DISP_E_EXCEPTION; };
+    EXPECT_EQ(row->put_Value(_variant_t(L"third")), S_OK);
+    EXPECT_EQ(host.Heard(), L"PropertyValueChanged A; DisplayError The handler raised. -2146827288 True");
+    EXPECT_EQ(ValueText(row.Get()), L"third");
+}
+
+TEST_F(GridTest, ANewNameBreaksTheKeyOrReachesOneViewOnly) {
+    GridContainer host;
+    const auto row = host.Add(L"A", L"v", L"X");
+    host->put_Grid(omGridNone);
+    const auto nameIsEmpty = [&] {
+        host->ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE);
+        const long at = Read(host.grid.Get(), &OrmiskGrid::get_ActiveView) == omAlphabetic ? 0 : 1;
+        RECT cell = host.NameCell(at);
+        const Picture picture = host.Paint();
+        return picture.Count(picture.At(cell.right - 2, cell.top + 1), cell) ==
+               (cell.right - cell.left) * (cell.bottom - cell.top);
+    };
+    EXPECT_FALSE(nameIsEmpty());
+    EXPECT_EQ(row->put_Name(_bstr_t(L"  ")), S_OK);
+    EXPECT_TRUE(nameIsEmpty());
+    host->put_ActiveView(omCatagorized);
+    EXPECT_TRUE(nameIsEmpty());
+    EXPECT_EQ(host.Item(L"X_A").Get(), row.Get());
+}
+
+TEST_F(GridTest, ACollapsedCategoryKeepsItsSelectedRowOrTellsInTheWrongOrder) {
+    GridContainer host;
+    host.Add(L"A", L"1", L"X|Y");
+    const auto b = host.Add(L"B", L"2", L"X|Y");
+    for (const wchar_t* path : {L"X|Y", L"X"})
+        host->ExpandCategory(_bstr_t(path), VARIANT_FALSE);
+    host->put_ActiveView(omCatagorized);
+    EXPECT_EQ(host.Heard(), L"PropertyAdded A; PropertyAdded B; ActiveViewChanged");
+    host.Select(b.Get()); // opens what is above it
+    EXPECT_EQ(host.Heard(), L"CategoryExpanding X False; CategoryExpanding Y False; SelChanged B");
+    host.TypeIntoEditor(L"two");
+    host->ExpandCategory(_bstr_t(L"X"), VARIANT_FALSE);
+    EXPECT_EQ(host.Heard(),
+              L"CategoryCollapsing X False; ValidateValue B two False; PropertyValueChanged B; SelChanged Nothing");
+    EXPECT_EQ(host.Selected(), L"");
+    EXPECT_EQ(host.EditText(), L"");
+    EXPECT_EQ(host.Paint().At(host.Divider() - 3, host.RowTop(0) + 3), GetSysColor(COLOR_HIGHLIGHT))
+        << "the category is selected now";
+
+    // Refused: the rows stay. Only the exact True refuses.
+    host.events.on[L"CategoryExpanding"] = [](const EventCall& call) { call.Set(1, true); };
+    host.Press(VK_RIGHT);
+    host.Press(VK_END);
+    EXPECT_EQ(host.Heard(), L"CategoryExpanding X False") << "there is nothing below";
+    host.events.on[L"CategoryExpanding"] = [](const EventCall& call) { *V_BOOLREF(&call[1]) = 1; };
+    host.Press(VK_RIGHT);
+    host.Press(VK_END);
+    EXPECT_EQ(host.Heard(), L"CategoryExpanding X False; SelChanged B") << "Y stood open within X";
+}
+
+TEST_F(GridTest, ExpandingAPathFiresInTheWrongViewOrMakesCategories) {
+    GridContainer host;
+    host.Add(L"A", L"", L"X|Y");
+    host.Heard();
+    for (const wchar_t* closed : {L"X|Y", L"X"})
+        host->ExpandCategory(_bstr_t(closed), VARIANT_FALSE);
+    host->ExpandCategory(_bstr_t(L" X | nowhere | Y"), VARIANT_TRUE); // opens X on its way
+    host->ExpandCategory(_bstr_t(L"nowhere"), VARIANT_TRUE);
+    host->ExpandCategory(_bstr_t(L"  "), VARIANT_TRUE);
+    host->ExpandCategory(nullptr, VARIANT_TRUE);
+    EXPECT_EQ(host.Heard(), L"") << "the tree is not on screen";
+    host->put_ActiveView(omCatagorized);
+    EXPECT_EQ(Rows(host), L"* *");
+    host->ExpandCategory(_bstr_t(L"x||y"), VARIANT_TRUE);
+    EXPECT_EQ(host.Heard(), L"CategoryExpanding Y False") << "X is open";
+    EXPECT_EQ(Rows(host), L"* * A");
+    host->ExpandCategory(_bstr_t(L"X|Y"), VARIANT_FALSE); // closes the last one only
+    EXPECT_EQ(Rows(host), L"* *");
+}
+
+TEST_F(GridTest, SwitchingTheViewLosesTheSelectionOrTellsBeforeIt) {
+    GridContainer host;
+    const auto a = host.Add(L"A", L"1", L"X");
+    const auto b = host.Add(L"B", L"2", L"Y");
+    host->ExpandCategory(_bstr_t(L"X"), VARIANT_FALSE);
+    host.Select(b.Get());
+    host.TypeIntoEditor(L"two");
+    host.Heard();
+    EXPECT_EQ(host->put_ActiveView(omCatagorized), S_OK);
+    EXPECT_EQ(host.Heard(), L"ValidateValue B two False; PropertyValueChanged B; ActiveViewChanged");
+    EXPECT_EQ(host.Selected(), L"B");
+    EXPECT_EQ(host.EditText(), L"two");
+    EXPECT_EQ(host->put_ActiveView(omCatagorized), S_OK);
+    EXPECT_EQ(host.Heard(), L"");
+    host->put_ActiveView(omAlphabetic);
+    EXPECT_EQ(host.Selected(), L"B");
+    host.Select(a.Get());
+    host.Heard();
+    host->put_ActiveView(omCatagorized); // X is closed
+    EXPECT_EQ(host.Heard(), L"SelChanged Nothing; ActiveViewChanged");
+    host.Press(VK_HOME); // a category row
+    host->put_ActiveView(omAlphabetic);
+    EXPECT_EQ(host.Heard(), L"ActiveViewChanged");
+    EXPECT_EQ(host.Selected(), L"");
+    // Other numbers are the categorized view.
+    EXPECT_EQ(host->put_ActiveView(static_cast<omActiveView>(7)), S_OK);
+    EXPECT_EQ(Rows(host), L"* * B");
+}
+
+TEST_F(GridTest, AHiddenPropertyKeepsARowOrItsEditor) {
+    GridContainer host;
+    const auto a = host.Add(L"A", L"1", L"X");
+    host.Add(L"B", L"2", L"X");
+    const auto c = host.Add(L"C", L"3", L"X");
+    host.Select(a.Get());
+    host.TypeIntoEditor(L"one");
+    host.Heard();
+    EXPECT_EQ(a->put_Visible(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(host.Heard(), L"ValidateValue A one False; PropertyValueChanged A; SelChanged Nothing");
+    EXPECT_EQ(host.EditText(), L"");
+    EXPECT_EQ(Rows(host), L"B C");
+    EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(a.Get())),
+              L"8004000F|" + std::wstring(kLibraryTitle) + L"|Invalid action for this property.");
+    c->put_Visible(VARIANT_FALSE);
+    EXPECT_EQ(Rows(host), L"B");
+    host->put_ActiveView(omCatagorized);
+    host->ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE);
+    EXPECT_EQ(Rows(host), L"* B");
+    a->put_Visible(VARIANT_TRUE);
+    c->put_Visible(VARIANT_TRUE);
+    EXPECT_EQ(Rows(host), L"* A B C");
+    host->put_ActiveView(omAlphabetic);
+    EXPECT_EQ(Rows(host), L"A B C");
+}
+
+TEST_F(GridTest, ALockedGridPaintsOrForgetsWhatHappenedMeanwhile) {
+    GridContainer host;
+    host->put_Grid(omHorzSolid);
+    host->put_LineColor(RGB(255, 0, 0));
+    host.Add(L"First");
+    host.Pump();
+    const HWND tree = host.Tree();
+    const auto isDirty = [&] {
+        RECT update;
+        return GetUpdateRect(tree, &update, FALSE) != FALSE;
+    };
+    EXPECT_FALSE(isDirty());
+    host->put_LockRefresh(VARIANT_TRUE);
+    host.Heard();
+    for (int i = 0; i < 30; ++i)
+        host.Add((L"Row" + std::to_wstring(i)).c_str());
+    EXPECT_FALSE(isDirty());
+    EXPECT_NE(host.Heard(), L"") << "additions are told under the lock too";
+    host.Properties()->Remove(_variant_t(2L));
+    host->Refresh();
+    host->put_PropertyForeColor(RGB(0, 0, 255));
+    EXPECT_FALSE(isDirty());
+    EXPECT_FALSE(GetWindowLongPtrW(host.ScrollBarWindow(), GWL_STYLE) & WS_VISIBLE);
+    EXPECT_EQ(host.Paint().At(host.Divider() - 2, host.RowTop(2) - 1), RGB(255, 0, 0)) << "a forced paint is right";
+    host->put_LockRefresh(VARIANT_FALSE);
+    EXPECT_TRUE(isDirty());
+    EXPECT_TRUE(GetWindowLongPtrW(host.ScrollBarWindow(), GWL_STYLE) & WS_VISIBLE);
+    EXPECT_EQ(host.Count(), 30);
+}
+
+TEST_F(GridTest, OddAndHugeTextsBreakNamesValuesOrCategories) {
+    GridContainer host;
+    host->put_ActiveView(omCatagorized);
+    const std::wstring huge(1 << 20, L'm');
+    const std::wstring zero = std::wstring(L"a") + L'\0' + L"b";
+    const std::wstring odd = L"\x4E2D\xD83D\xDE00 &&|";
+    const auto add = [&](const std::wstring& name, const std::wstring& value, const std::wstring& category) {
+        _variant_t content = ToVariant(value);
+        omEditorType editor = omTextEditor;
+        ComPtr<_CProperty> property;
+        EXPECT_EQ(host.Properties()->Add(ToBstr(name), &content, ToBstr(category), nullptr, nullptr, VARIANT_TRUE,
+                                         &editor, property.GetAddressOf()),
+                  S_OK);
+        return property;
+    };
+    for (const auto& text : {huge, zero, odd}) {
+        const auto row = add(text, text, L"Odd");
+        ASSERT_NE(row.Get(), nullptr);
+        EXPECT_TRUE(PropertyName(row.Get()) == text);
+        EXPECT_TRUE(ValueText(row.Get()) == text);
+        host.Select(row.Get());
+        EXPECT_FALSE(host.EditText().empty());
+        host.Paint();
+        // Unchanged in the editor: the value stays whole, though the box shows less of it.
+        host.Heard();
+        host.Select(nullptr);
+        EXPECT_TRUE(ValueText(row.Get()) == text) << text.size();
+    }
+    add(L"Deep", L"", huge + L"|" + huge);
+    std::wstring path = L"0";
+    for (int i = 1; i < 300; ++i)
+        path += L"|" + std::to_wstring(i);
+    const auto deep = add(L"Deepest", L"", path);
+    host.Select(deep.Get());
+    EXPECT_EQ(host.Selected(), L"Deepest");
+    host.Paint();
+    EXPECT_EQ(host->put_ColumnDividerPosition(-1.0F), S_OK);
+    _variant_t result;
+    EXPECT_EQ(host.Properties()->Clear(&result), S_OK);
+}
+
+} // namespace
+} // namespace ormisk::test
