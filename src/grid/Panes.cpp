@@ -60,7 +60,6 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
     const ScaleMode mode = ScaleModeFromText(scaleUnits);
     const float divider = m_picHeaderContainer.UnitsToPixelsX(m_HeaderSplitter.SplitterLocation());
     const float description = m_picBG.UnitsToPixelsY(m_ContainerSplitter.SplitterLocation());
-    const float bar = m_picBG.UnitsToPixelsX(static_cast<float>(m_ContainerSplitter.SplitterbarSize()));
     for (Pane* pane :
          {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
           &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
@@ -71,6 +70,8 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
     // The bars stay where they are, told in the new units.
     m_HeaderSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picHeaderContainer.PixelsToUnitsX(1.0F))));
     m_HeaderSplitter.SplitterLocation(m_picHeaderContainer.PixelsToUnitsX(divider));
+    // Its size is a whole number of units, and large units lose it: so it comes from the system each time.
+    const auto bar = static_cast<float>(GetSystemMetrics(SM_CYFRAME));
     m_ContainerSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picBG.PixelsToUnitsX(bar))));
     m_ContainerSplitter.SplitterLocation(m_picBG.PixelsToUnitsY(description));
 }
