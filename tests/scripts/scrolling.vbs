@@ -30,7 +30,7 @@ Set all = Grid.Properties
 MakePlain 300, 200
 Grid.Grid = 0
 width = 300
-height = kFit * RowHeight
+height = kFit * RowHeight + 2 * RowsTop
 barX = width - 8
 Host.Resize width, height
 
@@ -151,6 +151,7 @@ For i = 0 To 19999
     all.Add "R" & i, i
 Next
 Grid.LockRefresh = False
+Host.Keys "{HOME}"
 EventLog = ""
 Host.Keys "{END}"
 CheckEvents "the last of many", "selected R19999"
