@@ -102,8 +102,9 @@ void CProperty::LetValue(const VARIANT& given) {
     }
     const ComPtr<CProperty> alive(this);
     const _variant_t value = Plain(given);
+    const bool overObject = HoldsObject(m_Value) && V_VT(&value) != VT_NULL;
     const bool changed =
-        V_VT(&m_Value) == VT_NULL || HoldsObject(m_Value) || CompareValues(value, m_Value) == Comparison::Different;
+        V_VT(&m_Value) == VT_NULL || overObject || CompareValues(value, m_Value) == Comparison::Different;
     if (!changed) {
         return;
     }
@@ -147,6 +148,7 @@ void CProperty::WriteThrough(const std::wstring& memberName, WORD callType, cons
 }
 
 omEditorType CProperty::EditorType() {
+    const ComPtr<CProperty> alive(this);
     if (m_EditorType == omBooleanEditor) {
         FillBooleanList();
     }
@@ -155,12 +157,12 @@ omEditorType CProperty::EditorType() {
 
 // A Boolean is chosen from a list of two, whose labels are parameters.
 void CProperty::FillBooleanList() {
-    CListItems& items = ListItems();
-    items.RemoveAll();
+    const ComPtr<CListItems> items(&ListItems()); // the list tells the host of each entry
+    items->RemoveAll();
     const std::wstring trueText = ParamOr(L"True", L"True");
     const std::wstring falseText = ParamOr(L"False", L"False");
-    items.AddItem(trueText, _variant_t(true));
-    items.AddItem(falseText, _variant_t(false));
+    items->AddItem(trueText, _variant_t(true));
+    items->AddItem(falseText, _variant_t(false));
 }
 
 CListItems& CProperty::ListItems() {

@@ -71,6 +71,7 @@ void CProperty::FormatText(std::wstring& text) {
 
 std::wstring CProperty::ObjectText(IUnknown* borrowed) {
     const ComPtr<IUnknown> object(borrowed);
+    const ComPtr<CProperty> alive(this); // the object may do anything when it is asked
     if (m_EditorType == omPictureEditor) {
         const bool shown = object && PictureTypeOf(object.Get()) > 0;
         return shown ? ParamOr(L"(Picture)", L"(Picture)") : ParamOr(L"NoPicturePrompt", L"(none)");
