@@ -39,10 +39,12 @@ HRESULT CProperties::Add2(BSTR name, VARIANT* value, BSTR category, BSTR* key, I
                                     .autoUpdate = autoUpdate != VARIANT_FALSE,
                                     .editorType = editorType ? *editorType : omTextEditor,
                                     .editorKey = View(editorKey)};
+        // The key comes back as it was filed. A handler may have put another text into the caller's variable by then.
+        const std::wstring_view filed = TrimBlanks(arguments.key);
+        const bool trimmed = filed.size() != arguments.key.size();
+        const std::wstring text(trimmed ? filed : std::wstring_view());
         *property = AddProperty(nullptr, arguments).Detach();
-        // The key comes back as it was filed.
-        if (const std::wstring_view filed = TrimBlanks(arguments.key); filed.size() != arguments.key.size()) {
-            const std::wstring text(filed);
+        if (trimmed) {
             SysReAllocStringLen(key, text.data(), static_cast<UINT>(text.size()));
         }
     });
