@@ -478,6 +478,8 @@ void GridTest::SetUp() {
     // The system keeps windows and drawing handles of its own from their first use on.
     static const bool warm = [] {
         EXPECT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
+        for (const auto* cursor : {IDC_SIZENS, IDC_SIZEWE})
+            LoadCursorW(nullptr, cursor);
         for (int i = 0; i < 2; ++i) {
             GridContainer container;
             container.Add(L"\x4E2D\xD83D\xDE00", L"\x4E2D\xD83D\xDE00", L"Category");

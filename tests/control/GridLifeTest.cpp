@@ -1,0 +1,232 @@
+// Controls that are never sited, sited twice, or ended in an odd order; foreign objects; several sinks.
+
+#include "GridContainer.h"
+
+#include "ModelTestTools.h"
+
+namespace ormisk::test {
+namespace {
+
+TEST_F(GridTest, AControlWithoutASiteCrashesOrForgetsWhatItWasTold) {
+    const auto grid = MakeObject<OrmiskGrid>();
+    EXPECT_EQ(grid->InitNew(), S_OK);
+    EXPECT_EQ(grid->put_NameCaption(_bstr_t(L"Before")), S_OK);
+    EXPECT_EQ(grid->put_ActiveView(omCatagorized), S_OK);
+    EXPECT_EQ(grid->put_ColumnDividerPosition(10), S_OK);
+    EXPECT_EQ(grid->put_DescriptionPaneHeight(0), S_OK);
+    EXPECT_EQ(grid->put_LockRefresh(VARIANT_TRUE), S_OK);
+    EXPECT_EQ(grid->put_LockRefresh(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(grid->put_Indentation(3), S_OK);
+    EXPECT_EQ(grid->Refresh(), S_OK);
+    EXPECT_EQ(grid->putref_SelectedProperty(nullptr), S_OK);
+    EXPECT_EQ(grid->ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE), S_OK);
+    EXPECT_EQ(grid->UnRegisterEditor(_bstr_t(L"none")), S_OK);
+    EXPECT_EQ(Read(grid.Get(), &OrmiskGrid::get_hwnd), 0);
+    const auto properties = Adopt(Read(grid.Get(), &OrmiskGrid::get_Properties));
+    ComPtr<_CProperty> none;
+    omEditorType editor = omTextEditor;
+    _variant_t value(L"v");
+    EXPECT_EQ(
+        properties->Add(_bstr_t(L"A"), &value, nullptr, nullptr, nullptr, VARIANT_TRUE, &editor, none.GetAddressOf()),
+        S_OK);
+    EXPECT_EQ(none.Get(), nullptr) << "there is no control to add to";
+    EXPECT_EQ(ReadText(grid.Get(), &OrmiskGrid::get_NameCaption), L"Before");
+    SIZEL extent{};
+    EXPECT_EQ(grid->GetExtent(DVASPECT_CONTENT, &extent), S_OK);
+    const Picture nothing({40, 40}, [&](HDC dc) {
+        const RECTL bounds{0, 0, 40, 40};
+        grid->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr, nullptr, 0);
+    });
+}
+
+TEST_F(GridTest, ASecondSiteLosesRowsSelectionOrTheEditor) {
+    GridContainer host;
+    host.Add(L"A", L"1");
+    const auto b = host.Add(L"B", L"2");
+    host.Select(b.Get());
+    host.TypeIntoEditor(L"two");
+    Host other;
+    EXPECT_EQ(host->SetClientSite(&other), S_OK);
+    EXPECT_EQ(host->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &other, 0, other.window, nullptr), S_OK);
+    EXPECT_EQ(GetParent(host.Window()), other.window);
+    EXPECT_EQ(host.Selected(), L"B");
+    EXPECT_EQ(host.Count(), 2);
+    host.Press(VK_UP);
+    EXPECT_EQ(ValueText(b.Get()), L"two");
+    EXPECT_EQ(host.EditText(), L"1");
+    EXPECT_EQ(host->SetClientSite(&other), S_OK) << "the same one again";
+    EXPECT_EQ(host->SetClientSite(nullptr), S_OK);
+    EXPECT_EQ(host.Selected(), L"A");
+    EXPECT_EQ(other.references, 1);
+}
+
+TEST_F(GridTest, ADestroyedWindowLeavesAControlThatCrashes) {
+    for (const bool parent : {false, true}) {
+        SCOPED_TRACE(parent);
+        GridContainer host;
+        const auto a = host.Add(L"A", L"1", L"X");
+        host.Select(a.Get());
+        host.TypeIntoEditor(L"late");
+        host.Heard();
+        const auto properties = host.Properties();
+        DestroyWindow(parent ? host.window : host.Window());
+        EXPECT_EQ(host.Heard(), L"") << "an end commits nothing";
+        EXPECT_EQ(Read(host.grid.Get(), &OrmiskGrid::get_hwnd), 0);
+        long count = -1;
+        EXPECT_EQ(properties->get_Count(&count), S_OK);
+        EXPECT_EQ(count, 0);
+        // What is left answers, without a window or with a clear error.
+        EXPECT_EQ(a->put_Value(_variant_t(L"kept")), S_OK);
+        EXPECT_EQ(a->put_Visible(VARIANT_FALSE), S_OK);
+        EXPECT_EQ(a->put_Name(_bstr_t(L"other")), S_OK);
+        EXPECT_EQ(ValueText(a.Get()), L"kept");
+        EXPECT_EQ(Adopt(Read(host.grid.Get(), &OrmiskGrid::get_SelectedProperty)).Get(), nullptr);
+        EXPECT_TRUE(FAILED(host->putref_SelectedProperty(a.Get())));
+        EXPECT_TRUE(FAILED(host->StartPropertyEdit(a.Get())));
+        EXPECT_EQ(host->put_ActiveView(omCatagorized), S_OK);
+        EXPECT_EQ(host->put_Grid(omGridSolid), S_OK);
+        EXPECT_EQ(host->put_ShowTabs(VARIANT_FALSE), S_OK);
+        EXPECT_EQ(host->put_CategoryBackColor(1), S_OK);
+        EXPECT_EQ(host->put_CategorySeparator(_bstr_t(L"/")), S_OK);
+        EXPECT_EQ(host->put_ColumnDividerPosition(-1), S_OK);
+        EXPECT_EQ(host->put_DescriptionPaneHeight(0), S_OK);
+        EXPECT_EQ(host->put_Indentation(2), S_OK);
+        EXPECT_EQ(host->Refresh(), S_OK);
+        EXPECT_EQ(host->ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE), S_OK);
+        EXPECT_EQ(host->UnRegisterEditor(_bstr_t(L"none")), S_OK);
+        host->OnAmbientPropertyChange(DISPID_UNKNOWN);
+    }
+}
+
+TEST_F(GridTest, WhatAHostKeepsOutlivesTheControlBadly) {
+    ComPtr<_CProperty> row, removed;
+    ComPtr<_CProperties> properties;
+    ComPtr<IFontDisp> font;
+    ComPtr<IConnectionPoint> point;
+    {
+        GridContainer host;
+        row = host.Add(L"A", L"1", L"X");
+        removed = host.Add(L"B", L"2", L"X");
+        host.Properties()->Remove(_variant_t(L"X_B"));
+        properties = host.Properties();
+        font = Adopt(Read(host.grid.Get(), &OrmiskGrid::get_Font));
+        host.Select(row.Get());
+    }
+    for (const auto& kept : {row, removed}) {
+        EXPECT_EQ(kept->put_Value(_variant_t(L"new")), S_OK);
+        EXPECT_EQ(ValueText(kept.Get()), L"new");
+        EXPECT_EQ(kept->put_BackColor(3), S_OK);
+        BSTR text = nullptr;
+        EXPECT_EQ(kept->GetEditorParam(_bstr_t(L"MinLength"), &text), S_OK);
+        SysFreeString(text);
+        OLE_COLOR color = 0;
+        EXPECT_EQ(kept->get_ForeColor(&color), S_OK);
+    }
+    long count = -1;
+    EXPECT_EQ(properties->get_Count(&count), S_OK);
+    EXPECT_EQ(count, 0);
+    ComPtr<_CProperty> none;
+    _variant_t value(L"v");
+    omEditorType editor = omTextEditor;
+    properties->Add(_bstr_t(L"C"), &value, nullptr, nullptr, nullptr, VARIANT_TRUE, &editor, none.GetAddressOf());
+    EXPECT_EQ(none.Get(), nullptr);
+    EXPECT_EQ(Query<IFont>(font)->put_Size(CY{.int64 = 200000}), S_OK);
+}
+
+TEST_F(GridTest, AForeignPropertyIsTakenForAnOwnOne) {
+    GridContainer host, other;
+    const auto own = host.Add(L"A", L"1", L"X");
+    const auto alien = other.Add(L"A", L"1", L"X");
+    host.Select(own.Get());
+    host.Heard();
+    const std::wstring title = kLibraryTitle;
+    const std::wstring refusal = L"8004000D|" + title + L"|Alien property object.";
+    EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(alien.Get())), refusal);
+    EXPECT_EQ(FailureOfCall(host->StartPropertyEdit(alien.Get())), refusal);
+    EXPECT_EQ(FailureOfCall(host->StartPropertyEdit(nullptr)),
+              L"80040010|" + title + L"|Invalid property object specified.");
+    // A key of one control says nothing to another, and neither does a removed property.
+    host.Properties()->Remove(_variant_t(1L));
+    EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(own.Get())), refusal);
+    host.Add(L"A", L"1", L"X");
+    EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(own.Get())), refusal);
+    EXPECT_EQ(host.Selected(), L"");
+    // Late bound, with an object that is no property at all.
+    const auto object = MakeObject<ScriptedObject>();
+    object->call = [](const std::wstring&, WORD, VARIANT*, VARIANT*) { return DISP_E_MEMBERNOTFOUND; };
+    for (const VARTYPE type : {VT_DISPATCH, VT_BSTR, VT_I4}) {
+        VARIANT argument{};
+        V_VT(&argument) = type;
+        _bstr_t text(L"A");
+        if (type == VT_DISPATCH)
+            V_DISPATCH(&argument) = object.Get();
+        else if (type == VT_BSTR)
+            V_BSTR(&argument) = text.GetBSTR();
+        DISPPARAMS parameters{&argument, nullptr, 1, 0};
+        EXCEPINFO exception{};
+        EXPECT_TRUE(FAILED(host->Invoke(45, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
+                                        &exception, nullptr)));
+        TakeException(exception);
+    }
+    EXPECT_EQ(host.Heard(), L"PropertyDeleted A; PropertyAdded A");
+}
+
+TEST_F(GridTest, ASinkThatLeavesOrFailsKeepsOthersFromHearing) {
+    GridContainer host;
+    EventRecorder second;
+    ComPtr<IConnectionPoint> point;
+    host->FindConnectionPoint(__uuidof(__OrmiskGrid), point.GetAddressOf());
+    DWORD cookie = 0;
+    EXPECT_EQ(point->Advise(&second, &cookie), S_OK);
+    host.events.on[L"PropertyValueChanged"] = [&](const EventCall&) { host.events.answer = DISP_E_EXCEPTION; };
+    const auto row = host.Add(L"A");
+    row->put_Value(_variant_t(L"1"));
+    EXPECT_EQ(second.Heard(),
+              L"PropertyAdded A; PropertyValueChanged A; DisplayError The handler raised. -2146827288 False");
+    second.on[L"PropertyValueChanged"] = [&](const EventCall&) { point->Unadvise(cookie); };
+    host.events.on.clear();
+    host.Heard();
+    row->put_Value(_variant_t(L"2"));
+    row->put_Value(_variant_t(L"3"));
+    EXPECT_EQ(host.Heard(), L"PropertyValueChanged A; PropertyValueChanged A");
+    EXPECT_EQ(second.Heard(), L"PropertyValueChanged A");
+    EXPECT_EQ(second.references, 1);
+    host->FreezeEvents(TRUE);
+    row->put_Value(_variant_t(L"4"));
+    EXPECT_EQ(host.Heard(), L"");
+    host->FreezeEvents(FALSE);
+}
+
+TEST_F(GridTest, ADesignedControlTakesMessagesOrARunningOneDoesNot) {
+    for (const bool running : {true, false}) {
+        SCOPED_TRACE(running);
+        GridContainer::Setup setup;
+        setup.userMode = running;
+        GridContainer host(setup);
+        for (int i = 0; i < 40; ++i)
+            host.Add(std::to_wstring(i).c_str());
+        SendMessageW(host.Tree(), WM_MOUSEWHEEL, MAKEWPARAM(0, -360), 0);
+        EXPECT_EQ(GetScrollPos(host.ScrollBarWindow(), SB_CTL), running ? 3 : 0);
+    }
+}
+
+TEST_F(GridTest, SeveralControlsShareWhatIsTheirOwn) {
+    GridContainer first;
+    auto second = std::make_unique<GridContainer>();
+    const auto a = first.Add(L"A", L"1");
+    const auto b = second->Add(L"B", L"2");
+    first.Select(a.Get());
+    second->Select(b.Get());
+    second->grid->put_HighlightBackColor(RGB(255, 0, 0));
+    EXPECT_EQ(first.EditText(), L"1");
+    second.reset();
+    EXPECT_EQ(first.EditText(), L"1");
+    EXPECT_EQ(first.Paint().At(first.Divider() - 3, first.RowTop(0) + 3), GetSysColor(COLOR_HIGHLIGHT));
+    first.TypeIntoEditor(L"one");
+    first.Heard();
+    first.Enter();
+    EXPECT_EQ(first.Heard(), L"ValidateValue A one False; PropertyValueChanged A");
+}
+
+} // namespace
+} // namespace ormisk::test
