@@ -40,6 +40,11 @@ const Trigger kTriggers[] = {
      }},
     {L"KeyDown", [](GridContainer& host) { host.Press(VK_DOWN); }},
     {L"MouseDown", [](GridContainer& host) { host.ClickRow(4); }},
+    {L"MouseUp", [](GridContainer& host) { host.ClickRow(4); }},
+    {L"HelpRequested", [](GridContainer& host) { host.Press(VK_F1); }},
+    // In the text box.
+    {L"KeyPress", [](GridContainer& host) { host.Enter(); }},
+    {L"KeyUp", [](GridContainer& host) { SendMessageW(host.EditBox(), WM_KEYUP, VK_RETURN, 1); }},
     {L"ActiveViewChanged", [](GridContainer& host) { host.grid->put_ActiveView(omAlphabetic); }},
 };
 
