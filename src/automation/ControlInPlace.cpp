@@ -73,7 +73,6 @@ HRESULT ControlCore::ActivateInPlace() {
     if (!m_Site.IsSited()) {
         return OLEOBJ_S_CANNOT_DOVERB_NOW;
     }
-    Initialize(); // the host neither gave stored state nor said that there is none
     if (!Window()) {
         return OLEOBJ_S_CANNOT_DOVERB_NOW;
     }

@@ -79,6 +79,12 @@ void Check(HRESULT hr) {
     }
 }
 
+void CheckSystem(HRESULT hr) {
+    if (FAILED(hr)) {
+        Raise(hr, SystemText(hr));
+    }
+}
+
 void CheckPointer(const void* pointer) {
     if (!pointer) {
         Raise(E_POINTER, SystemText(E_POINTER));

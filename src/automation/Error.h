@@ -51,6 +51,8 @@ struct AutomationError {
                         std::wstring helpFile = {});
 // Raises a failed call as the AutomationError that the called object described, else with the system's text.
 void Check(HRESULT hr);
+// The same of a plain function of the system, which leaves no description: with the system's text.
+void CheckSystem(HRESULT hr);
 // E_POINTER for a null argument.
 void CheckPointer(const void* pointer);
 

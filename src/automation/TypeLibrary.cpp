@@ -9,6 +9,8 @@ namespace ormisk {
 
 namespace {
 
+} // namespace
+
 std::wstring ModulePath() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
@@ -20,6 +22,8 @@ std::wstring ModulePath() {
         path.resize(path.size() * 2);
     }
 }
+
+namespace {
 
 ComPtr<ITypeLib> LoadLibraryOfModule() {
     ComPtr<ITypeLib> library;

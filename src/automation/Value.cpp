@@ -169,7 +169,7 @@ Comparison CompareValues(const VARIANT& a, const VARIANT& b) {
 
 _variant_t Plain(const VARIANT& v) {
     _variant_t copy;
-    Check(VariantCopyInd(&copy, const_cast<VARIANT*>(&v)));
+    CheckSystem(VariantCopyInd(&copy, const_cast<VARIANT*>(&v)));
     return copy;
 }
 
@@ -178,7 +178,7 @@ std::wstring TextOf(const VARIANT& v) {
     if (V_VT(&value) == VT_NULL) {
         return {};
     }
-    Check(VariantChangeTypeEx(&value, &value, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, VT_BSTR));
+    CheckSystem(VariantChangeTypeEx(&value, &value, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, VT_BSTR));
     return FromBstr(V_BSTR(&value));
 }
 

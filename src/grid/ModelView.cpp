@@ -130,10 +130,14 @@ void ModelView::OnPropertiesCleared() {
 }
 
 void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute) {
-    if (!property.IsFiled())
-        return;
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     const ComPtr<CProperty> held(&property);
+    if (!property.IsFiled()) {
+        // Removed, but kept by the host: it has no row any more, and its key may be another's.
+        if (_wcsicmp(attribute, L"value") == 0)
+            Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });
+        return;
+    }
     const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
     Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node.Get()); });
     if (node) {

@@ -26,7 +26,8 @@ void OrmiskGrid::FinalRelease() {
 
 void OrmiskGrid::OnFirstSited(HWND parking) {
     m_Grid.CreateWindows(parking);
-    AdoptScaleUnits();
+    // Of a host that says nothing about stored state, this is all there is to learn.
+    OnAmbientChange(DISPID_UNKNOWN);
 }
 
 void OrmiskGrid::OnInitNew() {

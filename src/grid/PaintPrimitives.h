@@ -12,16 +12,16 @@ namespace ormisk {
 class CResourceMgr;
 
 // A relief on the rectangle, in shades of the base colour, which is an RGB value.
-void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rect, Color base);
+void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base);
 
 // Copies a bitmap but for the pixels of the mask colour, an RGB value; true on success.
-bool TransparentBlit(HDC target, const Rect& place, HDC source, Point sourceOrigin, Size sourceSize, Color maskColor);
+bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Size size, Color maskColor);
 
 // Tiles over an area, aligned to the coordinate origin. Draws bitmaps and icons only.
 void TileBitmap(HDC target, IPicture* picture, const Rect& area, HDC source);
 
 // Type of a picture (0 none, 1 bitmap, 2 metafile, 3 icon, 4 enhanced metafile); 0 without one or when it fails.
-short PictureType(IUnknown* picture);
+short PictureType(IUnknown* object);
 
 // Size in pixels, rounded.
 Size PicturePixels(IPicture* picture);

@@ -75,11 +75,11 @@ private:
 // A cell in work, in coordinates of its own.
 struct RowPainter::Cell {
     CNode& node;
-    CProperty* property; // null for a category
+    CProperty* property = nullptr; // null for a category
     const RowGeometry& geometry;
-    bool nameCell;
-    bool selected;
-    bool lastRow;
+    bool nameCell = false;
+    bool selected = false;
+    bool lastRow = false;
     Rect rect;
     Color textColor = 0;
     bool raise = false; // the host draws along
@@ -345,10 +345,13 @@ void RowPainter::DrawPropertyPicture(HDC dc, const Cell& cell) {
 
 void RowPainter::DrawColorSwatch(HDC dc, Cell& cell) {
     const Rect swatch = SwatchRect(cell.rect);
+    const VARIANT& value = cell.property->Value();
     VARIANT number;
     VariantInit(&number);
     Color color = 0;
-    if (SUCCEEDED(VariantChangeType(&number, const_cast<VARIANT*>(&cell.property->Value()), 0, VT_I4)))
+    if (V_VT(&value) == VT_UI4)
+        color = TranslateColor(V_UI4(&value));
+    else if (SUCCEEDED(VariantChangeType(&number, const_cast<VARIANT*>(&value), 0, VT_I4)))
         color = TranslateColor(static_cast<Color>(V_I4(&number)));
     const SelectGuard brush(dc, m_Grid.m_ResourceMgr.GetBrush(color, L"ColorEditorRet"));
     const SelectGuard pen(dc, m_Grid.m_ResourceMgr.GetPen(cell.textColor, L"ForeColor"));

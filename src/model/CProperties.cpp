@@ -69,7 +69,7 @@ ComPtr<CProperty> CProperties::AddProperty(CProperty* parent, const NewProperty&
     const std::wstring_view key = TrimBlanks(arguments.key);
     CheckArguments(parent, arguments, key);
 
-    const ComPtr<CProperty> property = MakeObject<CProperty>();
+    ComPtr<CProperty> property = MakeObject<CProperty>();
     property->SetInternalKey(
         JoinKey(parent ? std::wstring_view(parent->InternalKey()) : arguments.category, arguments.name));
     if (m_Items.Find(property->FiledKey())) {

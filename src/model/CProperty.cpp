@@ -28,7 +28,7 @@ void CProperty::Init(const Ref<OwnerLink>& owner, std::wstring_view name, const 
     m_Name = name;
     m_EditorType = editorType;
     m_ReadOnly = readOnly;
-    Check(VariantCopyInd(&m_Value, const_cast<VARIANT*>(&value)));
+    CheckSystem(VariantCopyInd(&m_Value, const_cast<VARIANT*>(&value)));
     SetSourceObject(source);
     m_AutoUpdateSource = autoUpdate;
 }

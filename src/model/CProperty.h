@@ -55,9 +55,9 @@ public:
 
     // A plain value, written through to the source object if there is one to be kept in step; a value that compares
     // equal, and Null over anything but Null, is dropped. An object goes to SetValue.
-    void LetValue(const VARIANT& value);
+    void LetValue(const VARIANT& given);
     // An object, by reference. Reports in every case.
-    void SetValue(const VARIANT& value);
+    void SetValue(const VARIANT& given);
 
     void SetName(const std::wstring& name);
     void SetBold(bool bold) { Change(m_Bold, bold, L"Bold"); }
@@ -160,7 +160,7 @@ private:
     void FillBooleanList();
     void WriteThrough(const std::wstring& member, WORD callType, const _variant_t& value);
     std::wstring ParamOr(const std::wstring& name, const wchar_t* otherwise) const;
-    std::wstring ObjectText(IUnknown* object);
+    std::wstring ObjectText(IUnknown* borrowed);
     void PlainText(std::wstring& text);
     void ListText(std::wstring& text);
 

@@ -69,7 +69,9 @@ bool DispatchArguments::Boolean(UINT parameter, bool otherwise) {
 }
 
 ComPtr<IDispatch> DispatchArguments::Object(UINT parameter) {
-    if (!Given(parameter)) {
+    const VARIANT* value = Given(parameter);
+    // Scripts have more than one word for Nothing.
+    if (!value || V_VT(value) == VT_NULL || V_VT(value) == VT_EMPTY) {
         return nullptr;
     }
     return ComPtr<IDispatch>(V_DISPATCH(&Converted(parameter, VT_DISPATCH)));

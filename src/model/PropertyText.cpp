@@ -21,7 +21,7 @@ short PictureTypeOf(IUnknown* object) {
         return type;
     }
     _variant_t value = InvokeByName(Query<IDispatch>(object).Get(), L"Type", DISPATCH_PROPERTYGET);
-    Check(VariantChangeType(&value, &value, 0, VT_I2));
+    CheckSystem(VariantChangeType(&value, &value, 0, VT_I2));
     return V_I2(&value);
 }
 
@@ -39,7 +39,7 @@ void FormatValue(const VARIANT& value, const std::wstring& format, std::wstring&
         return;
     }
     BSTR formatted = nullptr;
-    Check(VarFormat(const_cast<VARIANT*>(&value), const_cast<wchar_t*>(format.c_str()), kFirstDayOfWeek,
+    CheckSystem(VarFormat(const_cast<VARIANT*>(&value), const_cast<wchar_t*>(format.c_str()), kFirstDayOfWeek,
                     kFirstWeekOfYear, 0, &formatted));
     text.assign(formatted ? formatted : L"", SysStringLen(formatted));
     SysFreeString(formatted);
@@ -47,15 +47,18 @@ void FormatValue(const VARIANT& value, const std::wstring& format, std::wstring&
 
 bool AsBoolean(const VARIANT& value) {
     _variant_t boolean;
-    Check(VariantChangeTypeEx(&boolean, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, VT_BOOL));
+    CheckSystem(VariantChangeTypeEx(&boolean, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, VT_BOOL));
     return V_BOOL(&boolean) != VARIANT_FALSE;
 }
 
 // The bits that a hexadecimal number shows: those of the value's own size, of a long for all but the small ones.
 std::uint32_t BitsOf(const VARIANT& value) {
+    if (V_VT(&value) == VT_UI4 || V_VT(&value) == VT_UINT) {
+        return V_UI4(&value); // beyond a Long, as system colours are
+    }
     _variant_t number;
     const VARTYPE type = V_VT(&value) == VT_I2 || V_VT(&value) == VT_BOOL ? VT_I2 : VT_I4;
-    Check(VariantChangeTypeEx(&number, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, type));
+    CheckSystem(VariantChangeTypeEx(&number, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, type));
     return type == VT_I2 ? static_cast<std::uint16_t>(V_I2(&number)) : static_cast<std::uint32_t>(V_I4(&number));
 }
 

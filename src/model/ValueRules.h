@@ -11,7 +11,7 @@ namespace ormisk {
 // How the library treats the values of properties.
 
 // Whether an editor of this type can edit the value. Empty, Null and missing always can.
-bool IsValueValidForEditor(const VARIANT& value, omEditorType type);
+bool IsValueValidForEditor(const VARIANT& given, omEditorType type);
 
 // Whether a key would be taken for a position. A text with a zero in it is none.
 bool IsNumericText(std::wstring_view text);

@@ -37,12 +37,6 @@ std::wstring Text(REFGUID id) {
     return text;
 }
 
-std::wstring ModulePath() {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(ThisModule(), path, MAX_PATH);
-    return std::wstring(path, length);
-}
-
 // A registry under construction: the first failure is kept, and nothing is written after it.
 class Writer {
 public:

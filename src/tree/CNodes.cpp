@@ -128,7 +128,7 @@ const std::vector<CNode*>& CNodes::FilingOrder() const {
             }
         };
         append(m_Roots);
-        for (std::size_t i = 0; i < m_FilingOrder.size(); ++i) {
+        for (std::size_t i = 0; i < m_FilingOrder.size(); ++i) { // NOLINT(modernize-loop-convert): it grows meanwhile
             if (const Branch* branch = m_FilingOrder[i]->m_Branch.get()) {
                 append(*branch);
             }

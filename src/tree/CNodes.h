@@ -62,7 +62,7 @@ private:
     friend class CNode;
     static constexpr long kFirstId = 1000;
 
-    CNode* Place(CNode* relative, NodeRelation relation, Ref<CNode> node);
+    CNode* Place(CNode* relative, NodeRelation relation, Ref<CNode> added);
     Branch& SiblingsOf(const CNode& node) { return node.m_Parent ? *node.m_Parent->m_Branch : m_Roots; }
     void RowsChanged(CNode* node);
     static void CollectSubtrees(std::vector<Ref<CNode>>& nodes);

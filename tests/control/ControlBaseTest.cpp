@@ -81,11 +81,11 @@ TEST_F(ControlInHost, FirstDefaultsRunTwiceOrWithoutWindowsOrNever) {
         EXPECT_EQ(persist->IsDirty(), S_OK);
     }
     {
-        auto box = MakeBox(); // activated without a word about state
+        auto box = MakeBox(); // activated without a word about state: what the host sets before must stand
         Query<IOleObject>(box)->SetClientSite(&host);
         EXPECT_EQ(box->news, 0);
         Query<IOleObject>(box)->DoVerb(OLEIVERB_SHOW, nullptr, &host, 0, host.window, nullptr);
-        EXPECT_EQ(box->news, 1);
+        EXPECT_EQ(box->news, 0);
     }
     {
         auto box = MakeBox(); // loaded
@@ -139,7 +139,7 @@ TEST_F(ControlInHost, AHostThatNeverSitesTheControlCrashesItOrIsToldASuccess) {
     auto object = Query<IOleObject>(box);
     EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, nullptr, nullptr), OLEOBJ_S_CANNOT_DOVERB_NOW);
     EXPECT_EQ(object->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
-    HWND window;
+    HWND window = nullptr;
     EXPECT_EQ(Query<IOleInPlaceObject>(box)->GetWindow(&window), E_FAIL);
     const RECT rect{0, 0, 10, 10};
     EXPECT_EQ(Query<IOleInPlaceObject>(box)->SetObjectRects(&rect, &rect), S_OK);
@@ -283,7 +283,7 @@ TEST_F(ControlInHost, TheParentsEndLeavesADeadWindowHandleInUse) {
     object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr);
     DestroyWindow(host.window);
     EXPECT_EQ(box->window, nullptr);
-    HWND window;
+    HWND window = nullptr;
     EXPECT_EQ(Query<IOleWindow>(box)->GetWindow(&window), E_FAIL);
     SIZEL size{1000, 1000};
     EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
@@ -491,7 +491,6 @@ TEST_F(ControlInHost, TheSystemsOwnContainerCannotShowOrCloseTheControl) {
     {
         ComPtr<IUnknown> container;
         ASSERT_EQ(attach(box->Identity(), host.window, container.GetAddressOf()), S_OK);
-        EXPECT_EQ(box->news, 1);
         EXPECT_TRUE(IsChild(host.window, box->window));
         EXPECT_TRUE(IsWindowVisible(box->window));
         RECT client;

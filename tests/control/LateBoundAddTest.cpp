@@ -31,7 +31,7 @@ protected:
         return hr;
     }
     CProperty* Added() { return model.properties->Own(ObjectOf(result)); }
-    std::vector<DISPID> Named(std::vector<const wchar_t*> names) {
+    std::vector<DISPID> Named(const std::vector<const wchar_t*>& names) {
         std::vector<wchar_t*> all{const_cast<wchar_t*>(L"Add")};
         for (const wchar_t* name : names) {
             all.push_back(const_cast<wchar_t*>(name));

@@ -363,7 +363,7 @@ TEST_F(Model, TheTextOfAValueGoesThroughItsFormatAndEditor) {
     const auto shown = [&](const _variant_t& value, omEditorType editor, const wchar_t* format = L"") {
         const auto property = model.Add(L"p", value, L"", L"", editor);
         property->put_Format(_bstr_t(format));
-        const std::wstring text = TextShown(property.Get());
+        std::wstring text = TextShown(property.Get());
         properties.RemoveAll();
         return text;
     };

@@ -117,16 +117,16 @@ TEST(TextRules, EnterCommitsOnlyWhatWasModified) {
 }
 
 TEST(TextRules, NumberRowsTakeDigitsAndBackspaceAndTextRowsAnyKey) {
-    for (int key : {L'0', L'5', L'9', L'\b'}) {
-        EXPECT_EQ(KeyIn(key, L"", 0, 0, NumberLimits{}), KeyVerdict::Pass) << key;
+    for (const wchar_t key : {L'0', L'5', L'9', L'\b'}) {
+        EXPECT_EQ(KeyIn(key, L"", 0, 0, NumberLimits{}), KeyVerdict::Pass) << static_cast<int>(key);
     }
-    for (int key : {L'a', L'e', L' ', L'/', L':', L'+', L',', L'\t', L'\x16', L'\x7F', L'\xB2', L'\x0665'}) {
-        EXPECT_EQ(KeyIn(key, L"", 0, 0), KeyVerdict::Swallow) << key;
-        EXPECT_EQ(DecideKey(key, {}, nullptr), KeyVerdict::Pass) << key;
+    for (const wchar_t key : {L'a', L'e', L' ', L'/', L':', L'+', L',', L'\t', L'\x16', L'\x7F', L'\xB2', L'\x0665'}) {
+        EXPECT_EQ(KeyIn(key, L"", 0, 0), KeyVerdict::Swallow) << static_cast<int>(key);
+        EXPECT_EQ(DecideKey(key, {}, nullptr), KeyVerdict::Pass) << static_cast<int>(key);
     }
-    for (int key : {L'.', L'-'}) {
-        EXPECT_EQ(DecideKey(key, {L"1.-", 2, 0, true}, nullptr), KeyVerdict::Pass) << key;
-        EXPECT_EQ(KeyIn(key, L"", 0, 0, NumberLimits{}), KeyVerdict::Swallow) << key;
+    for (const wchar_t key : {L'.', L'-'}) {
+        EXPECT_EQ(DecideKey(key, {L"1.-", 2, 0, true}, nullptr), KeyVerdict::Pass) << static_cast<int>(key);
+        EXPECT_EQ(KeyIn(key, L"", 0, 0, NumberLimits{}), KeyVerdict::Swallow) << static_cast<int>(key);
     }
 }
 
