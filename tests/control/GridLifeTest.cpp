@@ -210,6 +210,32 @@ TEST_F(GridTest, ADesignedControlTakesMessagesOrARunningOneDoesNot) {
     }
 }
 
+TEST_F(GridTest, AnOpenEditorDoesNotFollowAFontOrAHiddenPane) {
+    GridContainer host;
+    host.Add(L"A", L"1");
+    host.Add(L"B", L"2");
+    host.Select(host.Item(2L).Get());
+    const auto bottom = [&] {
+        RECT place{};
+        GetWindowRect(host.EditBox(), &place);
+        MapWindowPoints(nullptr, host.Tree(), reinterpret_cast<POINT*>(&place), 2);
+        return place.bottom;
+    };
+    EXPECT_EQ(bottom(), host.RowTop(2) - 1);
+    const ComPtr<IFontDisp> font = Adopt(Read(host.grid.Get(), &OrmiskGrid::get_Font));
+    Query<IFont>(font)->put_Size(CY{.int64 = 200000});
+    EXPECT_EQ(host.EditText(), L"2");
+    EXPECT_EQ(bottom(), host.RowTop(2) - 1);
+    host->put_Headers(omHeadersNone);
+    EXPECT_EQ(bottom(), 2 * host.RowHeight() - 1);
+    host->put_ShowTabs(VARIANT_FALSE);
+    host->put_ShowDescription(VARIANT_FALSE);
+    EXPECT_EQ(bottom(), 2 * host.RowHeight() - 1);
+    host.TypeIntoEditor(L"two");
+    host.Enter();
+    EXPECT_EQ(ValueText(host.Item(2L).Get()), L"two");
+}
+
 TEST_F(GridTest, SeveralControlsShareWhatIsTheirOwn) {
     GridContainer first;
     auto second = std::make_unique<GridContainer>();

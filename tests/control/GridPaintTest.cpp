@@ -174,6 +174,52 @@ TEST_F(GridTest, AnExpanderIsMissingMisplacedOrShowsTheOtherState) {
     EXPECT_EQ(FillOf(host.Paint(), host.NameCell(1)), GetSysColor(COLOR_HIGHLIGHT));
 }
 
+TEST_F(GridTest, TreeLinesJoinTheWrongRowsOrRunTooFar) {
+    GridContainer host;
+    host->put_ActiveView(omCatagorized);
+    host->put_CategoryAppearance(omFlat);
+    host->put_Grid(omGridNone);
+    host->put_LineColor(kRed);
+    for (const wchar_t* name : {L" A", L" B"})
+        host.Add(name, L"", L" X")->put_ForeColor(kBlue);
+    const long height = host.RowHeight();
+    const long half = height / 2;
+    const long glyph = half % 2 ? half - 1 : half;
+    // Dots of a row's column in its upper and lower half.
+    const auto dots = [&](const Picture& picture, long x, long row) {
+        const long top = host.RowTop(row);
+        return std::pair(picture.Count(kRed, {x, top, x + 1, top + half}),
+                         picture.Count(kRed, {x, top + half + 1, x + 1, top + height}));
+    };
+    host->put_TreeStyle(omTreeLinesPlusMinusText);
+    const long x = 12 + (glyph + 1) / 2;
+    {
+        const Picture picture = host.Paint();
+        const auto first = dots(picture, x, 1), last = dots(picture, x, 2);
+        EXPECT_NEAR(static_cast<double>(first.first), static_cast<double>(half) / 2, 1.0);
+        EXPECT_NEAR(static_cast<double>(first.second), static_cast<double>(half) / 2, 1.0);
+        EXPECT_NEAR(static_cast<double>(last.first), static_cast<double>(half) / 2, 1.0);
+        EXPECT_EQ(last.second, 0) << "the line ends at the last child";
+        const long middle = host.RowTop(1) + half;
+        EXPECT_GT(picture.Count(kRed, {x + 1, middle, x + 6, middle + 1}), 0) << "the branch";
+    }
+    host->put_TreeStyle(omTreelinesText);
+    {
+        const long plain = glyph / 2;
+        const Picture picture = host.Paint();
+        EXPECT_EQ(picture.Count(kRed, host.NameCell(0)), 0) << "a root has no line in this style";
+        EXPECT_GT(dots(picture, plain, 1).second, 0);
+        EXPECT_EQ(dots(picture, plain, 2).second, 0);
+    }
+    for (const auto style : {omText, omPlusMinusText}) {
+        host->put_TreeStyle(style);
+        EXPECT_EQ(host.Paint().Count(kRed, {0, host.RowTop(1), host.Divider(), host.RowTop(3)}), 0);
+    }
+    host->put_TreeStyle(omTreeLinesPlusMinusText);
+    host->put_ActiveView(omAlphabetic);
+    EXPECT_EQ(host.Paint().Count(kRed, {0, host.RowTop(0), host.Divider(), host.RowTop(2)}), 0) << "a flat list";
+}
+
 TEST_F(GridTest, AColourSwatchHasAnotherPlaceOrColour) {
     GridContainer host;
     host->put_Grid(omGridNone);
