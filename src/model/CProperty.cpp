@@ -80,7 +80,7 @@ void CProperty::SetName(const std::wstring& name) {
         return;
     }
     if (!m_SourceName) {
-        m_SourceName = std::move(m_Name);
+        m_SourceName = std::make_unique<std::wstring>(std::move(m_Name));
     }
     m_Name = name;
     NotifyChange(L"Name");

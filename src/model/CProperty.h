@@ -5,6 +5,7 @@
 #include "model/CListItems.h"
 #include "model/EditorParams.h"
 #include "model/PropertyOwner.h"
+#include "model/RareText.h"
 
 #include <optional>
 
@@ -88,7 +89,7 @@ public:
     bool IsFiled() const { return m_Filed; }
     void SetFiled(bool filed) { m_Filed = filed; }
     FoldedKey FiledKey() const;
-    FoldedKey HostKey() const { return FoldedKey(m_Key); }
+    FoldedKey HostKey() const { return FoldedKey(Key()); }
     // Tells the owner; what it fails at is ignored.
     void NotifyChange(const wchar_t* attribute);
 
@@ -149,8 +150,8 @@ public:
 private:
     static constexpr OLE_COLOR kColorOfOwner = 0xFFFFFFFF;
 
-    template <class T> void Change(T& field, const T& value, const wchar_t* attribute) {
-        if (field != value) {
+    template <class T, class V> void Change(T& field, const V& value, const wchar_t* attribute) {
+        if (!(field == value)) {
             field = value;
             NotifyChange(attribute);
         }
@@ -165,19 +166,19 @@ private:
     void ListText(std::wstring& text);
 
     std::wstring m_Name;
-    std::optional<std::wstring> m_SourceName; // of the member on the source object: the first name, once it has another
+    std::unique_ptr<std::wstring> m_SourceName; // of the member on the source object: the first name, once it has another
     std::wstring m_InternalKey;
     std::uint32_t m_KeyHash = 0; // of m_InternalKey
     std::wstring m_Category;
-    std::wstring m_Key;
+    RareText m_Key;
     _variant_t m_Value;
     _variant_t m_Tag;
-    std::wstring m_Format;
-    std::wstring m_Help;
-    std::wstring m_HelpFile;
+    RareText m_Format;
+    RareText m_Help;
+    RareText m_HelpFile;
     long m_HelpContext = 0;
-    std::wstring m_EditorKey;
-    std::wstring m_DataType;
+    RareText m_EditorKey;
+    RareText m_DataType;
     Ref<OwnerLink> m_Owner;
     IDispatch* m_SourceObject = nullptr;
     ComPtr<IPictureDisp> m_Picture;
