@@ -128,9 +128,9 @@ public:
     void ClickRow(long row) const { ClickTree(Divider() - 3, RowTop(row) + RowHeight() / 2); }
 
     // Real input, worked off; keys are offered to the control first, as hosts do.
-    void MouseTo(HWND window, long x, long y);
-    void RealClick(HWND window, long x, long y, int count = 1);
-    void RealDrag(HWND window, POINT from, POINT to);
+    void MouseTo(HWND target, long x, long y);
+    void RealClick(HWND target, long x, long y, int count = 1);
+    void RealDrag(HWND target, POINT from, POINT to);
     void RealWheel(int amount);
     void RealKeys(std::initializer_list<WORD> keys, WORD modifier = 0);
     void Pump() const;

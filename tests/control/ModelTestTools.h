@@ -31,7 +31,7 @@ public:
     void PropertyChanged(CProperty&) override { ++m_Changes; }
     void PropertyChangedEx(CProperty& property, const wchar_t* attribute) override {
         // The plain report comes first.
-        log.push_back(std::exchange(m_Changes, 0) == 1 ? attribute : L"unannounced");
+        log.emplace_back(std::exchange(m_Changes, 0) == 1 ? attribute : L"unannounced");
         if (onChanged) {
             onChanged(property);
         }
@@ -48,7 +48,7 @@ public:
             onDeleted(property);
         }
     }
-    void OnPropertiesCleared() override { log.push_back(L"cleared"); }
+    void OnPropertiesCleared() override { log.emplace_back(L"cleared"); }
 
 private:
     int m_Changes = 0;
