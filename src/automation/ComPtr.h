@@ -30,8 +30,6 @@ template <class T, class U> ComPtr<T> Query(const ComPtr<U>& object) { return Qu
 // The toolchain's ComPtr has no comparison of its own, and would compare whether there are objects at all.
 namespace Microsoft::WRL {
 
-template <class T, class U> bool operator==(const ComPtr<T>& a, const ComPtr<U>& b) {
-    return a.Get() == b.Get();
-}
+template <class T, class U> bool operator==(const ComPtr<T>& a, const ComPtr<U>& b) { return a.Get() == b.Get(); }
 
 } // namespace Microsoft::WRL

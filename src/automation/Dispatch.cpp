@@ -22,8 +22,8 @@ bool GivesVariant(ITypeInfo* info, DISPID id) {
     return false;
 }
 
-// Scripts know a colour as a signed number of 32 bits, and cannot compare an unsigned one. What a host keeps in a Variant
-// stays as it is.
+// Scripts know a colour as a signed number of 32 bits, and cannot compare an unsigned one. What a host keeps in a
+// Variant stays as it is.
 void GiveSigned(ITypeInfo* info, DISPID id, VARIANT* result) {
     if (result && V_VT(result) == VT_UI4 && !GivesVariant(info, id)) {
         V_VT(result) = VT_I4;
@@ -40,8 +40,8 @@ HRESULT PutWidened(ITypeInfo* info, IDispatch* instance, DISPID id, const DISPPA
     return info->Invoke(instance, id, DISPATCH_PROPERTYPUT, &widened, nullptr, exception, badArgument);
 }
 
-// Languages without an assignment of references put an object where a member only takes a reference. Their null means no
-// object then. Anything else stays a member that was not found.
+// Languages without an assignment of references put an object where a member only takes a reference. Their null means
+// no object then. Anything else stays a member that was not found.
 HRESULT PutAsReference(ITypeInfo* info, IDispatch* instance, DISPID id, const DISPPARAMS& parameters,
                        EXCEPINFO* exception, UINT* badArgument) {
     const VARIANT& given = parameters.rgvarg[0];

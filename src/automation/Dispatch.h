@@ -8,8 +8,8 @@ namespace ormisk {
 // The parts of a dispatch object that do not depend on its types.
 
 // IDispatch::Invoke through the type library: no stale error information before, a failed method as DISP_E_EXCEPTION
-// with its number, source, description and help file afterwards. A member that only takes references takes an object that
-// is put without a word about references as well. The instance is held during the call.
+// with its number, source, description and help file afterwards. A member that only takes references takes an object
+// that is put without a word about references as well. The instance is held during the call.
 HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid, WORD flags, DISPPARAMS* parameters,
                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument);
 // Hands an error to the caller of IDispatch::Invoke. Returns DISP_E_EXCEPTION.

@@ -7,9 +7,7 @@ extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace ormisk {
 
-namespace {
-
-} // namespace
+namespace {} // namespace
 
 std::wstring ModulePath() {
     std::wstring path(MAX_PATH, L'\0');

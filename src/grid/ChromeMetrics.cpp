@@ -51,8 +51,8 @@ long ChromeMetrics::CalcDescriptionHeight(const std::wstring& help) {
         FontDescription font = m_Grid.m_State.font;
         font.Bold = false;
         const SelectGuard selected(dc.Get(), m_Grid.m_ResourceMgr.GetFont(font, L"HELPSTRING"));
-        height = DrawTextMultiLang(dc.Get(), help, bounds,
-                                   DT_WORDBREAK | DT_NOPREFIX | DT_WORD_ELLIPSIS | DT_CALCRECT, false);
+        height = DrawTextMultiLang(dc.Get(), help, bounds, DT_WORDBREAK | DT_NOPREFIX | DT_WORD_ELLIPSIS | DT_CALCRECT,
+                                   false);
     }
     return height + panes.RowHeight() + 4 + 4;
 }

@@ -60,9 +60,7 @@ ControlFont::~ControlFont() {
         m_Point->Unadvise(m_Cookie);
 }
 
-FontDescription ControlFont::Description() const {
-    return DescribeFont(m_Font.Get());
-}
+FontDescription ControlFont::Description() const { return DescribeFont(m_Font.Get()); }
 
 void ControlFont::Take(const FontDescription& font) {
     const FontDescription present = Description();

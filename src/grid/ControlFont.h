@@ -15,7 +15,8 @@ protected:
     ~ControlFontListener() = default;
 };
 
-// The font object of a control: hosts get it, and hear of nothing, but the control hears of every change they make to it.
+// The font object of a control: hosts get it, and hear of nothing, but the control hears of every change they make to
+// it.
 class ControlFont {
 public:
     explicit ControlFont(ControlFontListener& listener);

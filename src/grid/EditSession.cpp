@@ -20,18 +20,12 @@ void EditSession::Release() {
     m_editListener->CutObserver();
 }
 
-void EditSession::FocusTree() {
-    m_Grid.m_Panes.m_picTreeContainer.TakeFocus();
-}
+void EditSession::FocusTree() { m_Grid.m_Panes.m_picTreeContainer.TakeFocus(); }
 
-CProperty* EditSession::SelectedProperty() const {
-    return m_SelectedNode ? m_SelectedNode->Property() : nullptr;
-}
+CProperty* EditSession::SelectedProperty() const { return m_SelectedNode ? m_SelectedNode->Property() : nullptr; }
 
 // A handler may have taken a node out of the tree, or another tree may be on screen.
-bool EditSession::Holds(const Ref<CNode>& node) const {
-    return node && node->Tree() == m_Grid.m_ActiveNodes;
-}
+bool EditSession::Holds(const Ref<CNode>& node) const { return node && node->Tree() == m_Grid.m_ActiveNodes; }
 
 void EditSession::SetSelectedNode(Ref<CNode> node) {
     if (node == m_SelectedNode) {
@@ -120,8 +114,10 @@ ComPtr<_CEditor> EditSession::FindEditor(CProperty& property) {
     const omEditorType type = property.EditorType();
     ComPtr<_CEditor> editor = m_Editors.Find(type, property.EditorKey());
     if (!editor && type == omCustomEditor) {
-        m_Grid.ReportTrappedError(
-            {ErrorNumber(ErrorCode::EditorNotRegistered), kLibraryTitle, ErrorText(ErrorCode::EditorNotRegistered), {}});
+        m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::EditorNotRegistered),
+                                   kLibraryTitle,
+                                   ErrorText(ErrorCode::EditorNotRegistered),
+                                   {}});
         FocusTree();
     }
     return editor;
@@ -147,7 +143,8 @@ void EditSession::StartEditor() {
                 m_EditNode = node; // never an editor on screen whose value would go to another row
                 m_CurrentEditor = editor;
             } else {
-                m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::InvalidEditorValue), kLibraryTitle,
+                m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::InvalidEditorValue),
+                                           kLibraryTitle,
                                            ErrorText(ErrorCode::InvalidEditorValue),
                                            {}});
                 FocusTree();
@@ -218,8 +215,7 @@ void EditSession::PlaceEditor(_CEditor* editor, const CNode* node) {
     };
     const long left = scaled(place.left, LOGPIXELSX, Axis::X);
     // Without grid lines the top stays in pixels, whatever the editor's scale.
-    const long top =
-        m_Grid.m_State.grid != omGridNone ? scaled(place.top, LOGPIXELSY, Axis::Y) : place.top;
+    const long top = m_Grid.m_State.grid != omGridNone ? scaled(place.top, LOGPIXELSY, Axis::Y) : place.top;
     const long right = scaled(place.right, LOGPIXELSX, Axis::X);
     const long bottom = scaled(place.bottom, LOGPIXELSY, Axis::Y);
     proxy.Move(static_cast<float>(left), static_cast<float>(top), static_cast<float>(right - left),

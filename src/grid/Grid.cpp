@@ -26,9 +26,7 @@ Grid::Grid(GridHost& host)
     InitCommonControlsEx(&classes);
 }
 
-Grid::~Grid() {
-    Release();
-}
+Grid::~Grid() { Release(); }
 
 void Grid::CreateWindows(HWND parent) {
     m_Panes.Create(parent);

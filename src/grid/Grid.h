@@ -47,7 +47,7 @@ public:
     // The end: unhooks, drops editors, model and trees. Runs when the tree pane is destroyed, and once only.
     void Release();
 
-    bool IsAlive() const { return m_Alive; } // between CreateWindows and Release
+    bool IsAlive() const { return m_Alive; }             // between CreateWindows and Release
     bool IsReporting() const { return m_Reporting > 0; } // a failure is on screen
     // A failure that no caller can take: the host hears of it and may keep the message box away.
     void ReportTrappedError(const AutomationError& error);

@@ -82,13 +82,9 @@ void GridEvents::FireWithFlag(DISPID id, VARIANT* arguments, UINT count, bool& f
     flag = value == VARIANT_TRUE;
 }
 
-void GridEvents::PropertyAdded(CProperty& property) {
-    FireWithProperty(kPropertyAdded, &property);
-}
+void GridEvents::PropertyAdded(CProperty& property) { FireWithProperty(kPropertyAdded, &property); }
 
-void GridEvents::PropertyDeleted(CProperty& property) {
-    FireWithProperty(kPropertyDeleted, &property);
-}
+void GridEvents::PropertyDeleted(CProperty& property) { FireWithProperty(kPropertyDeleted, &property); }
 
 void GridEvents::PropertyDraw(HDC dc, CProperty& property, long cx, long cy, omDrawStage stage, bool& doDefault) {
     if (!m_Sinks.HasListeners())
@@ -101,9 +97,7 @@ void GridEvents::PropertyDraw(HDC dc, CProperty& property, long cx, long cy, omD
     doDefault = value != VARIANT_FALSE;
 }
 
-void GridEvents::PropertyValueChanged(CProperty& property) {
-    FireWithProperty(kPropertyValueChanged, &property);
-}
+void GridEvents::PropertyValueChanged(CProperty& property) { FireWithProperty(kPropertyValueChanged, &property); }
 
 void GridEvents::CategoryExpanding(const std::wstring& category, bool& cancel) {
     if (!m_Sinks.HasListeners())
@@ -121,9 +115,7 @@ void GridEvents::CategoryCollapsing(const std::wstring& category, bool& cancel) 
     FireWithFlag(kCategoryCollapsing, arguments, 2, cancel);
 }
 
-void GridEvents::SelChanged(CProperty* property) {
-    FireWithProperty(kSelChanged, property);
-}
+void GridEvents::SelChanged(CProperty* property) { FireWithProperty(kSelChanged, property); }
 
 void GridEvents::HelpRequested(CProperty& property, bool& processDefault) {
     if (!m_Sinks.HasListeners())
@@ -145,9 +137,7 @@ void GridEvents::ValidateValue(CProperty& property, const VARIANT& newValue, boo
     cancel = value != VARIANT_FALSE;
 }
 
-void GridEvents::ActiveViewChanged() {
-    m_Sinks.Fire(kActiveViewChanged);
-}
+void GridEvents::ActiveViewChanged() { m_Sinks.Fire(kActiveViewChanged); }
 
 void GridEvents::DisplayError(const std::wstring& message, long number, bool& showMessageBox) {
     if (!m_Sinks.HasListeners())
@@ -170,13 +160,9 @@ void GridEvents::FireKey(DISPID id, int& keyCode, int& shift) {
     shift = modifiers;
 }
 
-void GridEvents::KeyUp(int& keyCode, int& shift) {
-    FireKey(DISPID_KEYUP, keyCode, shift);
-}
+void GridEvents::KeyUp(int& keyCode, int& shift) { FireKey(DISPID_KEYUP, keyCode, shift); }
 
-void GridEvents::KeyDown(int& keyCode, int& shift) {
-    FireKey(DISPID_KEYDOWN, keyCode, shift);
-}
+void GridEvents::KeyDown(int& keyCode, int& shift) { FireKey(DISPID_KEYDOWN, keyCode, shift); }
 
 void GridEvents::KeyPress(int& keyAscii) {
     if (!m_Sinks.HasListeners())

@@ -5,9 +5,9 @@
 
 namespace ormisk {
 
-// The public events, one typed method each: the only place that builds event arguments and reads by-reference ones back.
-// What a handler raises comes out of the method. After any of them the model, the selection and the control itself may be
-// other than before.
+// The public events, one typed method each: the only place that builds event arguments and reads by-reference ones
+// back. What a handler raises comes out of the method. After any of them the model, the selection and the control
+// itself may be other than before.
 class GridEvents {
 public:
     explicit GridEvents(ConnectionPoints& sinks) : m_Sinks(sinks) {}

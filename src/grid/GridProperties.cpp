@@ -8,9 +8,7 @@
 
 namespace ormisk {
 
-PropertyValue GridProperties::Get(const wchar_t* name) const {
-    return PropertyNamed(name).Read(m_Grid.m_State);
-}
+PropertyValue GridProperties::Get(const wchar_t* name) const { return PropertyNamed(name).Read(m_Grid.m_State); }
 
 void GridProperties::Put(const wchar_t* name, PropertyValue value) {
     const PropertyEntry& entry = PropertyNamed(name);

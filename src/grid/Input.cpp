@@ -14,9 +14,7 @@ constexpr int kShiftKey = 1;
 constexpr int kCtrlKey = 2;
 constexpr int kAltKey = 4;
 
-wchar_t FirstUpper(const std::wstring& text) {
-    return text.empty() ? L'\0' : SystemUpper(text.front());
-}
+wchar_t FirstUpper(const std::wstring& text) { return text.empty() ? L'\0' : SystemUpper(text.front()); }
 
 } // namespace
 
@@ -65,8 +63,7 @@ void Input::PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::Mou
 }
 
 // In the control's coordinates and scale.
-void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage,
-                           omHitItem hitItem) {
+void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage, omHitItem hitItem) {
     const Pane& control = m_Grid.m_Panes.m_Control;
     POINT point{event.x, event.y};
     ClientToScreen(pane.hWnd(), &point);
@@ -75,9 +72,7 @@ void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents
                           control.PixelsToUnitsY(static_cast<float>(point.y)), hitItem);
 }
 
-void Input::SwitchView(omActiveView view) {
-    m_Grid.m_Properties.Put(L"ActiveView", static_cast<long>(view));
-}
+void Input::SwitchView(omActiveView view) { m_Grid.m_Properties.Put(L"ActiveView", static_cast<long>(view)); }
 
 void Input::TabMouseDown(omHitItem tab) {
     const omActiveView view = tab == omAlphabeticTab ? omAlphabetic : omCatagorized;
@@ -201,9 +196,7 @@ void Input::OnTreeKeyDown(int keyCode, int shift) {
         m_Grid.m_Session.SetSelectedNode(target);
 }
 
-Ref<CNode> Input::RowAt(long row) const {
-    return Ref<CNode>(m_Grid.m_ActiveNodes->NodeAtRow(row));
-}
+Ref<CNode> Input::RowAt(long row) const { return Ref<CNode>(m_Grid.m_ActiveNodes->NodeAtRow(row)); }
 
 Ref<CNode> Input::PageFrom(const CNode& node, int direction) const {
     const ScrollBar& bar = m_Grid.m_Panes.m_VScroll;
@@ -321,13 +314,9 @@ void Input::OnKeyPress(int& keyAscii) {
         m_Grid.m_Session.TextKeyPress(keyAscii);
 }
 
-void Input::OnKeyUp(int& keyCode, int shift) {
-    m_Grid.m_Events.KeyUp(keyCode, shift);
-}
+void Input::OnKeyUp(int& keyCode, int shift) { m_Grid.m_Events.KeyUp(keyCode, shift); }
 
-void Input::OnGotFocus() {
-    m_Grid.m_Host.FocusEntered();
-}
+void Input::OnGotFocus() { m_Grid.m_Host.FocusEntered(); }
 
 void Input::OnLostFocus() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());

@@ -9,7 +9,8 @@ namespace ormisk {
 
 class Grid;
 
-// Turns mouse and keyboard into selection, expanding, scrolling and changes of the view, and passes both on to the host.
+// Turns mouse and keyboard into selection, expanding, scrolling and changes of the view, and passes both on to the
+// host.
 class Input final : public TextBoxListener {
 public:
     explicit Input(Grid& grid) : m_Grid(grid) {}

@@ -24,13 +24,9 @@ template <class F> void ModelView::Trapped(F&& statement) {
     }
 }
 
-OLE_COLOR ModelView::PropertyBackColor() const {
-    return static_cast<OLE_COLOR>(m_Grid.m_State.propertyBackColor);
-}
+OLE_COLOR ModelView::PropertyBackColor() const { return static_cast<OLE_COLOR>(m_Grid.m_State.propertyBackColor); }
 
-OLE_COLOR ModelView::PropertyForeColor() const {
-    return static_cast<OLE_COLOR>(m_Grid.m_State.propertyForeColor);
-}
+OLE_COLOR ModelView::PropertyForeColor() const { return static_cast<OLE_COLOR>(m_Grid.m_State.propertyForeColor); }
 
 std::wstring ModelView::EditorParam(omEditorType type, const std::wstring& name) const {
     return m_Grid.m_EditorParams.Get(name, type);
@@ -50,8 +46,7 @@ CNode* ModelView::CategoryNodeFor(CProperty& property) {
     const CategoryLook look{state.categoryBold, static_cast<OLE_COLOR>(state.categoryForeColor),
                             static_cast<OLE_COLOR>(state.categoryBackColor),
                             static_cast<omAppearance>(state.categoryAppearance)};
-    CNode* node =
-        WalkCategoryPath(m_Grid.m_CategorizedNodes, property.Category(), state.categorySeparator, look);
+    CNode* node = WalkCategoryPath(m_Grid.m_CategorizedNodes, property.Category(), state.categorySeparator, look);
     m_LastCategory = property.Category();
     m_LastCategoryNode = Ref<CNode>(node);
     return node;

@@ -15,9 +15,7 @@ constexpr wchar_t kScaleUnits[] = L"ScaleUnits";
 
 } // namespace
 
-OrmiskGrid::OrmiskGrid() {
-    m_Grid.m_State.font = m_Font.Description();
-}
+OrmiskGrid::OrmiskGrid() { m_Grid.m_State.font = m_Font.Description(); }
 
 void OrmiskGrid::FinalRelease() {
     ControlBase::FinalRelease();
@@ -212,9 +210,8 @@ STDMETHODIMP OrmiskGrid::StartPropertyEdit(_CProperty* property) {
 }
 
 STDMETHODIMP OrmiskGrid::ShowAbout() {
-    return Run([&] {
-        ShowAboutWindow(Window(), kLibraryTitle, VersionText(kVersionMajor, kVersionMinor, kVersionRevision));
-    });
+    return Run(
+        [&] { ShowAboutWindow(Window(), kLibraryTitle, VersionText(kVersionMajor, kVersionMinor, kVersionRevision)); });
 }
 
 STDMETHODIMP OrmiskGrid::get_Version(BSTR* value) {

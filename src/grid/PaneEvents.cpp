@@ -5,9 +5,7 @@
 
 namespace ormisk {
 
-IUnknown* Panes::Keeper() {
-    return m_Grid.m_Host.Outer();
-}
+IUnknown* Panes::Keeper() { return m_Grid.m_Host.Outer(); }
 
 void Panes::PaintTree(UINT message, WPARAM wParam) {
     if (m_Grid.m_State.lockRefresh)
@@ -93,17 +91,11 @@ void Panes::OnDblClick(Pane& pane) {
         m_Grid.m_Input.OnTreeDblClick();
 }
 
-void Panes::OnKeyDown(Pane& pane, int& keyCode, int shift) {
-    m_Grid.m_Input.PaneKeyDown(pane, keyCode, shift);
-}
+void Panes::OnKeyDown(Pane& pane, int& keyCode, int shift) { m_Grid.m_Input.PaneKeyDown(pane, keyCode, shift); }
 
-void Panes::OnKeyUp(Pane&, int& keyCode, int shift) {
-    m_Grid.m_Events.KeyUp(keyCode, shift);
-}
+void Panes::OnKeyUp(Pane&, int& keyCode, int shift) { m_Grid.m_Events.KeyUp(keyCode, shift); }
 
-void Panes::OnKeyPress(Pane&, int& keyAscii) {
-    m_Grid.m_Events.KeyPress(keyAscii);
-}
+void Panes::OnKeyPress(Pane&, int& keyAscii) { m_Grid.m_Events.KeyPress(keyAscii); }
 
 void Panes::OnFocusChange(Pane& pane, bool gained) {
     if (gained)

@@ -14,8 +14,8 @@ std::array<HWND, 4> ButtonWindows(const Panes& panes) {
             panes.m_picShowPrevious.hWnd()};
 }
 
-constexpr UINT kTreeMessages[] = {WM_DESTROY,         WM_NOTIFY,          WM_SYSCOLORCHANGE,     WM_PAINT,
-                                  WM_PRINTCLIENT,     WM_CTLCOLORSTATIC,  WM_CTLCOLORSCROLLBAR,  WM_MOUSEWHEEL};
+constexpr UINT kTreeMessages[] = {WM_DESTROY,     WM_NOTIFY,         WM_SYSCOLORCHANGE,    WM_PAINT,
+                                  WM_PRINTCLIENT, WM_CTLCOLORSTATIC, WM_CTLCOLORSCROLLBAR, WM_MOUSEWHEEL};
 
 } // namespace
 
@@ -23,13 +23,9 @@ STDMETHODIMP PaneMessages::QueryInterface(REFIID iid, void** object) {
     return m_Grid.m_Host.Outer()->QueryInterface(iid, object);
 }
 
-STDMETHODIMP_(ULONG) PaneMessages::AddRef() {
-    return m_Grid.m_Host.Outer()->AddRef();
-}
+STDMETHODIMP_(ULONG) PaneMessages::AddRef() { return m_Grid.m_Host.Outer()->AddRef(); }
 
-STDMETHODIMP_(ULONG) PaneMessages::Release() {
-    return m_Grid.m_Host.Outer()->Release();
-}
+STDMETHODIMP_(ULONG) PaneMessages::Release() { return m_Grid.m_Host.Outer()->Release(); }
 
 // While a form is being designed, the windows are left to themselves.
 void PaneMessages::HookPanes() {

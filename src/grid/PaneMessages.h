@@ -7,8 +7,9 @@ namespace ormisk {
 
 class Grid;
 
-// The window messages that the control takes before its panes, at run time only: painting of the rows, the wheel, colours
-// of child windows, and the end of the tree pane. As an object it is the control: references to it are references to that.
+// The window messages that the control takes before its panes, at run time only: painting of the rows, the wheel,
+// colours of child windows, and the end of the tree pane. As an object it is the control: references to it are
+// references to that.
 class PaneMessages final : public _cSubclassListener, public _IHookListener {
 public:
     explicit PaneMessages(Grid& grid) : m_Grid(grid) {}

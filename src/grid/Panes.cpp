@@ -11,9 +11,7 @@ namespace ormisk {
 
 namespace {
 
-long Pixels(double value) {
-    return RoundToLong(value);
-}
+long Pixels(double value) { return RoundToLong(value); }
 
 // The size that a new control has until its host gives it another.
 constexpr Size kInitialSize{240, 320};
@@ -60,10 +58,9 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
     const ScaleMode mode = ScaleModeFromText(scaleUnits);
     const float divider = m_picHeaderContainer.UnitsToPixelsX(m_HeaderSplitter.SplitterLocation());
     const float description = m_picBG.UnitsToPixelsY(m_ContainerSplitter.SplitterLocation());
-    for (Pane* pane :
-         {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
-          &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
-          &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
+    for (Pane* pane : {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
+                       &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
+                       &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
         pane->SetScale(mode);
     if (!m_Control.IsAlive())
         return;
@@ -135,8 +132,7 @@ void Panes::LayoutTabContainer() {
         LayoutRecordToolbar();
         toolbarHeight = Pixels(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
     }
-    m_picTreeContainer.MovePixels({margin, tabHeight + margin, client.cx - margin,
-                                   client.cy - margin - toolbarHeight});
+    m_picTreeContainer.MovePixels({margin, tabHeight + margin, client.cx - margin, client.cy - margin - toolbarHeight});
 }
 
 // From left to right: first, previous, record number, total, next, last; 4 pixels of air around them.
@@ -152,8 +148,7 @@ void Panes::LayoutRecordToolbar() {
     const long totalWidth = text.cx / 2 * 12;
     const Size client = m_picTabContainer.ClientSize();
     const long frame = m_Grid.m_State.showTabs ? 4 : 2;
-    m_picRSToolbar.MovePixels(
-        {frame, client.cy - frame - height - 2 * kAir, client.cx - frame, client.cy - frame});
+    m_picRSToolbar.MovePixels({frame, client.cy - frame - height - 2 * kAir, client.cx - frame, client.cy - frame});
     m_txtRecordNo.SetFont(m_Grid.m_State.font);
 
     long x = kAir;
@@ -212,10 +207,9 @@ void Panes::ApplyFrame() {
 
 void Panes::ApplyColors() {
     const auto color = static_cast<Color>(m_Grid.m_State.backColor);
-    for (Pane* pane :
-         {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
-          &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
-          &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
+    for (Pane* pane : {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
+                       &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
+                       &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
         pane->SetBackColor(color);
 }
 
@@ -286,15 +280,12 @@ long Panes::ComputeAutoDividerWidth() const {
         const RowGeometry geometry = LayoutRow(metrics, 0, node->Level(), m_Grid.m_RowPainter.PictureSize(*node));
         const CProperty* property = node->Property();
         const long extra = property && property->EditorKind() == omColorEditor ? geometry.name.Width() : 0;
-        widest = std::max(widest,
-                          MeasureText(dc.Get(), node->Name(), false).cx + geometry.textLeft + extra + 5);
+        widest = std::max(widest, MeasureText(dc.Get(), node->Name(), false).cx + geometry.textLeft + extra + 5);
     }
     return widest;
 }
 
-float Panes::DescriptionPaneHeight() const {
-    return m_picBG.ScaleHeight() - m_ContainerSplitter.SplitterLocation();
-}
+float Panes::DescriptionPaneHeight() const { return m_picBG.ScaleHeight() - m_ContainerSplitter.SplitterLocation(); }
 
 void Panes::SetDescriptionPaneHeight(float height) {
     if (height <= 0) {
@@ -333,8 +324,8 @@ void Panes::InvalidateRowsFrom(const CNode& node) {
 void Panes::Refresh() {
     if (m_Grid.m_State.lockRefresh)
         return;
-    for (Pane* pane : {&m_picTreeContainer, &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader,
-                       &m_picDescPane, &m_picTabContainer, &m_picBG})
+    for (Pane* pane : {&m_picTreeContainer, &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader, &m_picDescPane,
+                       &m_picTabContainer, &m_picBG})
         pane->Refresh();
 }
 

@@ -107,9 +107,7 @@ void PropertyEntry::Write(GridState& state, const PropertyValue& value) const {
         field);
 }
 
-std::span<const PropertyEntry> PropertyTable() {
-    return kTable;
-}
+std::span<const PropertyEntry> PropertyTable() { return kTable; }
 
 const PropertyEntry& PropertyNamed(const wchar_t* name) {
     const auto found =
@@ -119,8 +117,6 @@ const PropertyEntry& PropertyNamed(const wchar_t* name) {
     return *found;
 }
 
-std::span<const wchar_t* const> FirstDefaults() {
-    return kFirstDefaults;
-}
+std::span<const wchar_t* const> FirstDefaults() { return kFirstDefaults; }
 
 } // namespace ormisk

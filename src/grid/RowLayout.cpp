@@ -14,14 +14,12 @@ long GlyphSize(long rowHeight) {
     return size % 2 == 0 ? size : size - 1;
 }
 
-long RowTop(const LayoutMetrics &metrics, long row) {
+long RowTop(const LayoutMetrics& metrics, long row) {
     const long scrolled = metrics.scrollBarShown ? metrics.scrollValue : 0;
     return metrics.headerHeight + (row - scrolled) * metrics.rowHeight;
 }
 
-long FloorDivide(long value, long by) {
-    return value >= 0 ? value / by : -((-value + by - 1) / by);
-}
+long FloorDivide(long value, long by) { return value >= 0 ? value / by : -((-value + by - 1) / by); }
 
 } // namespace
 
@@ -30,17 +28,15 @@ long RowHeightOfText(long textHeight) {
     return height % 2 == 0 ? height : height + 1;
 }
 
-long HeaderHeightOfText(long textHeight) {
-    return textHeight + 6;
-}
+long HeaderHeightOfText(long textHeight) { return textHeight + 6; }
 
-Rect RowRect(const LayoutMetrics &metrics, long row) {
+Rect RowRect(const LayoutMetrics& metrics, long row) {
     const long top = RowTop(metrics, row);
     const long width = metrics.client.cx - (metrics.scrollBarShown ? metrics.scrollBarWidth : 0);
     return {0, top, width, top + metrics.rowHeight};
 }
 
-RowGeometry LayoutRow(const LayoutMetrics &metrics, long row, long level, std::optional<Size> picture) {
+RowGeometry LayoutRow(const LayoutMetrics& metrics, long row, long level, std::optional<Size> picture) {
     RowGeometry g;
     g.row = RowRect(metrics, row);
     const long divider = RoundToLong(metrics.divider + 1.0);
@@ -62,8 +58,7 @@ RowGeometry LayoutRow(const LayoutMetrics &metrics, long row, long level, std::o
         g.treeLineLeft = RoundToLong(static_cast<double>(g.expander.right + g.expander.left) / 2.0);
     } else {
         x = RoundToLong(metrics.indentation * static_cast<double>(depth));
-        g.treeLineLeft =
-            RoundToLong(static_cast<double>(glyph) / 2.0 + static_cast<double>(x) - metrics.indentation);
+        g.treeLineLeft = RoundToLong(static_cast<double>(glyph) / 2.0 + static_cast<double>(x) - metrics.indentation);
     }
     if (picture) {
         g.picture.left = x;
@@ -80,16 +75,16 @@ RowGeometry LayoutRow(const LayoutMetrics &metrics, long row, long level, std::o
     return g;
 }
 
-RowRange RowsBetween(const LayoutMetrics &metrics, long top, long bottom) {
+RowRange RowsBetween(const LayoutMetrics& metrics, long top, long bottom) {
     const long origin = RowTop(metrics, 0);
     return {FloorDivide(top - origin, metrics.rowHeight), FloorDivide(bottom - 1 - origin, metrics.rowHeight) + 1};
 }
 
-bool InRect(long x, long y, const Rect &rect) {
+bool InRect(long x, long y, const Rect& rect) {
     return rect.left < x && x < rect.right && rect.top < y && y < rect.bottom;
 }
 
-std::optional<long> RowAtPoint(const LayoutMetrics &metrics, long x, long y) {
+std::optional<long> RowAtPoint(const LayoutMetrics& metrics, long x, long y) {
     const long row = FloorDivide(y - RowTop(metrics, 0), metrics.rowHeight);
     if (row < 0 || !InRect(x, y, RowRect(metrics, row)))
         return std::nullopt;
@@ -109,7 +104,7 @@ std::optional<ScrollRange> ScrollRangeFor(long rows, long clientHeight, long hea
     return range;
 }
 
-std::optional<long> ScrollValueFor(const LayoutMetrics &metrics, const Rect &row) {
+std::optional<long> ScrollValueFor(const LayoutMetrics& metrics, const Rect& row) {
     const long top = metrics.headerHeight;
     const long bottom = metrics.client.cy;
     const double height = static_cast<double>(row.Height());
@@ -128,9 +123,7 @@ long WheelSteps(int delta, long value, long max) {
     return value + steps < 0 ? -value : steps;
 }
 
-long PageStep(long largeChange) {
-    return largeChange > 1 ? largeChange - 1 : largeChange;
-}
+long PageStep(long largeChange) { return largeChange > 1 ? largeChange - 1 : largeChange; }
 
 double ClampDivider(double wanted, double controlWidth, double bar, double pixel) {
     if (controlWidth - 2.0 * bar < wanted)
@@ -145,11 +138,11 @@ std::optional<double> DividerLimit(double location, double controlWidth, long ba
     return std::nullopt;
 }
 
-Rect EditorRect(const Rect &value, bool withGridLines) {
+Rect EditorRect(const Rect& value, bool withGridLines) {
     return {value.left, withGridLines ? value.top : value.top + 1, value.right, value.bottom - 1};
 }
 
-Rect SwatchRect(const Rect &cell) {
+Rect SwatchRect(const Rect& cell) {
     const long top = cell.top + 2;
     const long bottom = cell.bottom - 3;
     const long left = cell.left + 2;

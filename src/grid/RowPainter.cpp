@@ -17,9 +17,7 @@ namespace {
 
 constexpr UINT kCellFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
 
-RECT ToRect(const Rect& rect) {
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
+RECT ToRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 Rect Intersection(const Rect& a, const Rect& b) {
     return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
@@ -32,8 +30,8 @@ Color ResolveColor(Color own, long fallback) {
 
 // Names of categories that come from the library itself, in plain form.
 bool IsBuiltInCategory(const std::wstring& name) {
-    static constexpr std::array<const wchar_t*, 11> kNames = {L"Misc", L"Nil",  L"Font", L"Position", L"Appearance",
-                                                              L"Behavior", L"Data", L"List", L"Text", L"Scale", L"DDE"};
+    static constexpr std::array<const wchar_t*, 11> kNames = {
+        L"Misc", L"Nil", L"Font", L"Position", L"Appearance", L"Behavior", L"Data", L"List", L"Text", L"Scale", L"DDE"};
     return std::ranges::any_of(kNames, [&](const wchar_t* known) { return name == known; });
 }
 
@@ -142,8 +140,7 @@ void RowPainter::DrawRow(HDC dc, CNode& node, const RowGeometry& geometry, bool 
     for (const bool nameCell : {true, false}) {
         const Rect& place = nameCell ? geometry.name : geometry.value;
         const CellOrigin origin(dc, place.left, place.top);
-        Cell cell{node,     property.Get(), geometry, nameCell, selected,
-                  lastRow, {0, 0, place.Width(), place.Height()}};
+        Cell cell{node, property.Get(), geometry, nameCell, selected, lastRow, {0, 0, place.Width(), place.Height()}};
         DrawCell(dc, cell);
         if (!m_Grid.IsAlive())
             return;
@@ -282,8 +279,8 @@ void RowPainter::DrawTreeLines(HDC dc, const Cell& cell) {
     DrawGridLine(dc, color, x, start, x, start + length, false);
 
     const long middle = RoundToLong(static_cast<double>(height) / 2.0 + static_cast<double>(top));
-    const double fontSize = ConvertScale(state.font.Size, ScaleMode::Point, ScaleMode::Pixel,
-                                         GetDeviceCaps(dc, LOGPIXELSX), Axis::X);
+    const double fontSize =
+        ConvertScale(state.font.Size, ScaleMode::Point, ScaleMode::Pixel, GetDeviceCaps(dc, LOGPIXELSX), Axis::X);
     const long branchStart = last ? x : x + 1;
     const long branch =
         last ? RoundToLong(static_cast<double>(state.indentation) - fontSize / 2.0) : RoundToLong(fontSize / 2.0);
@@ -299,9 +296,8 @@ void RowPainter::DrawPlusMinus(HDC dc, const Cell& cell) {
                                          : ResolveColor(cell.node.BackColor(), state.categoryBackColor);
         FillWith(dc, r, resources.GetBrush(TranslateColor(fill), L"BackColor"));
     }
-    const HPEN sign = cell.selected
-                          ? resources.GetPen(TranslateColor(state.highlightForeColor), L"HighlightForeColor")
-                          : resources.GetPen(TranslateColor(state.categoryForeColor), L"ForeColor");
+    const HPEN sign = cell.selected ? resources.GetPen(TranslateColor(state.highlightForeColor), L"HighlightForeColor")
+                                    : resources.GetPen(TranslateColor(state.categoryForeColor), L"ForeColor");
     const HGDIOBJ oldPen = SelectObject(dc, sign);
     const long y = (r.top + r.bottom) / 2;
     MoveToEx(dc, r.left + 2, y, nullptr);
@@ -390,8 +386,8 @@ void RowPainter::DrawBackgroundPicture(HDC dc, const Rect& clip) {
     const MemoryDC source(nullptr);
     if (!source || !picture)
         return;
-    const Rect area{0, metrics.headerHeight,
-                    metrics.client.cx - (metrics.scrollBarShown ? metrics.scrollBarWidth : 0), metrics.client.cy};
+    const Rect area{0, metrics.headerHeight, metrics.client.cx - (metrics.scrollBarShown ? metrics.scrollBarWidth : 0),
+                    metrics.client.cy};
     const Size size = PicturePixels(picture.Get());
     const SelectGuard selected(source.Get(), PictureHandle(picture.Get()));
     switch (state.pictureLayout) {
@@ -403,8 +399,7 @@ void RowPainter::DrawBackgroundPicture(HDC dc, const Rect& clip) {
         break;
     case omPictureStretched: {
         const int mode = SetStretchBltMode(dc, COLORONCOLOR);
-        StretchBlt(dc, area.left, area.top, area.Width(), area.Height(), source.Get(), 0, 0, size.cx, size.cy,
-                   SRCCOPY);
+        StretchBlt(dc, area.left, area.top, area.Width(), area.Height(), source.Get(), 0, 0, size.cx, size.cy, SRCCOPY);
         SetStretchBltMode(dc, mode);
         break;
     }

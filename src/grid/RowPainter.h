@@ -18,8 +18,8 @@ class Grid;
 struct LayoutMetrics;
 struct RowGeometry;
 
-// Draws the rows, straight into any context: background, then each row that meets the clip rectangle as a name cell and a
-// value cell. Reads geometry and state and changes neither.
+// Draws the rows, straight into any context: background, then each row that meets the clip rectangle as a name cell and
+// a value cell. Reads geometry and state and changes neither.
 class RowPainter {
 public:
     explicit RowPainter(Grid& grid) : m_Grid(grid) {}

@@ -166,7 +166,8 @@ private:
     void ListText(std::wstring& text);
 
     std::wstring m_Name;
-    std::unique_ptr<std::wstring> m_SourceName; // of the member on the source object: the first name, once it has another
+    std::unique_ptr<std::wstring>
+        m_SourceName; // of the member on the source object: the first name, once it has another
     std::wstring m_InternalKey;
     std::uint32_t m_KeyHash = 0; // of m_InternalKey
     std::wstring m_Category;

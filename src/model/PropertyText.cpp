@@ -40,7 +40,7 @@ void FormatValue(const VARIANT& value, const std::wstring& format, std::wstring&
     }
     BSTR formatted = nullptr;
     CheckSystem(VarFormat(const_cast<VARIANT*>(&value), const_cast<wchar_t*>(format.c_str()), kFirstDayOfWeek,
-                    kFirstWeekOfYear, 0, &formatted));
+                          kFirstWeekOfYear, 0, &formatted));
     text.assign(formatted ? formatted : L"", SysStringLen(formatted));
     SysFreeString(formatted);
 }

@@ -7,13 +7,13 @@ namespace ormisk {
 struct Point {
     long x = 0;
     long y = 0;
-    bool operator==(const Point &) const = default;
+    bool operator==(const Point&) const = default;
 };
 
 struct Size {
     long cx = 0;
     long cy = 0;
-    bool operator==(const Size &) const = default;
+    bool operator==(const Size&) const = default;
 };
 
 // The right and bottom edges lie outside.
@@ -25,7 +25,7 @@ struct Rect {
 
     long Width() const { return right - left; }
     long Height() const { return bottom - top; }
-    bool operator==(const Rect &) const = default;
+    bool operator==(const Rect&) const = default;
 };
 
 } // namespace ormisk

@@ -12,8 +12,8 @@ namespace ormisk {
 
 class Pane;
 
-// A mouse event of a pane: buttons 1 left, 2 right, 4 middle; modifiers 1 Shift, 2 Ctrl, 4 Alt; pixels of the pane. For a
-// move, `button` holds all buttons that are down.
+// A mouse event of a pane: buttons 1 left, 2 right, 4 middle; modifiers 1 Shift, 2 Ctrl, 4 Alt; pixels of the pane. For
+// a move, `button` holds all buttons that are down.
 struct MouseEvent {
     int button = 0;
     int shift = 0;
@@ -47,8 +47,9 @@ protected:
 // Modifier keys held down now: 1 Shift, 2 Ctrl, 4 Alt.
 int ShiftState();
 
-// A plain child window that its owner draws: the surface of which everything in the control is made. It has a scale, that
-// of the pane around it too, in which it is placed; it serves as container and as pane of a splitter. The window is owned.
+// A plain child window that its owner draws: the surface of which everything in the control is made. It has a scale,
+// that of the pane around it too, in which it is placed; it serves as container and as pane of a splitter. The window
+// is owned.
 class Pane final : public SplitterContainer, public SplitterPane {
 public:
     Pane() = default;

@@ -15,14 +15,8 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
-STDAPI DllCanUnloadNow() {
-    return ormisk::LiveObjects() == 0 ? S_OK : S_FALSE;
-}
+STDAPI DllCanUnloadNow() { return ormisk::LiveObjects() == 0 ? S_OK : S_FALSE; }
 
-STDAPI DllRegisterServer() {
-    return ormisk::RegisterServer();
-}
+STDAPI DllRegisterServer() { return ormisk::RegisterServer(); }
 
-STDAPI DllUnregisterServer() {
-    return ormisk::UnregisterServer();
-}
+STDAPI DllUnregisterServer() { return ormisk::UnregisterServer(); }

@@ -46,8 +46,8 @@ public:
         if (FAILED(m_Result))
             return;
         HKEY opened = nullptr;
-        LONG error = RegCreateKeyExW(m_Root, (kClasses + key).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened,
-                                     nullptr);
+        LONG error =
+            RegCreateKeyExW(m_Root, (kClasses + key).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr);
         if (error == ERROR_SUCCESS) {
             error = RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
                                    static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
@@ -62,13 +62,9 @@ private:
     HRESULT m_Result = S_OK;
 };
 
-std::wstring ClassKey(const Class& c) {
-    return L"CLSID\\" + Text(c.id);
-}
+std::wstring ClassKey(const Class& c) { return L"CLSID\\" + Text(c.id); }
 
-std::wstring ProgId(const Class& c) {
-    return std::wstring(L"Ormisk.") + c.name;
-}
+std::wstring ProgId(const Class& c) { return std::wstring(L"Ormisk.") + c.name; }
 
 HRESULT WriteClasses(HKEY root, const TLIBATTR& library) {
     Writer writer(root);

@@ -20,7 +20,7 @@ TEST(RowLayout, HeightsAreEvenAndGlyphsHaveAMiddle) {
     EXPECT_EQ(RowHeightOfText(14), 18);
     EXPECT_EQ(HeaderHeightOfText(13), 19);
     const long glyphs[][2] = {{18, 8}, {16, 8}, {20, 10}, {22, 10}};
-    for (const auto &[height, glyph] : glyphs) {
+    for (const auto& [height, glyph] : glyphs) {
         const RowGeometry g = LayoutRow(Metrics(height), 0, 1, {});
         EXPECT_EQ(g.expander.Width(), glyph + 1) << height;
         EXPECT_EQ(g.expander.Height(), glyph + 1) << height;
