@@ -100,7 +100,7 @@ void EditSession::StartPropertyEdit(_CProperty* property) {
     if (visible == VARIANT_FALSE || readOnly != VARIANT_FALSE || m_Grid.m_State.readOnly)
         Raise(ErrorCode::InvalidAction);
     SelectProperty(property);
-    ActivateEditor(true);
+    OpenAndActivate(true);
 }
 
 HWND EditSession::EditorWindow() const {
