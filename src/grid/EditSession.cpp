@@ -65,7 +65,8 @@ void EditSession::SetSelectedNode(Ref<CNode> node) {
         m_Grid.m_Events.SelChanged(newProperty.Get());
         if (!m_Grid.IsAlive())
             return;
-        if (prevEditor && prevEditor != m_CurrentEditor)
+        // The editor that a handler has shown may share its window with the old one.
+        if (prevEditor && prevEditor != m_CurrentEditor && EditorProxy(prevEditor.Get()).Hwnd() != EditorWindow())
             EditorProxy(prevEditor.Get()).SetVisible(false);
     }
     if (!m_CurrentEditor && m_SelectedNode)
