@@ -78,7 +78,9 @@ struct RowPainter::Cell {
     bool nameCell = false;
     bool selected = false;
     bool lastRow = false;
-    Rect rect;
+    Rect rect; // what is left for the text as drawing goes on
+    Size extent; // of the whole cell, less a pixel: what the host hears
+    Color fill = 0;
     Color textColor = 0;
     bool raise = false; // the host draws along
 };
@@ -87,10 +89,10 @@ HFONT RowPainter::FontOf(const CNode& node) {
     const FontDescription& font = m_Grid.m_State.font;
     if (node.Bold() == font.Bold && node.Italic() == font.Italic)
         return m_Grid.m_ResourceMgr.GetFont(font, L"TreeFont");
-    FontDescription own = font;
-    own.Bold = node.Bold();
-    own.Italic = node.Italic();
-    return m_Grid.m_ResourceMgr.GetFont(own, L"NodeFont");
+    m_NodeFont = font;
+    m_NodeFont.Bold = node.Bold();
+    m_NodeFont.Italic = node.Italic();
+    return m_Grid.m_ResourceMgr.GetFont(m_NodeFont, L"NodeFont");
 }
 
 std::optional<Size> RowPainter::PictureSize(const CNode& node) const {
@@ -140,11 +142,21 @@ void RowPainter::DrawRow(HDC dc, CNode& node, const RowGeometry& geometry, bool 
     for (const bool nameCell : {true, false}) {
         const Rect& place = nameCell ? geometry.name : geometry.value;
         const CellOrigin origin(dc, place.left, place.top);
-        Cell cell{node, property.Get(), geometry, nameCell, selected, lastRow, {0, 0, place.Width(), place.Height()}};
+        Cell cell{node, property.Get(), geometry, nameCell, selected, lastRow, {0, 0, place.Width(), place.Height()},
+                  {place.Width() - 1, place.Height() - 1}};
         DrawCell(dc, cell);
         if (!m_Grid.IsAlive())
             return;
     }
+}
+
+// Around an open editor a selected row does not shine through.
+Color RowPainter::FillColorOf(const Cell& cell) const {
+    const GridState& state = m_Grid.m_State;
+    if (!cell.selected)
+        return TranslateColor(ResolveColor(cell.node.BackColor(), state.propertyBackColor));
+    const bool behindEditor = !cell.nameCell && cell.property && m_Grid.m_Session.IsEditorOpen();
+    return TranslateColor(static_cast<Color>(behindEditor ? state.propertyBackColor : state.highlightBackColor));
 }
 
 // The control's text colour stands in when the node's comes out as -1 after translation.
@@ -155,15 +167,20 @@ Color RowPainter::TextColorOf(const Cell& cell) const {
     return color == static_cast<Color>(-1) ? TranslateColor(m_Grid.m_State.foreColor) : color;
 }
 
+// A handler that raises does not keep the rest of the rows off the screen.
 bool RowPainter::RaiseDraw(HDC dc, const Cell& cell, long stage) {
     bool doDefault = true;
-    m_Grid.m_Events.PropertyDraw(dc, *cell.property, cell.rect.Width() - 1, cell.rect.Height() - 1,
-                                 static_cast<omDrawStage>(stage), doDefault);
+    IgnoringFailures([&] {
+        m_Grid.m_Events.PropertyDraw(dc, *cell.property, cell.extent.cx, cell.extent.cy,
+                                     static_cast<omDrawStage>(stage), doDefault);
+    });
     return doDefault;
 }
 
 void RowPainter::DrawCell(HDC dc, Cell& cell) {
     const GridState& state = m_Grid.m_State;
+    // The colours are those of before the host draws along.
+    cell.fill = FillColorOf(cell);
     cell.textColor = TextColorOf(cell);
     // A read-only row keeps its colour also when it is selected.
     const bool readOnly = cell.property && (cell.property->IsReadOnly() || state.readOnly);
@@ -199,17 +216,8 @@ void RowPainter::DrawCell(HDC dc, Cell& cell) {
 
 // Rows over a background picture are transparent, but for the selected one.
 void RowPainter::FillCell(HDC dc, const Cell& cell) {
-    const GridState& state = m_Grid.m_State;
-    if (state.picture && !cell.selected)
-        return;
-    Color fill = 0;
-    if (!cell.selected)
-        fill = ResolveColor(cell.node.BackColor(), state.propertyBackColor);
-    else if (!cell.nameCell && cell.property && m_Grid.m_Session.IsEditorOpen())
-        fill = static_cast<Color>(state.propertyBackColor);
-    else
-        fill = static_cast<Color>(state.highlightBackColor);
-    FillWith(dc, cell.rect, m_Grid.m_ResourceMgr.GetBrush(TranslateColor(fill), L"BackColor"));
+    if (!m_Grid.m_State.picture || cell.selected)
+        FillWith(dc, cell.rect, m_Grid.m_ResourceMgr.GetBrush(cell.fill, L"BackColor"));
 }
 
 void RowPainter::DrawGridLines(HDC dc, const Cell& cell) {
@@ -298,7 +306,7 @@ void RowPainter::DrawPlusMinus(HDC dc, const Cell& cell) {
     }
     const HPEN sign = cell.selected ? resources.GetPen(TranslateColor(state.highlightForeColor), L"HighlightForeColor")
                                     : resources.GetPen(TranslateColor(state.categoryForeColor), L"ForeColor");
-    const HGDIOBJ oldPen = SelectObject(dc, sign);
+    const SelectGuard signSelected(dc, sign);
     const long y = (r.top + r.bottom) / 2;
     MoveToEx(dc, r.left + 2, y, nullptr);
     LineTo(dc, r.right - 2, y);
@@ -307,13 +315,12 @@ void RowPainter::DrawPlusMinus(HDC dc, const Cell& cell) {
         MoveToEx(dc, x, r.top + 2, nullptr);
         LineTo(dc, x, r.bottom - 2);
     }
-    SelectObject(dc, resources.GetPen(TranslateColor(state.lineColor), L"LineColor"));
+    const SelectGuard outline(dc, resources.GetPen(TranslateColor(state.lineColor), L"LineColor"));
     MoveToEx(dc, r.left, r.top, nullptr);
     LineTo(dc, r.right - 1, r.top);
     LineTo(dc, r.right - 1, r.bottom - 1);
     LineTo(dc, r.left, r.bottom - 1);
     LineTo(dc, r.left, r.top);
-    SelectObject(dc, oldPen);
 }
 
 // A bitmap is drawn in its own size: one taller than the row is covered by the next row.
@@ -341,13 +348,13 @@ void RowPainter::DrawPropertyPicture(HDC dc, const Cell& cell) {
 
 void RowPainter::DrawColorSwatch(HDC dc, Cell& cell) {
     const Rect swatch = SwatchRect(cell.rect);
-    const VARIANT& value = cell.property->Value();
+    _variant_t value(cell.property->Value()); // an object may do anything when it is asked for a number
     VARIANT number;
     VariantInit(&number);
     Color color = 0;
     if (V_VT(&value) == VT_UI4)
         color = TranslateColor(V_UI4(&value));
-    else if (SUCCEEDED(VariantChangeType(&number, const_cast<VARIANT*>(&value), 0, VT_I4)))
+    else if (SUCCEEDED(VariantChangeType(&number, &value, 0, VT_I4)))
         color = TranslateColor(static_cast<Color>(V_I4(&number)));
     const SelectGuard brush(dc, m_Grid.m_ResourceMgr.GetBrush(color, L"ColorEditorRet"));
     const SelectGuard pen(dc, m_Grid.m_ResourceMgr.GetPen(cell.textColor, L"ForeColor"));

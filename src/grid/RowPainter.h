@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Color.h"
+#include "platform/FontDescription.h"
 #include "platform/Geometry.h"
 
 #include <windows.h>
@@ -46,11 +47,14 @@ private:
     void DrawCellText(HDC dc, Cell& cell);
     void ValueText(const Cell& cell);
     void DrawGridLine(HDC dc, Color color, long x1, long y1, long x2, long y2, bool solid);
+    Color FillColorOf(const Cell& cell) const;
     Color TextColorOf(const Cell& cell) const;
     bool RaiseDraw(HDC dc, const Cell& cell, long stage);
 
     Grid& m_Grid;
-    std::wstring m_Text; // of the cell in work; kept so that painting allocates nothing a row
+    // Of the cell in work; kept so that painting allocates nothing a row.
+    std::wstring m_Text;
+    FontDescription m_NodeFont;
 };
 
 } // namespace ormisk
