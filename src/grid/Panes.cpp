@@ -52,10 +52,13 @@ void Panes::CreateSplitters() {
     m_ContainerSplitter.init(&m_picBG, &m_picTabContainer, &m_picDescPane, SplitterOrientation::Horizontal);
     const float height = m_picBG.ScaleHeight();
     m_ContainerSplitter.SplitterLocation(height - 0.2F * height);
+    ApplyShowDescription();
 }
 
 void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
     const ScaleMode mode = ScaleModeFromText(scaleUnits);
+    if (mode == m_Control.Scale())
+        return;
     const float divider = m_picHeaderContainer.UnitsToPixelsX(m_HeaderSplitter.SplitterLocation());
     const float description = m_picBG.UnitsToPixelsY(m_ContainerSplitter.SplitterLocation());
     for (Pane* pane : {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
@@ -71,6 +74,7 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
     const auto bar = static_cast<float>(GetSystemMetrics(SM_CYFRAME));
     m_ContainerSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picBG.PixelsToUnitsX(bar))));
     m_ContainerSplitter.SplitterLocation(m_picBG.PixelsToUnitsY(description));
+    LayoutTabContainer();
 }
 
 void Panes::FontChanged() {
@@ -119,11 +123,15 @@ bool Panes::RecordToolbarShown() const {
 
 void Panes::LayoutTabContainer() {
     long tabHeight = 0;
-    long margin = 0;
+    Size margin;
     if (m_Grid.m_State.showTabs) {
         m_Grid.m_ChromeMetrics.CalcTabRects();
         tabHeight = m_Grid.m_ChromeMetrics.TabHeight();
-        margin = 4;
+        // A whole number of units; large units leave none.
+        const Pane& tree = m_picTreeContainer;
+        const auto whole = [](float units) { return static_cast<float>(RoundToLong(static_cast<double>(units))); };
+        margin = {Pixels(static_cast<double>(tree.UnitsToPixelsX(whole(tree.PixelsToUnitsX(4.0F))))),
+                  Pixels(static_cast<double>(tree.UnitsToPixelsY(whole(tree.PixelsToUnitsY(4.0F)))))};
     }
     const Size client = m_picTabContainer.ClientSize();
     long toolbarHeight = 0;
@@ -132,7 +140,8 @@ void Panes::LayoutTabContainer() {
         LayoutRecordToolbar();
         toolbarHeight = Pixels(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
     }
-    m_picTreeContainer.MovePixels({margin, tabHeight + margin, client.cx - margin, client.cy - margin - toolbarHeight});
+    m_picTreeContainer.MovePixels({margin.cx, tabHeight + margin.cy, client.cx - margin.cx,
+                                   client.cy - margin.cy - toolbarHeight});
 }
 
 // From left to right: first, previous, record number, total, next, last; 4 pixels of air around them.
@@ -174,10 +183,10 @@ void Panes::RecalcLayout() {
     // Without headers the strip is parked above the visible area.
     const long top = headers ? 0 : -m_HeaderHeight;
     m_picHeaderContainer.MovePixels({0, top, client.cx, top + m_HeaderHeight});
-    const long headerPx = headers ? m_HeaderHeight : 0;
     UpdateScrollBar();
-    const long barWidth = GetSystemMetrics(SM_CXVSCROLL);
-    m_VScroll.MovePixels({client.cx - barWidth, headerPx, client.cx, client.cy});
+    // Read anew: an edit that scrolling committed may have changed them.
+    const LayoutMetrics now = Metrics();
+    m_VScroll.MovePixels({now.client.cx - now.scrollBarWidth, now.headerHeight, now.client.cx, now.client.cy});
     m_VScroll.HideCaret();
     m_picTreeContainer.Invalidate(false);
     m_Grid.m_Session.PlaceOpenEditor();
@@ -193,9 +202,10 @@ void Panes::UpdateScrollBar() {
         m_VScroll.Show(false);
         return;
     }
-    m_VScroll.SetRange(range->max, range->largeChange);
     m_VScroll.Show(true);
     m_VScroll.HideCaret();
+    // Last, as a value beyond the range is reported: it commits an edit, whose handlers may lay out anew.
+    m_VScroll.SetRange(range->max, range->largeChange);
 }
 
 void Panes::ApplyFrame() {
