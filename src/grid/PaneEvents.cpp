@@ -8,8 +8,9 @@ namespace ormisk {
 IUnknown* Panes::Keeper() { return m_Grid.m_Host.Outer(); }
 
 void Panes::PaintTree(UINT message, WPARAM wParam) {
-    if (m_Grid.m_State.lockRefresh)
-        UpdateScrollBar();
+    // A failure must not keep the window from being painted: the message would come for ever.
+    if (message == WM_PAINT && m_Grid.m_State.lockRefresh)
+        IgnoringFailures([&] { UpdateScrollBar(); });
     if (message == WM_PRINTCLIENT) {
         const Size client = m_picTreeContainer.ClientSize();
         m_Grid.m_RowPainter.PaintTree(reinterpret_cast<HDC>(wParam), {0, 0, client.cx, client.cy});

@@ -58,7 +58,6 @@ public:
     std::optional<Rect> RowRectOf(const CNode* node) const;
     // The first displayed row at a point, or null; edges find nothing.
     Ref<CNode> RowFromPoint(long x, long y) const;
-    int ColumnFromPoint(long x) const; // 1 name, 2 value
     long RowHeight() const { return m_RowHeight; }
     long HeaderHeight() const { return m_HeaderHeight; }
 

@@ -157,16 +157,20 @@ void CSplitter::ArrangePanes() {
     case HiddenPane::None:
         break;
     }
-    const SplitPanes panes =
-        ArrangedPanes(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_Location, m_BarSize, m_Orientation);
+    const auto panes = [this] {
+        return ArrangedPanes(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_Location, m_BarSize,
+                             m_Orientation);
+    };
     const auto place = [](SplitterPane* pane, const UnitRect& bounds) {
         if (!pane)
             return;
         pane->SetBounds(bounds.Left, bounds.Top, bounds.Width, bounds.Height);
         pane->SetVisible(true);
     };
-    place(m_FirstPane, panes.First);
-    place(m_SecondPane, panes.Second);
+    place(m_FirstPane, panes().First);
+    if (m_HiddenPane != HiddenPane::None)
+        return; // hidden by what the first pane's new size led to, which may have moved the bar too
+    place(m_SecondPane, panes().Second);
     if (m_Listener)
         m_Listener->LocationChanged(*this);
 }
