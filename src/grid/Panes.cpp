@@ -140,8 +140,8 @@ void Panes::LayoutTabContainer() {
         LayoutRecordToolbar();
         toolbarHeight = Pixels(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
     }
-    m_picTreeContainer.MovePixels({margin.cx, tabHeight + margin.cy, client.cx - margin.cx,
-                                   client.cy - margin.cy - toolbarHeight});
+    m_picTreeContainer.MovePixels(
+        {margin.cx, tabHeight + margin.cy, client.cx - margin.cx, client.cy - margin.cy - toolbarHeight});
 }
 
 // From left to right: first, previous, record number, total, next, last; 4 pixels of air around them.

@@ -78,7 +78,7 @@ struct RowPainter::Cell {
     bool nameCell = false;
     bool selected = false;
     bool lastRow = false;
-    Rect rect; // what is left for the text as drawing goes on
+    Rect rect;   // what is left for the text as drawing goes on
     Size extent; // of the whole cell, less a pixel: what the host hears
     Color fill = 0;
     Color textColor = 0;
@@ -142,7 +142,13 @@ void RowPainter::DrawRow(HDC dc, CNode& node, const RowGeometry& geometry, bool 
     for (const bool nameCell : {true, false}) {
         const Rect& place = nameCell ? geometry.name : geometry.value;
         const CellOrigin origin(dc, place.left, place.top);
-        Cell cell{node, property.Get(), geometry, nameCell, selected, lastRow, {0, 0, place.Width(), place.Height()},
+        Cell cell{node,
+                  property.Get(),
+                  geometry,
+                  nameCell,
+                  selected,
+                  lastRow,
+                  {0, 0, place.Width(), place.Height()},
                   {place.Width() - 1, place.Height() - 1}};
         DrawCell(dc, cell);
         if (!m_Grid.IsAlive())

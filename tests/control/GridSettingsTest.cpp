@@ -151,6 +151,8 @@ TEST_F(GridTest, ASeparatorLeavesOldPathsOrMovesOldRows) {
 TEST_F(GridTest, UnitsOfTheHostDoNotReachPositionsIndentationOrMouse) {
     GridContainer host;
     const float dpi = 96.0F;
+    // The margins beside the tabs are whole units, so with them the columns' width follows the unit.
+    EXPECT_EQ(host->put_ShowTabs(VARIANT_FALSE), S_OK);
     EXPECT_EQ(host->put_ColumnDividerPosition(120.0F), S_OK);
     EXPECT_EQ(host->put_DescriptionPaneHeight(48.0F), S_OK);
     const long divider = host.Divider();
