@@ -68,9 +68,7 @@ GridWindow::~GridWindow() {
 
 void GridWindow::Arrange() {
     Need(m_Grid->put_ActiveView(omCatagorized), "ActiveView");
-    Need(m_Grid->put_ShowTabs(VARIANT_FALSE), "ShowTabs");
-    Need(m_Grid->put_ShowDescription(VARIANT_FALSE), "ShowDescription");
-    Need(m_Grid->put_Headers(omHeadersNone), "Headers");
+    ShowChrome(false);
     RECT client;
     GetClientRect(m_Window, &client);
     POINT middle = {client.right / 2, client.bottom / 2};
@@ -84,6 +82,12 @@ void GridWindow::Arrange() {
             child = nullptr;
     }
     Settle();
+}
+
+void GridWindow::ShowChrome(bool show) const {
+    Need(m_Grid->put_ShowTabs(show ? VARIANT_TRUE : VARIANT_FALSE), "ShowTabs");
+    Need(m_Grid->put_ShowDescription(show ? VARIANT_TRUE : VARIANT_FALSE), "ShowDescription");
+    Need(m_Grid->put_Headers(show ? omHeaders3d : omHeadersNone), "Headers");
 }
 
 void GridWindow::Paint() const {

@@ -29,6 +29,9 @@ public:
     // The window that the rows are painted in.
     HWND Tree() const { return m_Tree; }
 
+    // Tabs, headers and description pane come or go.
+    void ShowChrome(bool show) const;
+
     // Brings the screen up to date: what is invalid is painted, and drawing calls have arrived.
     void Paint() const;
 

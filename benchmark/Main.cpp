@@ -4,6 +4,7 @@
 #include "GdiFloor.h"
 #include "GridWindow.h"
 #include "Rows.h"
+#include "Sorting.h"
 #include "Stopwatch.h"
 
 #include <ole2.h>
@@ -20,12 +21,23 @@ constexpr int kSizes[] = {1000, 10000, 100000};
 constexpr double kFillLimit = 30e6; // an unlocked fill that takes longer is stopped, and told by what it did until then
 constexpr int kPaints = 101;
 
-void Report(const char* name, int rows, double microseconds) {
-    std::printf("{\"case\": \"%s\", \"n\": %d, \"us\": %.1f}\n", name, rows, microseconds);
-    std::fflush(stdout);
-}
-
 int FillRuns(int rows) { return rows >= 100000 ? 3 : rows >= 10000 ? 5 : 11; }
+
+// The whole window with all that surrounds the rows, a row being selected.
+void MeasureChrome(const GridWindow& window, int count) {
+    window.ShowChrome(true);
+    window.Settle();
+    const HWND top = GetAncestor(window.Tree(), GA_ROOT);
+    Report("repaint_chrome", count,
+           MedianOf(
+               kPaints, [] {},
+               [top] {
+                   RedrawWindow(top, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+                   GdiFlush();
+               }));
+    window.ShowChrome(false);
+    window.Settle();
+}
 
 class Cases {
 public:
@@ -36,10 +48,13 @@ public:
         FillLocked();
         m_Window.Settle();
         Paints();
+        MeasureChrome(m_Window, m_Count);
         Scroll();
         Expand();
         AddOne();
         Clear();
+        MeasureSorting(m_Window, m_Count);
+        Empty();
     }
 
 private:
@@ -187,6 +202,12 @@ void RunAll() {
 }
 
 } // namespace
+
+void Report(const char* name, int rows, double microseconds) {
+    std::printf("{\"case\": \"%s\", \"n\": %d, \"us\": %.1f}\n", name, rows, microseconds);
+    std::fflush(stdout);
+}
+
 } // namespace ormisk::bench
 
 int wmain() {

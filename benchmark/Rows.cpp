@@ -3,6 +3,7 @@
 #include "GridWindow.h"
 
 #include <algorithm>
+#include <random>
 #include <string>
 
 namespace ormisk::bench {
@@ -21,22 +22,36 @@ Rows::Rows(int count) {
         m_Categories.emplace_back((L"Category " + std::to_wstring(i)).c_str());
 }
 
+Rows Rows::Shuffled(int count) {
+    Rows rows(count);
+    std::mt19937 random(1);
+    const auto each = static_cast<std::size_t>(rows.CategorySize());
+    for (std::size_t i = 0; i < rows.m_Names.size(); ++i) {
+        const std::size_t start = i / each * each;
+        std::swap(rows.m_Names[i], rows.m_Names[start + random() % (i - start + 1)]);
+    }
+    return rows;
+}
+
+int Rows::CategorySize() const { return std::max(1, Count() / kCategories); }
+
 BSTR Rows::Category(int row) const {
-    const int each = std::max(1, Count() / kCategories);
-    const _bstr_t& category = m_Categories[static_cast<std::size_t>(std::min(row / each, kCategories - 1))];
+    const _bstr_t& category = m_Categories[static_cast<std::size_t>(std::min(row / CategorySize(), kCategories - 1))];
     return const_cast<BSTR>(
         static_cast<const wchar_t*>(category)); // the text itself, as the calls of the control take it
 }
 
 void Rows::Add(::_CProperties* properties, int row) {
+    AddBeside(properties, row, m_Names[static_cast<std::size_t>(row)].GetBSTR());
+}
+
+void Rows::AddBeside(::_CProperties* properties, int row, BSTR name) {
     const auto at = static_cast<std::size_t>(row);
     BSTR key = nullptr;
     IDispatch* source = nullptr;
     omEditorType editor = omTextEditor;
     ComPtr<::_CProperty> added;
-    Need(properties->Add(m_Names[at].GetBSTR(), &m_Values[at], Category(row), &key, &source, VARIANT_TRUE, &editor,
-                         &added),
-         "Add");
+    Need(properties->Add(name, &m_Values[at], Category(row), &key, &source, VARIANT_TRUE, &editor, &added), "Add");
 }
 
 void Rows::AddLateBound(IDispatch* properties, DISPID add, int row) {

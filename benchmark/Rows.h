@@ -13,13 +13,18 @@ namespace ormisk::bench {
 class Rows {
 public:
     explicit Rows(int count);
+    // The same rows, those of each category in an order by chance that is the same every time.
+    static Rows Shuffled(int count);
 
     int Count() const { return static_cast<int>(m_Names.size()); }
     const wchar_t* Name(int row) const { return m_Names[static_cast<std::size_t>(row)]; }
     const wchar_t* Text(int row) const { return m_Values[static_cast<std::size_t>(row)].bstrVal; }
     BSTR Category(int row) const;
+    int CategorySize() const; // of each but perhaps the last
 
     void Add(::_CProperties* properties, int row);
+    // A row under another name beside the row that is told.
+    void AddBeside(::_CProperties* properties, int row, BSTR name);
     void AddLateBound(IDispatch* properties, DISPID add, int row);
 
 private:

@@ -11,7 +11,9 @@ enum EventId : DISPID {
     kPropertyAdded = 2,
     kPropertyDeleted = 3,
     kPropertyDraw = 4,
+    kPropertyCompare = 5,
     kPropertyValueChanged = 6,
+    kCategoryCompare = 7,
     kCategoryExpanding = 8,
     kCategoryCollapsing = 9,
     kSelChanged = 10,
@@ -40,6 +42,13 @@ VARIANT Text(_bstr_t& text) {
     VARIANT v;
     V_VT(&v) = VT_BSTR;
     V_BSTR(&v) = text.GetBSTR();
+    return v;
+}
+
+VARIANT Flag(bool value) {
+    VARIANT v;
+    V_VT(&v) = VT_BOOL;
+    V_BOOL(&v) = value ? VARIANT_TRUE : VARIANT_FALSE;
     return v;
 }
 
@@ -95,6 +104,29 @@ void GridEvents::PropertyDraw(HDC dc, CProperty& property, long cx, long cy, omD
                            FlagReference(value)};
     m_Sinks.Fire(kPropertyDraw, arguments, 6);
     doDefault = value != VARIANT_FALSE;
+}
+
+void GridEvents::PropertyCompare(CProperty& first, CProperty& second, bool nameButtonClicked, bool& swap) {
+    if (!m_Sinks.HasListeners())
+        return;
+    const ComPtr<IDispatch> heldFirst(&first);
+    const ComPtr<IDispatch> heldSecond(&second);
+    VARIANT_BOOL value = swap ? VARIANT_TRUE : VARIANT_FALSE;
+    VARIANT arguments[] = {Object(&first), Object(&second), Flag(nameButtonClicked), FlagReference(value)};
+    m_Sinks.Fire(kPropertyCompare, arguments, 4);
+    swap = value != VARIANT_FALSE;
+}
+
+void GridEvents::CategoryCompare(const std::wstring& first, const std::wstring& second, bool nameButtonClicked,
+                                 bool& swap) {
+    if (!m_Sinks.HasListeners())
+        return;
+    _bstr_t firstName = ToBstr(first);
+    _bstr_t secondName = ToBstr(second);
+    VARIANT_BOOL value = swap ? VARIANT_TRUE : VARIANT_FALSE;
+    VARIANT arguments[] = {Text(firstName), Text(secondName), Flag(nameButtonClicked), FlagReference(value)};
+    m_Sinks.Fire(kCategoryCompare, arguments, 4);
+    swap = value != VARIANT_FALSE;
 }
 
 void GridEvents::PropertyValueChanged(CProperty& property) { FireWithProperty(kPropertyValueChanged, &property); }

@@ -16,6 +16,9 @@ public:
     void PropertyDeleted(CProperty& property);
     // `doDefault` is written back; the context's handle fits into the public 32 bits.
     void PropertyDraw(HDC dc, CProperty& property, long cx, long cy, omDrawStage stage, bool& doDefault);
+    // `swap` is written back in both comparisons.
+    void PropertyCompare(CProperty& first, CProperty& second, bool nameButtonClicked, bool& swap);
+    void CategoryCompare(const std::wstring& first, const std::wstring& second, bool nameButtonClicked, bool& swap);
     void PropertyValueChanged(CProperty& property);
     void CategoryExpanding(const std::wstring& category, bool& cancel);
     void CategoryCollapsing(const std::wstring& category, bool& cancel);

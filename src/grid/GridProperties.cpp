@@ -77,6 +77,12 @@ void GridProperties::Apply(const PropertyEntry& entry) {
     if (effects & kColorsPanes)
         panes.ApplyColors();
     Repaint(effects);
+    if (effects & kSorts && m_Grid.m_Host.UserMode()) {
+        if (std::get<bool>(entry.Read(m_Grid.m_State)))
+            m_Grid.m_ModelView.Sort(false);
+        if (m_Grid.IsAlive())
+            m_Grid.m_ModelView.RefreshView();
+    }
 }
 
 void GridProperties::Repaint(unsigned effects) {

@@ -3,6 +3,7 @@
 #include "grid/Grid.h"
 #include "tree/CategoryPath.h"
 #include "tree/CategoryWalk.h"
+#include "tree/HostSort.h"
 
 #include <cwchar>
 
@@ -68,8 +69,62 @@ void ModelView::OnPropertyAdded(CProperty& property, CProperty* parent) {
     IgnoringFailures([&] { m_Grid.m_CategorizedNodes.Add(categorizedParent, NodeRelation::Child, property); });
     IgnoringFailures([&] { m_Grid.m_AlphabeticNodes.Add(alphabeticParent, NodeRelation::Child, property); });
     property.SetUnicode(state.unicode);
+    if (state.sorted)
+        IgnoringFailures([&] { Sort(true); });
+    if (!m_Grid.m_CProperties)
+        return; // a handler ended the control
     RefreshView();
     m_Grid.m_Events.PropertyAdded(property);
+}
+
+void ModelView::Sort(bool nameButtonClicked) {
+    const GridState& state = m_Grid.m_State;
+    const bool descending = state.sortOrder == omDescending;
+    if (!state.customSort) {
+        m_Grid.m_ActiveNodes->Sort(descending);
+    } else if (!m_Sorting) {
+        const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
+        m_Sorting = true;
+        try {
+            SortByHost(*m_Grid.m_ActiveNodes, descending, [&](const CNode& first, const CNode& second, bool& swap) {
+                return AskHost(first, second, nameButtonClicked, swap);
+            });
+        } catch (...) {
+            m_Sorting = false;
+            RefreshView();
+            throw;
+        }
+        m_Sorting = false;
+    }
+    if (m_Grid.IsAlive())
+        m_Grid.m_Session.PlaceOpenEditor();
+}
+
+// False when a handler ended the control.
+bool ModelView::AskHost(const CNode& first, const CNode& second, bool nameButtonClicked, bool& swap) {
+    if (first.IsCategory())
+        m_Grid.m_Events.CategoryCompare(first.Name(), second.Name(), nameButtonClicked, swap);
+    else if (first.Property() && second.Property())
+        m_Grid.m_Events.PropertyCompare(*first.Property(), *second.Property(), nameButtonClicked, swap);
+    return m_Grid.m_CProperties != nullptr;
+}
+
+void ModelView::HeaderSort(bool nameButtonClicked) {
+    GridState& state = m_Grid.m_State;
+    if (!state.sortOnHeaderClick)
+        return;
+    if (state.sorted)
+        state.sortOrder = state.sortOrder == omAscending ? omDescending : omAscending;
+    state.sorted = true;
+    Sort(nameButtonClicked);
+    if (!m_Grid.IsAlive())
+        return;
+    m_Grid.m_Session.SetSelectedNode(nullptr);
+    if (!m_Grid.IsAlive())
+        return;
+    m_Grid.m_Panes.RecalcLayout();
+    m_Grid.m_Panes.m_picNameHeader.Invalidate(true);
+    m_Grid.m_Panes.RepaintRows();
 }
 
 // Reports of the model come while the host holds a property, or the collection, and perhaps no control.
@@ -133,6 +188,8 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
             Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });
         return;
     }
+    if (m_Grid.m_Session.SelectedProperty() == &property)
+        m_Grid.m_Panes.m_picDescPane.Invalidate(true); // name and help
     const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
     Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node.Get()); });
     if (node) {
@@ -145,7 +202,9 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
         ValueChanged(property);
     else if (_wcsicmp(attribute, L"picture") == 0)
         Trapped([&] { m_Grid.m_Panes.RepaintRows(); });
-    // A name needs nothing more: both nodes read it from the property.
+    else if (_wcsicmp(attribute, L"name") == 0)
+        for (CNodes* nodes : {&m_Grid.m_AlphabeticNodes, &m_Grid.m_CategorizedNodes})
+            nodes->NameChanged(nodes->ItemOf(property)); // the nodes read it from the property
 }
 
 // The children of a property that holds an object follow the new object at once.

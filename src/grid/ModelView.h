@@ -15,6 +15,12 @@ public:
 
     // Scroll range and rows anew, unless refresh is locked.
     void RefreshView();
+    // Sorts the tree on screen in the present order; with CustomSort the host is asked about each pair. Nothing while
+    // the host is being asked for another sort. Raises what a handler raises; the rows that are exchanged by then stay
+    // so.
+    void Sort(bool nameButtonClicked);
+    // A header was clicked.
+    void HeaderSort(bool nameButtonClicked);
     // The view itself is stored already: the other tree comes on screen, with the selection carried over.
     void ViewChanged();
     // Expands the whole path, or collapses its last category. A path that leads nowhere changes nothing.
@@ -41,12 +47,14 @@ private:
     CNode* CategoryNodeFor(CProperty& property);
     void RemovePropertyNodes(CProperty& property);
     void RemoveCategorizedNode(CNode& node);
+    bool AskHost(const CNode& first, const CNode& second, bool nameButtonClicked, bool& swap);
     void UpdateChildren(CProperty& property, CNode& node);
     void VisibilityChanged(CProperty& property);
     void ValueChanged(CProperty& property);
     template <class F> void Trapped(F&& statement);
 
     Grid& m_Grid;
+    bool m_Sorting = false; // the host is being asked
     // The category of the last addition: bulk additions mostly follow each other in one category.
     std::wstring m_LastCategory;
     Ref<CNode> m_LastCategoryNode;

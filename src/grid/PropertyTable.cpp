@@ -42,7 +42,7 @@ constexpr PropertyEntry kTable[] = {
     {L"ShowDescription", &GridState::showDescription, kNotifies | kShowsDescription | kLaysOut},
     {L"ShowTabs", &GridState::showTabs, kNotifies | kShowsTabs | kLaysOut},
     {L"ShowToolTip", &GridState::showToolTip, kNotifies},
-    {L"Sorted", &GridState::sorted, kNotifies | kAlways},
+    {L"Sorted", &GridState::sorted, kNotifies | kAlways | kRepaintsNameHeader | kSorts},
     {L"SortOnHeaderClick", &GridState::sortOnHeaderClick, kAlways},
     {L"SortOrder", &GridState::sortOrder, kNotifies | kRepaintsNameHeader},
     {L"TreeStyle", &GridState::treeStyle, kNotifies | kRepaintsRows},

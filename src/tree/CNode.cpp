@@ -140,6 +140,9 @@ void CNode::SetPicture(IPictureDisp* picture) {
 void CNode::SetName(const std::wstring& name) {
     if (m_Category) {
         m_Category->name = name;
+        if (m_Tree) {
+            m_Tree->NameChanged(this);
+        }
     }
 }
 

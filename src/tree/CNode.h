@@ -18,6 +18,8 @@ enum class NodeKind : long { Property = 0, Category = 1 };
 struct Branch {
     std::vector<Ref<CNode>> nodes;
     RowCounts rows;
+    std::size_t sorted = 0; // so many from the front are in the order of the last sort of the tree
+    bool listed = false;    // among the branches that the next sort looks at
 };
 
 // One row of a display tree: a category with a look and text of its own, or a thin view on a property. Made by CNodes.

@@ -76,6 +76,7 @@ CNode* CNodes::Place(CNode* relative, NodeRelation relation, Ref<CNode> added) {
     Branch& siblings = SiblingsOf(*node);
     siblings.nodes.push_back(std::move(added));
     siblings.rows.Append(node->Rows());
+    ListUnsorted(siblings, parent);
     node->m_Tree = this;
     node->m_Level = parent ? parent->m_Level + 1 : m_Level;
     node->m_SiblingIndex = static_cast<long>(siblings.nodes.size());
@@ -156,7 +157,11 @@ void CNodes::Remove(CNode* node) {
     CNode* parent = node->m_Parent;
     const auto gap = siblings.nodes.begin() + (node->m_SiblingIndex - 1);
     std::vector<Ref<CNode>> removed{*gap};
-    siblings.rows.Remove(static_cast<std::size_t>(node->m_SiblingIndex) - 1);
+    const std::size_t position = static_cast<std::size_t>(node->m_SiblingIndex) - 1;
+    siblings.rows.Remove(position);
+    if (position < siblings.sorted) {
+        --siblings.sorted;
+    }
     for (auto later = siblings.nodes.erase(gap); later != siblings.nodes.end(); ++later) {
         --(*later)->m_SiblingIndex;
         (*later)->m_Sequence = m_NextSequence++;
@@ -179,6 +184,8 @@ void CNodes::Clear() {
     m_KeyTable.Clear();
     m_Parents.clear();
     m_FilingOrder.clear();
+    m_Unsorted.clear();
+    m_SortedDescending.reset();
     m_NextId = kFirstId;
     m_Count = 0;
     CollectSubtrees(removed);
@@ -211,12 +218,11 @@ void CNodes::SwapNodes(CNode* first, CNode* second) {
     Branch& branch = SiblingsOf(*first);
     std::swap(branch.nodes[static_cast<std::size_t>(first->m_SiblingIndex) - 1],
               branch.nodes[static_cast<std::size_t>(second->m_SiblingIndex) - 1]);
-    std::swap(first->m_SiblingIndex, second->m_SiblingIndex);
-    for (CNode* node : {first, second}) {
-        node->m_Sequence = m_NextSequence++;
-        branch.rows.Set(static_cast<std::size_t>(node->m_SiblingIndex) - 1, node->Rows());
-    }
+    const long place = first->m_SiblingIndex;
+    PutAt(branch, static_cast<std::size_t>(second->m_SiblingIndex) - 1);
+    PutAt(branch, static_cast<std::size_t>(place) - 1);
     m_FilingOrder.clear();
+    m_SortedDescending.reset();
 }
 
 CNode* CNodes::NodeAtRow(long row) const {

@@ -4,6 +4,7 @@
 #include "tree/CNode.h"
 #include "tree/NodeListener.h"
 
+#include <optional>
 #include <unordered_map>
 
 namespace ormisk {
@@ -51,6 +52,12 @@ public:
     // Exchanges two siblings, each with its subtree.
     void SwapNodes(CNode* first, CNode* second);
 
+    // Siblings against siblings on every level, stable: categories in front of properties, then by name, by character
+    // code; descending turns both. Costs what was added, removed or renamed since the last sort in the same order.
+    void Sort(bool descending);
+    // To be called when a node got another name: it may stand in the wrong place now.
+    void NameChanged(const CNode* node);
+
     // Rows on screen, from 0, without walking.
     long VisibleRowCount() const { return m_Roots.rows.Total(); }
     CNode* NodeAtRow(long row) const;    // null outside
@@ -65,6 +72,11 @@ private:
     CNode* Place(CNode* relative, NodeRelation relation, Ref<CNode> added);
     Branch& SiblingsOf(const CNode& node) { return node.m_Parent ? *node.m_Parent->m_Branch : m_Roots; }
     void RowsChanged(CNode* node);
+    void ListUnsorted(Branch& branch, CNode* parent);
+    void SortBranch(Branch& branch, bool descending);
+    void SortAll(Branch& branch, bool descending);
+    void PlaceLast(Branch& branch, bool descending);
+    void PutAt(Branch& branch, std::size_t position);
     static void CollectSubtrees(std::vector<Ref<CNode>>& nodes);
     static void Detach(const std::vector<Ref<CNode>>& nodes);
     const std::vector<CNode*>& FilingOrder() const;
@@ -78,6 +90,8 @@ private:
     KeyTable<CNode, &CNode::FiledKey> m_KeyTable;
     std::unordered_map<long, CNode*> m_Parents; // nodes that have or had children, by number
     mutable std::vector<CNode*> m_FilingOrder;  // sorted when asked for; empty when out of date
+    std::optional<bool> m_SortedDescending;     // the order of the sorted front of every branch; none before a sort
+    std::vector<Ref<CNode>> m_Unsorted;         // parents of branches out of that order, null for the roots
 };
 
 } // namespace ormisk

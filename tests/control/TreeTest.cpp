@@ -1,6 +1,7 @@
 #include "ModelTestTools.h"
 
 #include "tree/CategoryWalk.h"
+#include "tree/HostSort.h"
 
 #include <gtest/gtest.h>
 
@@ -380,6 +381,114 @@ TEST_F(TreeRows, ADeepTreeIsRemovedAndClearedWithoutDeepCalls) {
         }
         EXPECT_EQ(nodes.Count(), 0);
     }
+}
+
+// All names from top to bottom, each subtree in brackets behind its root.
+std::wstring Outline(const CNodes& nodes) {
+    std::wstring text;
+    const std::function<void(const CNode*)> append = [&](const CNode* node) {
+        for (; node; node = node->NextSibling()) {
+            text += (node->IsCategory() ? L"+" : L" ") + node->Name();
+            if (node->ChildCount() > 0) {
+                text += L"(";
+                append(node->FirstChild());
+                text += L")";
+            }
+        }
+    };
+    append(nodes.FirstRootNode());
+    return text;
+}
+
+TEST_F(Tree, SortingPutsKindsAndNamesInTheWrongOrder) {
+    CNode* category = AddCategory(nullptr, L"k");
+    for (const wchar_t* name : {L"b", L"a", L"C"}) {
+        AddProperty(nullptr, name);
+        AddProperty(category, std::wstring(name) + L"1");
+    }
+    AddCategory(nullptr, L"J");
+    CNode* deep = AddCategory(category, L"deep");
+    AddProperty(deep, L"y");
+    AddProperty(deep, L"x", false);
+    nodes.Sort(false);
+    EXPECT_EQ(Outline(nodes), L"+J+k(+deep( x y) C1 a1 b1) C a b");
+    EXPECT_EQ(nodes.VisibleRowCount(), 10);
+    EXPECT_EQ(nodes.RowOf(nodes.Item(L"_y")), 3);
+    EXPECT_EQ(nodes.Item(L"k")->TreeKey(), L"P0_I2");
+    EXPECT_EQ(nodes.GetByTreeKey(L"P0_I1"), nodes.Item(L"J"));
+    nodes.Sort(true);
+    EXPECT_EQ(Outline(nodes), L" b a C+k( b1 a1 C1+deep( y x))+J");
+}
+
+// Whatever happens between sorts, the quick way ends where exchanging neighbours ends.
+TEST_F(Tree, SortingRemembersAnOrderThatIsNoMore) {
+    std::mt19937 random(7);
+    const auto any = [&](long below) { return static_cast<long>(random() % static_cast<unsigned long>(below)); };
+    CNodes reference;
+    reference.Init(this);
+    long made = 0;
+    const auto add = [&] {
+        const long at = nodes.Count() ? any(nodes.Count()) + 1 : 0;
+        CNode* relative = at && any(3) ? nodes.ItemAt(at) : nullptr;
+        const std::wstring relativeKey = relative ? relative->Key() : L"";
+        CNode* twin = relative ? reference.Item(relativeKey) : nullptr;
+        const std::wstring name(1, static_cast<wchar_t>(L"aAbBzZ"[any(6)]));
+        if (any(3) == 0) {
+            std::wstring key = L"c" + std::to_wstring(++made);
+            nodes.Add(relative, NodeRelation::Child, key, name, _variant_t());
+            reference.Add(twin, NodeRelation::Child, key, name, _variant_t());
+        } else {
+            const auto property = model.Add(L"p" + std::to_wstring(++made));
+            property->SetName(name);
+            property->SetVisible(any(4) != 0);
+            nodes.Add(relative, NodeRelation::Child, *property.Get());
+            reference.Add(twin, NodeRelation::Child, *property.Get());
+        }
+    };
+    const AskHost agree = [](const CNode&, const CNode&, bool&) { return true; };
+    for (int round = 0; round < 400; ++round) {
+        for (long i = any(4); i >= 0; --i)
+            add();
+        const std::wstring key = nodes.ItemAt(any(nodes.Count()) + 1)->Key();
+        if (any(4) == 0) {
+            nodes.Remove(key);
+            reference.Remove(key);
+        } else if (CNode* node = nodes.Item(key); any(4) == 0 && node->Property()) {
+            node->Property()->SetName(std::wstring(1, static_cast<wchar_t>(L'a' + any(26))));
+            nodes.NameChanged(node);
+        }
+        const bool descending = any(8) == 0;
+        nodes.Sort(descending);
+        SortByHost(reference, descending, agree);
+        ASSERT_EQ(Outline(nodes), Outline(reference)) << "round " << round;
+        ASSERT_EQ(nodes.VisibleRowCount(), reference.VisibleRowCount());
+        for (long row = 0; row < nodes.VisibleRowCount(); ++row)
+            ASSERT_EQ(nodes.RowOf(nodes.NodeAtRow(row)), row);
+    }
+}
+
+TEST_F(Tree, TheHostIsAskedForOtherPairsOrItsAnswersAreLost) {
+    for (const wchar_t* name : {L"b", L"a", L"c"})
+        AddProperty(nullptr, name);
+    AddCategory(nullptr, L"k");
+    std::wstring asked;
+    int turned = 0;
+    SortByHost(nodes, false, [&](const CNode& first, const CNode& second, bool& swap) {
+        asked += first.Name() + second.Name() + (swap ? L"! " : L" ");
+        if (first.Name() == L"b" && second.Name() == L"c" && ++turned == 1)
+            swap = true;
+        return true;
+    });
+    // A pair of different kinds is never offered. What only the host exchanges is looked at at the same place again.
+    EXPECT_EQ(asked, L"ba! bc cb! ab bc ab bc ab bc ");
+    EXPECT_EQ(Outline(nodes), L"+k a b c");
+
+    // It may take away what it is asked about.
+    SortByHost(nodes, true, [&](const CNode&, const CNode&, bool& swap) {
+        nodes.Clear();
+        return swap = true;
+    });
+    EXPECT_EQ(nodes.Count(), 0);
 }
 
 } // namespace

@@ -1,0 +1,149 @@
+// Sorting by the host's settings, by header clicks and with the host as judge.
+
+#include "GridContainer.h"
+
+namespace ormisk::test {
+namespace {
+
+// The visible names from top to bottom, by selecting each row in turn; categories select no property.
+std::wstring Names(GridContainer& host) {
+    std::wstring names;
+    host.Select(nullptr);
+    host.Press(VK_DOWN);
+    for (long i = 0; i < 20; ++i) {
+        const std::wstring before = names;
+        const std::wstring name = host.Selected();
+        if (!names.empty() && names.ends_with(name))
+            break;
+        names += name;
+        host.Press(VK_DOWN);
+    }
+    host.Select(nullptr);
+    host.Heard();
+    return names;
+}
+
+void Add(GridContainer& host, const wchar_t* names) {
+    for (; *names; ++names)
+        host.Add(std::wstring(1, *names).c_str());
+    host.Heard();
+}
+
+// A real click on the name or the value header.
+void ClickHeader(GridContainer& host, bool name) {
+    host.RealClick(host.HeaderStrip(), name ? host.Divider() / 2 : host.Divider() + 40, host.HeaderHeight() / 2);
+}
+
+TEST_F(GridTest, SettingsSortAtAnotherMomentThanTheyShould) {
+    GridContainer host;
+    Add(host, L"baC");
+    host->put_SortOrder(omDescending);
+    EXPECT_EQ(Names(host), L"baC");
+    host->put_Sorted(VARIANT_TRUE);
+    EXPECT_EQ(Names(host), L"baC");
+    host->put_SortOrder(omAscending);
+    Add(host, L"D");
+    EXPECT_EQ(Names(host), L"CDab");
+    host->put_SortOrder(omDescending);
+    EXPECT_EQ(Names(host), L"CDab") << "the order waits for the next reason to sort";
+    host->put_Sorted(VARIANT_TRUE); // the same value once more
+    EXPECT_EQ(Names(host), L"baDC");
+    host.Item(L"_C")->put_Name(_bstr_t(L"z"));
+    EXPECT_EQ(Names(host), L"baDz");
+    Add(host, L"y");
+    EXPECT_EQ(Names(host), L"zybaD") << "the addition takes the renamed row along";
+    host->put_Sorted(VARIANT_FALSE);
+    Add(host, L"x");
+    EXPECT_EQ(Names(host), L"zybaDx");
+    // The other view kept the order of addition meanwhile.
+    host->put_ActiveView(omCatagorized);
+    EXPECT_EQ(Names(host), L"bazDyx");
+}
+
+TEST_F(GridTest, DesignTimeSortsOrKeepsNoSetting) {
+    GridContainer host({.userMode = false});
+    Add(host, L"ba");
+    host->put_Sorted(VARIANT_TRUE);
+    EXPECT_EQ(Read(host.grid.Get(), &OrmiskGrid::get_Sorted), VARIANT_TRUE);
+    host.SetAmbient(L"UserMode", true);
+    EXPECT_EQ(Names(host), L"ba");
+}
+
+TEST_F(GridTest, HeaderClicksSortInTheWrongOrderOrKeepTheSelection) {
+    GridContainer host;
+    Add(host, L"bca");
+    host->put_SortOnHeaderClick(VARIANT_FALSE);
+    ClickHeader(host, true);
+    EXPECT_EQ(Names(host), L"bca");
+    host->put_SortOnHeaderClick(VARIANT_TRUE);
+    host.Select(host.Item(L"_b").Get());
+    host.TypeIntoEditor(L"typed");
+    host.Heard();
+    ClickHeader(host, true);
+    EXPECT_EQ(host.Heard(), L"ValidateValue b typed False; PropertyValueChanged b; SelChanged Nothing");
+    EXPECT_EQ(Names(host), L"abc") << "a first click keeps the order";
+    ClickHeader(host, false);
+    EXPECT_EQ(Names(host), L"cba");
+    ClickHeader(host, true);
+    EXPECT_EQ(Names(host), L"abc");
+    EXPECT_EQ(Read(host.grid.Get(), &OrmiskGrid::get_SortOrder), omAscending);
+}
+
+TEST_F(GridTest, AnOpenEditorStaysBehindWhenItsRowMoves) {
+    GridContainer host;
+    Add(host, L"ba");
+    host.Select(host.Item(L"_b").Get());
+    host->put_Sorted(VARIANT_TRUE);
+    RECT editor{};
+    GetWindowRect(host.EditBox(), &editor);
+    MapWindowPoints(nullptr, host.Tree(), reinterpret_cast<POINT*>(&editor), 2);
+    EXPECT_GE(editor.top, host.RowTop(1));
+    EXPECT_LT(editor.bottom, host.RowTop(2) + 2);
+    EXPECT_EQ(host.Selected(), L"b");
+}
+
+TEST_F(GridTest, TheHostDecidesNothingOrHearsOfOtherPairs) {
+    GridContainer host;
+    for (const auto& [name, category] : {std::pair{L"b", L"Y"}, {L"a", L"Y"}, {L"c", L"X"}})
+        host.Add(name, L"", category);
+    host->put_ActiveView(omCatagorized);
+    host->put_CustomSort(VARIANT_TRUE);
+    host.Heard();
+    host->put_Sorted(VARIANT_TRUE);
+    EXPECT_EQ(host.Heard(), L"PropertyCompare b a False True; PropertyCompare a b False False; "
+                            L"CategoryCompare Y X False True; CategoryCompare X Y False False")
+        << "subtrees are gone through on the first pass only";
+}
+
+TEST_F(GridTest, AMeddlingComparisonLosesRowsOrHangs) {
+    GridContainer host;
+    host->put_CustomSort(VARIANT_TRUE);
+    const auto sortWith = [&](const std::function<void(const EventCall&)>& handler) {
+        host.Properties()->Clear(nullptr);
+        Add(host, L"dcba");
+        int calls = 0;
+        host.events.on[L"PropertyCompare"] = [&](const EventCall& call) {
+            if (++calls == 2)
+                handler(call);
+        };
+        host->put_Sorted(VARIANT_TRUE);
+        host.events.on.clear();
+        if (!host.grid)
+            return std::wstring();
+        host->put_Sorted(VARIANT_FALSE);
+        return Names(host);
+    };
+    EXPECT_EQ(sortWith([&](const EventCall&) { Add(host, L"e"); }), L"abcde");
+    EXPECT_EQ(sortWith([&](const EventCall&) { host.Properties()->Remove(_variant_t(L"_d")); }), L"abc");
+    EXPECT_EQ(sortWith([&](const EventCall&) { host.Properties()->Clear(nullptr); }), L"");
+    EXPECT_EQ(sortWith([&](const EventCall&) { host->put_ActiveView(omCatagorized); }), L"dcba");
+    host->put_ActiveView(omAlphabetic);
+    EXPECT_EQ(Names(host), L"abcd") << "the tree that was being sorted was";
+    EXPECT_EQ(sortWith([&](const EventCall&) { host->put_Sorted(VARIANT_TRUE); }), L"abcd");
+    sortWith([&](const EventCall&) { host.events.answer = DISP_E_EXCEPTION; });
+    EXPECT_EQ(host.Count(), 4);
+    sortWith([&](const EventCall&) { host.LetGo(); });
+}
+
+} // namespace
+} // namespace ormisk::test
