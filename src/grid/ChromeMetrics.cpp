@@ -28,7 +28,6 @@ void ChromeMetrics::CalcTabRects() {
     if (state.unicode)
         widest.cx = RoundToLong(static_cast<double>(widest.cx) * 2.5);
 
-    // The sizes are whole numbers of units, as the tabs are told in units.
     const Pane& strip = m_Grid.m_Panes.m_picTabContainer;
     const auto units = [](float value) { return static_cast<double>(RoundToLong(static_cast<double>(value))); };
     double width = units(strip.PixelsToUnitsX(static_cast<float>(widest.cx)));
@@ -38,8 +37,17 @@ void ChromeMetrics::CalcTabRects() {
     const auto stripWidth = static_cast<double>(strip.ScaleWidth());
     if (stripWidth < 2.0 * width)
         width = static_cast<double>(RoundToLong(stripWidth / 2.0 - static_cast<double>(strip.PixelsToUnitsX(1.0F))));
-    m_TabWidth = RoundToLong(static_cast<double>(strip.UnitsToPixelsX(static_cast<float>(width))));
-    m_TabHeight = RoundToLong(static_cast<double>(strip.UnitsToPixelsY(static_cast<float>(height))));
+    m_TabWidth = RoundToLong(width);
+    m_TabHeight = RoundToLong(height);
+}
+
+Rect ChromeMetrics::TabFrom(long left) const {
+    const Pane& strip = m_Grid.m_Panes.m_picTabContainer;
+    const auto x = [&](long units) {
+        return RoundToLong(static_cast<double>(strip.UnitsToPixelsX(static_cast<float>(units))));
+    };
+    const float height = strip.UnitsToPixelsY(static_cast<float>(m_TabHeight));
+    return {x(left), 0, x(left + m_TabWidth), RoundToLong(static_cast<double>(height))};
 }
 
 long ChromeMetrics::CalcDescriptionHeight(const std::wstring& help) {

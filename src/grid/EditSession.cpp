@@ -457,19 +457,24 @@ void EditSession::NodeGoes(const CNode* node) {
     if (!node || m_EditNode.Get() != node)
         return;
     HideCurrentEditor();
+    LoseSelection();
+}
+
+void EditSession::LoseSelection() {
     m_SelectedNode = nullptr;
+    m_Grid.m_Panes.m_picDescPane.Invalidate(true);
 }
 
 void EditSession::DropLostSelection() {
     if (m_SelectedNode && !m_SelectedNode->Tree())
-        m_SelectedNode = nullptr;
+        LoseSelection();
     if (m_EditNode && !m_EditNode->Tree())
         m_EditNode = nullptr;
 }
 
 void EditSession::Drop() {
     m_EditNode = nullptr;
-    m_SelectedNode = nullptr;
+    LoseSelection();
     HideCurrentEditor();
 }
 

@@ -80,6 +80,7 @@ private:
     void ReportAndAbandon(_CEditor* editor);
     void Abandon(_CEditor* editor);
     void HideCurrentEditor();
+    void LoseSelection(); // the description pane follows
     void FocusTree();
     bool Holds(const Ref<CNode>& node) const;
 

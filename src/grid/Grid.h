@@ -2,7 +2,9 @@
 
 #include "editors/EditorRegistry.h"
 #include "grid/ChromeMetrics.h"
+#include "grid/ChromePainter.h"
 #include "grid/EditSession.h"
+#include "grid/FocusOrder.h"
 #include "grid/GridEvents.h"
 #include "grid/GridProperties.h"
 #include "grid/GridState.h"
@@ -10,6 +12,7 @@
 #include "grid/ModelView.h"
 #include "grid/PaneMessages.h"
 #include "grid/Panes.h"
+#include "grid/RecordToolbar.h"
 #include "grid/RowPainter.h"
 #include "model/CProperties.h"
 #include "model/EditorParams.h"
@@ -67,7 +70,10 @@ public:
     Panes m_Panes;
     RowPainter m_RowPainter;
     ChromeMetrics m_ChromeMetrics;
+    ChromePainter m_ChromePainter;
+    RecordToolbar m_RecordToolbar;
     Input m_Input;
+    FocusOrder m_FocusOrder;
     PaneMessages m_PaneMessages;
     EditSession m_Session;
 

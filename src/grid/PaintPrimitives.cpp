@@ -106,12 +106,11 @@ Size PicturePixels(IPicture* picture) {
     OLE_YSIZE_HIMETRIC height = 0;
     if (!picture || FAILED(picture->get_Width(&width)) || FAILED(picture->get_Height(&height)))
         return {};
-    const WindowDC screen(nullptr);
-    const auto pixels = [&](long himetric, int index, Axis axis) {
+    const auto pixels = [](long himetric, Axis axis) {
         return RoundToLong(ConvertScale(static_cast<double>(himetric), ScaleMode::Himetric, ScaleMode::Pixel,
-                                        GetDeviceCaps(screen.Get(), index), axis));
+                                        ScreenDpi(axis), axis));
     };
-    return {pixels(width, LOGPIXELSX, Axis::X), pixels(height, LOGPIXELSY, Axis::Y)};
+    return {pixels(width, Axis::X), pixels(height, Axis::Y)};
 }
 
 HANDLE PictureHandle(IPicture* picture) {

@@ -2,6 +2,7 @@
 
 #include "grid/Grid.h"
 #include "platform/Rounding.h"
+#include "platform/WindowPicture.h"
 
 namespace ormisk {
 
@@ -23,32 +24,21 @@ void Panes::PaintTree(UINT message, WPARAM wParam) {
     m_Grid.m_RowPainter.PaintTree(paint.Get(), {clip.left, clip.top, clip.right, clip.bottom});
 }
 
-void Panes::Draw(HDC dc) {
-    for (Pane* pane : {&m_Control, &m_picBG, &m_picTabContainer, &m_picRSToolbar, &m_picTreeContainer,
-                       &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader, &m_picDescPane}) {
-        const HWND window = pane->hWnd();
-        const bool shown = pane == &m_Control || (window && GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE);
-        if (!window || !shown)
-            continue;
-        POINT origin{};
-        MapWindowPoints(window, m_Control.hWnd(), &origin, 1);
-        const Size size = pane->ClientSize();
-        const RECT area{0, 0, size.cx, size.cy};
-        const int saved = SaveDC(dc);
-        OffsetWindowOrgEx(dc, -origin.x, -origin.y, nullptr);
-        IntersectClipRect(dc, 0, 0, size.cx, size.cy);
-        const UniqueBrush brush(CreateSolidBrush(TranslateColor(pane->BackColor())));
-        FillRect(dc, &area, brush.Get());
-        OnPaint(*pane, dc, area);
-        RestoreDC(dc, saved);
-    }
-}
+void Panes::Draw(HDC dc) { DrawWindowPicture(m_Control.hWnd(), dc); }
 
 void Panes::OnPaint(Pane& pane, HDC dc, const RECT&) {
     if (&pane == &m_picTreeContainer) {
         // While a form is being designed, nobody takes the message before the pane.
         const Size client = pane.ClientSize();
         m_Grid.m_RowPainter.PaintTree(dc, {0, 0, client.cx, client.cy});
+    } else if (&pane == &m_picTabContainer) {
+        m_Grid.m_ChromePainter.DrawTabs(dc);
+    } else if (&pane == &m_picNameHeader || &pane == &m_picValueHeader) {
+        m_Grid.m_ChromePainter.DrawColumnHeader(dc, &pane == &m_picNameHeader);
+    } else if (&pane == &m_picDescPane) {
+        m_Grid.m_ChromePainter.DrawDescription(dc);
+    } else {
+        m_Grid.m_RecordToolbar.Paint(pane, dc);
     }
 }
 
@@ -63,6 +53,8 @@ void Panes::OnMouseDown(Pane& pane, const MouseEvent& event) {
     if (CSplitter* splitter = SplitterIn(pane))
         splitter->ContainerMouseDown(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
                                      pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    if (event.button == 1)
+        m_Grid.m_RecordToolbar.MouseDown(pane);
     m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Down);
 }
 
@@ -70,6 +62,7 @@ void Panes::OnMouseMove(Pane& pane, const MouseEvent& event) {
     if (CSplitter* splitter = SplitterIn(pane))
         splitter->ContainerMouseMove(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
                                      pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    m_Grid.m_RecordToolbar.MouseMove(pane);
     m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Move);
 }
 
@@ -77,12 +70,21 @@ void Panes::OnMouseUp(Pane& pane, const MouseEvent& event) {
     if (CSplitter* splitter = SplitterIn(pane))
         splitter->ContainerMouseUp(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
                                    pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    m_Grid.m_RecordToolbar.MouseUp();
     m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Up);
+}
+
+void Panes::OnCaptureLost(Pane& pane) {
+    if (CSplitter* splitter = SplitterIn(pane))
+        splitter->ContainerCaptureLost();
+    m_Grid.m_RecordToolbar.MouseUp();
 }
 
 void Panes::OnClick(Pane& pane) {
     if (&pane == &m_picTreeContainer)
         m_Grid.m_Input.OnTreeClick();
+    else if (&pane == &m_picNameHeader || &pane == &m_picValueHeader)
+        m_Grid.m_ModelView.HeaderSort(&pane == &m_picNameHeader);
 }
 
 void Panes::OnDblClick(Pane& pane) {
@@ -106,6 +108,11 @@ void Panes::OnFocusChange(Pane& pane, bool gained) {
         m_picTreeContainer.TakeFocus();
     if (!gained && &pane == &m_picTabContainer)
         m_Grid.m_Input.TabsLostFocus();
+    // What has the focus shows it.
+    if (&pane == &m_picHeaderContainer)
+        m_picNameHeader.Invalidate(true);
+    else if (&pane == &m_picDescPane)
+        m_picDescPane.Invalidate(true);
 }
 
 void Panes::OnResize(Pane& pane) {
@@ -119,7 +126,7 @@ void Panes::OnResize(Pane& pane) {
         RecalcLayout();
     else if (&pane == &m_picHeaderContainer)
         m_HeaderSplitter.ContainerResize();
-    else
+    if (&pane != &m_picTreeContainer && m_Grid.IsAlive())
         pane.Invalidate(true); // what is drawn in it follows its size
 }
 

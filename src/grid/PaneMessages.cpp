@@ -72,8 +72,13 @@ LRESULT PaneMessages::WindowMsgListener(HWND hwnd, UINT Msg, WPARAM wParam, LPAR
     Panes& panes = m_Grid.m_Panes;
     if (hwnd != panes.TreeWnd() && Msg == WM_DESTROY)
         UnSubclassWindow(hwnd); // a button of the record toolbar
-    if (hwnd != panes.TreeWnd() || !m_Grid.IsAlive())
+    if (!m_Grid.IsAlive())
         return 0;
+    if (hwnd != panes.TreeWnd()) {
+        if (Msg == WM_MOUSELEAVE)
+            m_Grid.m_RecordToolbar.MouseLeft(hwnd);
+        return 0;
+    }
     switch (Msg) {
     case WM_DESTROY:
         m_Grid.Release();

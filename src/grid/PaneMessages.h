@@ -15,6 +15,7 @@ public:
     explicit PaneMessages(Grid& grid) : m_Grid(grid) {}
 
     void HookPanes();
+    bool Hooked() const { return m_Hooked; }
     // At the end of the control's life, in two steps.
     void UnhookButtons();
     void UnhookTree();

@@ -36,8 +36,8 @@ void Panes::Create(HWND parent) {
     m_VScroll.Create(m_picTreeContainer.hWnd(), *this);
     m_TextEditor.Create(m_picTreeContainer.hWnd(), &m_Grid.m_Input);
     create(m_picHeaderContainer, m_picTreeContainer, {});
-    create(m_picNameHeader, m_picHeaderContainer, {});
-    create(m_picValueHeader, m_picHeaderContainer, {});
+    create(m_picNameHeader, m_picHeaderContainer, {.erases = false});
+    create(m_picValueHeader, m_picHeaderContainer, {.erases = false});
     m_picHeaderContainer.BringToTop();
     ApplyFrame();
     ApplyColors();
@@ -47,7 +47,7 @@ void Panes::Create(HWND parent) {
 
 void Panes::CreateSplitters() {
     m_HeaderSplitter.init(&m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader, SplitterOrientation::Vertical);
-    m_HeaderSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picHeaderContainer.PixelsToUnitsX(1.0F))));
+    m_HeaderSplitter.SplitterbarSize(m_picHeaderContainer.PixelsToUnitsX(1.0F));
     m_HeaderSplitter.SplitterLocation(m_picHeaderContainer.ScaleWidth() / 2);
     m_ContainerSplitter.init(&m_picBG, &m_picTabContainer, &m_picDescPane, SplitterOrientation::Horizontal);
     const float height = m_picBG.ScaleHeight();
@@ -59,21 +59,18 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
     const ScaleMode mode = ScaleModeFromText(scaleUnits);
     if (mode == m_Control.Scale())
         return;
-    const float divider = m_picHeaderContainer.UnitsToPixelsX(m_HeaderSplitter.SplitterLocation());
-    const float description = m_picBG.UnitsToPixelsY(m_ContainerSplitter.SplitterLocation());
+    const float oldUnitX = m_picHeaderContainer.UnitsToPixelsX(1.0F);
+    const float oldUnitY = m_picBG.UnitsToPixelsY(1.0F);
     for (Pane* pane : {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
                        &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
                        &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
         pane->SetScale(mode);
     if (!m_Control.IsAlive())
         return;
-    // The bars stay where they are, told in the new units.
-    m_HeaderSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picHeaderContainer.PixelsToUnitsX(1.0F))));
-    m_HeaderSplitter.SplitterLocation(m_picHeaderContainer.PixelsToUnitsX(divider));
-    // Its size is a whole number of units, and large units lose it: so it comes from the system each time.
+    m_HeaderSplitter.Rescale(m_picHeaderContainer.PixelsToUnitsX(oldUnitX), m_picHeaderContainer.PixelsToUnitsX(1.0F));
+    // Whole units lose parts of the bar's size: so it comes from the system each time.
     const auto bar = static_cast<float>(GetSystemMetrics(SM_CYFRAME));
-    m_ContainerSplitter.SplitterbarSize(RoundToShort(static_cast<double>(m_picBG.PixelsToUnitsX(bar))));
-    m_ContainerSplitter.SplitterLocation(m_picBG.PixelsToUnitsY(description));
+    m_ContainerSplitter.Rescale(m_picBG.PixelsToUnitsY(oldUnitY), m_picBG.PixelsToUnitsX(bar));
     LayoutTabContainer();
 }
 
@@ -126,7 +123,7 @@ void Panes::LayoutTabContainer() {
     Size margin;
     if (m_Grid.m_State.showTabs) {
         m_Grid.m_ChromeMetrics.CalcTabRects();
-        tabHeight = m_Grid.m_ChromeMetrics.TabHeight();
+        tabHeight = m_Grid.m_ChromeMetrics.AlphabeticTab().bottom;
         // A whole number of units; large units leave none.
         const Pane& tree = m_picTreeContainer;
         const auto whole = [](float units) { return static_cast<float>(RoundToLong(static_cast<double>(units))); };
@@ -137,42 +134,11 @@ void Panes::LayoutTabContainer() {
     long toolbarHeight = 0;
     m_picRSToolbar.SetVisible(RecordToolbarShown());
     if (RecordToolbarShown()) {
-        LayoutRecordToolbar();
+        m_Grid.m_RecordToolbar.LayoutRecordToolbar();
         toolbarHeight = Pixels(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
     }
     m_picTreeContainer.MovePixels(
         {margin.cx, tabHeight + margin.cy, client.cx - margin.cx, client.cy - margin.cy - toolbarHeight});
-}
-
-// From left to right: first, previous, record number, total, next, last; 4 pixels of air around them.
-void Panes::LayoutRecordToolbar() {
-    constexpr long kAir = 4;
-    SIZE text{6, 13};
-    if (const WindowDC dc(m_picRSToolbar.hWnd()); dc) {
-        const SelectGuard selected(dc.Get(), m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"RSToolbarFont"));
-        text = MeasureText(dc.Get(), L"Ag", false);
-    }
-    const long height = text.cy + 2;
-    const long numberWidth = text.cx / 2 * 8;
-    const long totalWidth = text.cx / 2 * 12;
-    const Size client = m_picTabContainer.ClientSize();
-    const long frame = m_Grid.m_State.showTabs ? 4 : 2;
-    m_picRSToolbar.MovePixels({frame, client.cy - frame - height - 2 * kAir, client.cx - frame, client.cy - frame});
-    m_txtRecordNo.SetFont(m_Grid.m_State.font);
-
-    long x = kAir;
-    const auto place = [&](Pane& pane, long width) {
-        pane.MovePixels({x, kAir, x + width, kAir + height});
-        x += width;
-    };
-    place(m_picShowFirst, height);
-    place(m_picShowPrevious, height);
-    m_txtRecordNo.Move(x, kAir, numberWidth, height);
-    m_txtRecordNo.SetVisible(true);
-    x += numberWidth;
-    place(m_lblTotalRecords, totalWidth);
-    place(m_picShowNext, height);
-    place(m_picShowLast, height);
 }
 
 void Panes::RecalcLayout() {

@@ -67,7 +67,7 @@ public:
     float DescriptionPaneHeight() const;
     void SetDescriptionPaneHeight(float height); // 0 or less fits the help text of the selected property
 
-    // Draws the whole control into any context, from its origin.
+    // Draws the whole control into any context, from its origin, as it is on screen.
     void Draw(HDC dc);
     // WM_PAINT and WM_PRINTCLIENT of the tree container.
     void PaintTree(UINT message, WPARAM wParam);
@@ -110,6 +110,7 @@ private:
     void OnMouseDown(Pane& pane, const MouseEvent& event) override;
     void OnMouseMove(Pane& pane, const MouseEvent& event) override;
     void OnMouseUp(Pane& pane, const MouseEvent& event) override;
+    void OnCaptureLost(Pane& pane) override;
     void OnClick(Pane& pane) override;
     void OnDblClick(Pane& pane) override;
     void OnKeyDown(Pane& pane, int& keyCode, int shift) override;
@@ -128,7 +129,6 @@ private:
     CSplitter* SplitterIn(const Pane& pane);
     void HeaderSplitterMoved();
     long ComputeAutoDividerWidth() const;
-    void LayoutRecordToolbar();
     double DividerPixels() const;
     float ScrollBarUnits() const; // its width while it is shown, else 0
 

@@ -18,16 +18,6 @@ constexpr wchar_t kClassName[] = L"OrmiskPane";
 
 HINSTANCE Module() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
-double ScreenDpi(Axis axis) {
-    static const Size dpi = [] {
-        const WindowDC screen(nullptr);
-        if (!screen)
-            return Size{96, 96};
-        return Size{GetDeviceCaps(screen.Get(), LOGPIXELSX), GetDeviceCaps(screen.Get(), LOGPIXELSY)};
-    }();
-    return static_cast<double>(axis == Axis::X ? dpi.cx : dpi.cy);
-}
-
 float Convert(float value, ScaleMode from, ScaleMode to, Axis axis) {
     return static_cast<float>(ConvertScale(static_cast<double>(value), from, to, ScreenDpi(axis), axis));
 }
@@ -139,6 +129,10 @@ LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CANCELMODE:
         m_Pressed = false;
         break;
+    case WM_CAPTURECHANGED:
+        if (!m_Releasing && reinterpret_cast<HWND>(lParam) != window)
+            m_Listener->OnCaptureLost(*this);
+        return 0;
     case WM_SETCURSOR:
         if (LOWORD(lParam) == HTCLIENT && reinterpret_cast<HWND>(wParam) == window &&
             m_MousePointer != MousePointer::Default) {
@@ -243,8 +237,11 @@ void Pane::ButtonUp(const MouseEvent& event) {
     if (event.button == 1)
         m_Pressed = false;
     if (GetCapture() == window && GetKeyState(VK_LBUTTON) >= 0 && GetKeyState(VK_RBUTTON) >= 0 &&
-        GetKeyState(VK_MBUTTON) >= 0)
+        GetKeyState(VK_MBUTTON) >= 0) {
+        m_Releasing = true;
         ReleaseCapture();
+        m_Releasing = false;
+    }
     m_Listener->OnMouseUp(*this, event);
     if (PaneOf(window) != this || !m_Listener || !pressed || event.button != 1)
         return;

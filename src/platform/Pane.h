@@ -30,6 +30,8 @@ public:
     virtual void OnMouseDown(Pane&, const MouseEvent&) {}
     virtual void OnMouseMove(Pane&, const MouseEvent&) {}
     virtual void OnMouseUp(Pane&, const MouseEvent&) {}
+    // Another window, or the system, took the mouse while a button was down: no OnMouseUp will come.
+    virtual void OnCaptureLost(Pane&) {}
     virtual void OnClick(Pane&) {}
     virtual void OnDblClick(Pane&) {}
     virtual void OnKeyDown(Pane&, int& /*keyCode*/, int /*shift*/) {} // code 0 keeps the key from the system
@@ -114,7 +116,8 @@ private:
     ScaleMode m_Scale = ScaleMode::Pixel;
     Color m_BackColor = 0x8000000F;
     MousePointer m_MousePointer = MousePointer::Default;
-    bool m_Pressed = false; // the left button went down here and a click may follow
+    bool m_Pressed = false;   // the left button went down here and a click may follow
+    bool m_Releasing = false; // the pane lets the mouse go by itself
 };
 
 } // namespace ormisk

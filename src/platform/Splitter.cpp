@@ -38,7 +38,7 @@ void CSplitter::init(SplitterContainer* container, SplitterPane* firstPane, Spli
     // The orientation is still the old one here, a vertical bar at first: so the metric comes from the other direction.
     const float bar = Horizontal() ? m_Container->PixelsToUnitsY(static_cast<float>(GetSystemMetrics(SM_CXFRAME)))
                                    : m_Container->PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CYFRAME)));
-    m_BarSize = RoundToShort(bar);
+    SplitterbarSize(bar);
     m_Location = InitialSplitterLocation(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_BarSize, orientation);
     Orientation(orientation);
 }
@@ -65,6 +65,18 @@ void CSplitter::SplitterLocation(float location) {
         m_Location = clamped;
     }
     ArrangePanes();
+}
+
+void CSplitter::SplitterbarSize(float size) {
+    const short whole = RoundToShort(static_cast<double>(size));
+    m_BarSize = whole != 0 ? static_cast<float>(whole) : size;
+}
+
+void CSplitter::Rescale(float factor, float barSize) {
+    m_Location *= factor;
+    m_PrevLocation *= factor;
+    SplitterbarSize(barSize);
+    SplitterLocation(m_Location);
 }
 
 void CSplitter::ContainerDblClick() {
@@ -100,6 +112,13 @@ void CSplitter::ContainerMouseUp(int, int, float x, float y) {
     FollowMouse(x, y);
     const AtEnd release([this] { EndCapture(); });
     SplitterLocation(m_DragLocation);
+}
+
+void CSplitter::ContainerCaptureLost() {
+    if (!m_Dragging)
+        return;
+    DrawRubberBand();
+    EndDrag();
 }
 
 void CSplitter::ContainerResize() {
@@ -200,7 +219,11 @@ void CSplitter::BeginCapture() {
 }
 
 void CSplitter::EndCapture() {
+    EndDrag(); // first: the mouse that is let go here is not lost
     ReleaseCapture();
+}
+
+void CSplitter::EndDrag() {
     m_Dragging = false;
     RECT desktop{};
     GetWindowRect(GetDesktopWindow(), &desktop);

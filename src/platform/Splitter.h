@@ -68,15 +68,19 @@ public:
     void Locked(bool locked); // a locked bar cannot be dragged
     SplitterOrientation Orientation() const { return m_Orientation; }
     void Orientation(SplitterOrientation orientation);
-    short SplitterbarSize() const { return m_BarSize; }
-    void SplitterbarSize(short size) { m_BarSize = size; } // arranges nothing by itself
+    float SplitterbarSize() const { return m_BarSize; }
+    // Whole units, but for a bar that is less than one: it keeps its size. Arranges nothing by itself.
+    void SplitterbarSize(float size);
     float SplitterLocation() const { return m_Location; }
     void SplitterLocation(float location); // kept one pixel inside; always arranges the panes
+    // The container's units changed: the bar stays where it is, told in the new ones, of which an old one has `factor`.
+    void Rescale(float factor, float barSize);
 
     void ContainerDblClick();
     void ContainerMouseDown(int button, int shift, float x, float y);
     void ContainerMouseMove(int button, int shift, float x, float y);
     void ContainerMouseUp(int button, int shift, float x, float y);
+    void ContainerCaptureLost(); // a drag under way ends, and the bar stays
     void ContainerResize();
     void HidePane(HiddenPane pane);
 
@@ -92,6 +96,7 @@ private:
     void FollowMouse(float x, float y);
     void BeginCapture();
     void EndCapture();
+    void EndDrag();
     void DrawRubberBand() const;
 
     SplitterListener* m_Listener;
@@ -103,7 +108,7 @@ private:
     float m_PrevLocation = 0;
     bool m_Locked = false;
     bool m_Dragging = false;
-    short m_BarSize = 0;
+    float m_BarSize = 0;
     float m_DragLocation = 0;
     float m_DragMouse = 0;
     SplitterOrientation m_Orientation = SplitterOrientation::Vertical;
