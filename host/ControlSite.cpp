@@ -117,6 +117,11 @@ bool ControlSite::TranslateKey(MSG& message) {
     const ComPtr<IOleInPlaceActiveObject> active(m_Frame->Active());
     if (active && active->TranslateAccelerator(&message) == S_OK)
         return true;
+    // Behind its end the control is the next one again.
+    if (message.message == WM_KEYDOWN && message.wParam == VK_TAB) {
+        const RECT client = m_Window.ClientRect();
+        return SUCCEEDED(m_Object->DoVerb(OLEIVERB_UIACTIVATE, &message, this, 0, m_Window.Handle(), &client));
+    }
     if (!IsAccessKey(message))
         return false;
     ComPtr<IOleControl> control;

@@ -158,6 +158,8 @@ protected:
     virtual void OnAccessKey(wchar_t key) = 0;
     // S_OK when the control used the key, else S_FALSE: it is offered to the host then.
     virtual HRESULT OnTranslateKey(MSG& message) = 0;
+    // The host went on to the control by TAB, or back to it by Shift+TAB.
+    virtual void OnTabbedInto(bool /*backward*/) {}
     // CTRLINFO flags: keys that the control uses itself before a default or cancel button of the host.
     virtual DWORD KeysEaten() const { return 0; }
     // Stored state. Not supported unless overridden.
@@ -181,7 +183,7 @@ private:
     void Initialize();
     void ApplyExtent();
     HRESULT ActivateInPlace();
-    HRESULT ActivateUi();
+    HRESULT ActivateUi(const MSG* cause);
     void Deactivate();
     void Place(const RECT& position, const RECT* clip);
     std::wstring UserTypeName(DWORD form) const;

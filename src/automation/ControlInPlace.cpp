@@ -41,13 +41,13 @@ ACCEL AcceleratorOf(wchar_t character, WORD command) {
 
 } // namespace
 
-HRESULT ControlCore::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) {
+HRESULT ControlCore::DoVerb(LONG verb, LPMSG cause, IOleClientSite*, LONG, HWND, LPCRECT) {
     const ComPtr<IUnknown> alive(Self());
     return Guarded(__uuidof(IOleObject), [&]() -> HRESULT {
         switch (verb) {
         case OLEIVERB_PRIMARY:
         case OLEIVERB_UIACTIVATE:
-            return ActivateUi();
+            return ActivateUi(cause);
         case OLEIVERB_SHOW:
         case OLEIVERB_OPEN: // there is no window of the control's own to open
         case OLEIVERB_INPLACEACTIVATE:
@@ -64,7 +64,7 @@ HRESULT ControlCore::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRE
         if (verb < 0) {
             return E_NOTIMPL;
         }
-        const HRESULT hr = ActivateUi();
+        const HRESULT hr = ActivateUi(cause);
         return hr == S_OK ? OLEOBJ_S_INVALIDVERB : hr;
     });
 }
@@ -95,7 +95,7 @@ HRESULT ControlCore::ActivateInPlace() {
     return m_Session.IsActive() ? S_OK : E_FAIL;
 }
 
-HRESULT ControlCore::ActivateUi() {
+HRESULT ControlCore::ActivateUi(const MSG* cause) {
     HRESULT hr = ActivateInPlace();
     if (hr != S_OK) {
         return hr;
@@ -103,6 +103,9 @@ HRESULT ControlCore::ActivateUi() {
     hr = m_Session.BeginUi(this, UserTypeName(USERCLASSTYPE_SHORT).c_str());
     if (hr == S_OK && Window() && !HasFocusWithin(Window())) {
         SetFocus(Window());
+    }
+    if (hr == S_OK && cause && cause->message == WM_KEYDOWN && cause->wParam == VK_TAB) {
+        OnTabbedInto(GetKeyState(VK_SHIFT) < 0);
     }
     return FAILED(hr) ? hr : S_OK;
 }

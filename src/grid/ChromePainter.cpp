@@ -33,6 +33,15 @@ private:
     COLORREF m_Color;
 };
 
+// A pane that the keyboard is in.
+void DrawFocusWithin(HDC dc, RECT pane) {
+    constexpr int kInset = 2;
+    InflateRect(&pane, -kInset, -kInset);
+    const COLORREF color = SetTextColor(dc, 0);
+    DrawFocusRect(dc, &pane);
+    SetTextColor(dc, color);
+}
+
 } // namespace
 
 // Lines in the units of a pane, in one colour at a time. A line leaves its last point out.
@@ -185,6 +194,8 @@ void ChromePainter::DrawColumnHeader(HDC dc, bool nameColumn) {
     // It stands on the names, whichever column sorts.
     if (nameColumn && state.sorted)
         DrawSortArrow(dc, client);
+    if (nameColumn && panes.m_picHeaderContainer.HasFocus())
+        DrawFocusWithin(dc, client);
 }
 
 // The caption takes the middle half.
@@ -248,6 +259,8 @@ void ChromePainter::DrawDescription(HDC dc) {
     if (const CProperty* property = m_Grid.m_Session.SelectedProperty())
         DrawHelp(dc, *property, client);
     DrawEdge(dc, &client, BDR_SUNKENOUTER, BF_RECT);
+    if (m_Grid.m_Panes.m_picDescPane.HasFocus())
+        DrawFocusWithin(dc, client);
 }
 
 void ChromePainter::DrawHelp(HDC dc, const CProperty& property, const RECT& client) {

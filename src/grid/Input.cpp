@@ -92,6 +92,13 @@ void Input::TabKeyDown(int keyCode) {
         SwitchView(omCatagorized);
 }
 
+void Input::FocusTabs() {
+    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
+    strip.TakeFocus();
+    m_bTabFocused = strip.HasFocus();
+    strip.Invalidate(true);
+}
+
 void Input::TabsLostFocus() {
     m_bTabFocused = false;
     m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
@@ -179,6 +186,10 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
         OnTreeKeyDown(keyCode, shift);
     else if (&pane == &m_Grid.m_Panes.m_picTabContainer)
         TabKeyDown(keyCode);
+    else if (&pane == &m_Grid.m_Panes.m_picHeaderContainer)
+        m_Grid.m_FocusOrder.HeaderKeyDown(keyCode);
+    else if (&pane == &m_Grid.m_Panes.m_picDescPane)
+        m_Grid.m_FocusOrder.DescriptionKeyDown(keyCode);
 }
 
 void Input::OnTreeKeyDown(int keyCode, int shift) {

@@ -74,6 +74,10 @@ HRESULT OrmiskGrid::OnTranslateKey(MSG& message) {
         return S_FALSE;
     const bool alt = message.message == WM_SYSKEYDOWN;
     switch (message.wParam) {
+    case VK_TAB:
+        if (alt || GetKeyState(VK_CONTROL) < 0)
+            return S_FALSE;
+        return m_Grid.IsAlive() && m_Grid.m_FocusOrder.Move(GetKeyState(VK_SHIFT) < 0) ? S_OK : S_FALSE;
     case VK_DOWN:
     case VK_UP:
         break;
@@ -94,6 +98,11 @@ HRESULT OrmiskGrid::OnTranslateKey(MSG& message) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
     return S_OK;
+}
+
+void OrmiskGrid::OnTabbedInto(bool backward) {
+    if (m_Grid.IsAlive())
+        m_Grid.m_FocusOrder.Enter(backward);
 }
 
 void OrmiskGrid::NotifyChanged(const wchar_t* propertyName) {

@@ -129,6 +129,7 @@ private:
     std::wstring AccessKeys() const override { return m_Grid.m_Input.AccessKeys(); }
     void OnAccessKey(wchar_t key) override { m_Grid.m_Input.OnAccessKey(key); }
     HRESULT OnTranslateKey(MSG& message) override;
+    void OnTabbedInto(bool backward) override;
     DWORD KeysEaten() const override { return CTRLINFO_EATS_RETURN | CTRLINFO_EATS_ESCAPE; }
     void FinalRelease() override;
     // GridHost

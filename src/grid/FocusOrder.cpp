@@ -1,0 +1,86 @@
+#include "grid/FocusOrder.h"
+
+#include "grid/Grid.h"
+
+#include <algorithm>
+
+namespace ormisk {
+
+namespace {
+
+constexpr float kStep = 8; // pixels that a key moves a bar
+
+bool IsWithin(HWND window, HWND ancestor) { return window == ancestor || IsChild(ancestor, window); }
+
+} // namespace
+
+std::vector<HWND> FocusOrder::Stops() const {
+    const Panes& panes = m_Grid.m_Panes;
+    std::vector<HWND> stops;
+    if (m_Grid.m_State.showTabs)
+        stops.push_back(panes.m_picTabContainer.hWnd());
+    if (m_Grid.m_State.headers != omHeadersNone)
+        stops.push_back(panes.m_picHeaderContainer.hWnd());
+    stops.push_back(panes.TreeWnd());
+    if (const HWND editor = m_Grid.m_Session.EditorWindow())
+        stops.push_back(editor);
+    if (panes.RecordToolbarShown())
+        stops.push_back(panes.m_txtRecordNo.Hwnd());
+    if (m_Grid.m_State.showDescription)
+        stops.push_back(panes.m_picDescPane.hWnd());
+    return stops;
+}
+
+bool FocusOrder::Move(bool backward) {
+    const HWND focus = GetFocus();
+    const std::vector<HWND> stops = Stops();
+    // Panes lie in each other: the innermost one that has the focus is where it is.
+    auto at = stops.end();
+    for (auto stop = stops.begin(); stop != stops.end(); ++stop) {
+        if (IsWithin(focus, *stop) && (at == stops.end() || IsChild(*at, *stop)))
+            at = stop;
+    }
+    if (at == stops.end() || (backward ? at == stops.begin() : at + 1 == stops.end()))
+        return false;
+    FocusTo(backward ? *(at - 1) : *(at + 1));
+    return true;
+}
+
+void FocusOrder::Enter(bool backward) {
+    const std::vector<HWND> stops = Stops();
+    FocusTo(backward ? stops.back() : stops.front());
+}
+
+// Leaving an editor commits it, so that the stop may be gone or the control ended afterwards.
+void FocusOrder::FocusTo(HWND stop) {
+    Panes& panes = m_Grid.m_Panes;
+    if (stop == panes.m_picTabContainer.hWnd()) {
+        m_Grid.m_Input.FocusTabs();
+        return;
+    }
+    SetFocus(stop);
+    if (m_Grid.IsAlive() && stop == panes.m_TextEditor.Hwnd())
+        panes.m_TextEditor.SelectAll();
+}
+
+void FocusOrder::HeaderKeyDown(int keyCode) {
+    Panes& panes = m_Grid.m_Panes;
+    if (keyCode == VK_SPACE || keyCode == VK_RETURN) {
+        m_Grid.m_ModelView.HeaderSort(true);
+    } else if (keyCode == VK_LEFT || keyCode == VK_RIGHT) {
+        const float step = panes.m_picHeaderContainer.PixelsToUnitsX(keyCode == VK_LEFT ? -kStep : kStep);
+        panes.SetColumnDivider(std::max(panes.ColumnDividerPosition() + step, 0.0F));
+    }
+}
+
+void FocusOrder::DescriptionKeyDown(int keyCode) {
+    if (keyCode != VK_UP && keyCode != VK_DOWN)
+        return;
+    Panes& panes = m_Grid.m_Panes;
+    const float step = panes.m_picBG.PixelsToUnitsY(keyCode == VK_UP ? kStep : -kStep);
+    const float height = panes.DescriptionPaneHeight() + step;
+    if (height > 0)
+        panes.SetDescriptionPaneHeight(height);
+}
+
+} // namespace ormisk

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+namespace ormisk {
+
+class Grid;
+
+// The places of the control that TAB goes through: tab strip, headers, rows, open editor, record number, description
+// pane. Beyond the ends it is for the host to go on.
+class FocusOrder {
+public:
+    explicit FocusOrder(Grid& grid) : m_Grid(grid) {}
+
+    // TAB was pressed in the control. False at the end: the focus should leave.
+    bool Move(bool backward);
+    // The focus comes into the control by TAB.
+    void Enter(bool backward);
+
+    // A key in the headers: the arrows move the divider, SPACE and ENTER sort as a click on the name header does.
+    void HeaderKeyDown(int keyCode);
+    // A key in the description pane: the arrows move its upper edge.
+    void DescriptionKeyDown(int keyCode);
+
+private:
+    std::vector<HWND> Stops() const;
+    void FocusTo(HWND stop);
+
+    Grid& m_Grid;
+};
+
+} // namespace ormisk
