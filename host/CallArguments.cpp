@@ -1,20 +1,22 @@
 #include "CallArguments.h"
 
-#include <comdef.h>
+#include "Failure.h"
+
 #include <comutil.h>
 #include <oleauto.h>
 
 namespace ormisk {
 namespace {
 
-_variant_t Converted(const VARIANT& value, VARTYPE type) {
+// `what` is a value of that type in words.
+_variant_t Converted(const VARIANT& value, VARTYPE type, int position, const wchar_t* what) {
     _variant_t plain;
     _variant_t converted;
     HRESULT result = VariantCopyInd(&plain, const_cast<VARIANT*>(&value));
     if (SUCCEEDED(result))
         result = VariantChangeType(&converted, &plain, VARIANT_ALPHABOOL, type);
     if (FAILED(result))
-        throw _com_error(result);
+        throw Failure{L"Argument " + std::to_wstring(position + 1) + L" is not " + what};
     return converted;
 }
 
@@ -25,12 +27,16 @@ bool CallArguments::Given(int position) const {
 }
 
 std::wstring CallArguments::Text(int position) const {
-    const _variant_t text = Converted(At(position), VT_BSTR);
+    const _variant_t text = Converted(At(position), VT_BSTR, position, L"a text");
     return std::wstring(text.bstrVal ? text.bstrVal : L"", SysStringLen(text.bstrVal));
 }
 
-double CallArguments::Number(int position) const { return Converted(At(position), VT_R8).dblVal; }
+double CallArguments::Number(int position) const {
+    return Converted(At(position), VT_R8, position, L"a number").dblVal;
+}
 
-int CallArguments::Integer(int position) const { return Converted(At(position), VT_I4).lVal; }
+int CallArguments::Integer(int position) const {
+    return Converted(At(position), VT_I4, position, L"a whole number").lVal;
+}
 
 } // namespace ormisk

@@ -7,8 +7,8 @@
 
 namespace ormisk {
 
-// The arguments of a late-bound call, by their position from 0. A value of the wrong type is a
-// _com_error.
+// The arguments of a late-bound call, by their position from 0. A value of the wrong type is a Failure that tells
+// which.
 class CallArguments {
 public:
     explicit CallArguments(const DISPPARAMS& passed) : m_Passed(passed) {}
@@ -20,6 +20,7 @@ public:
 
     // The same for an argument that may be left out.
     int Integer(int position, int absent) const { return Given(position) ? Integer(position) : absent; }
+    std::wstring Text(int position, const wchar_t* absent) const { return Given(position) ? Text(position) : absent; }
 
     POINT Point(int position) const { return {Integer(position), Integer(position + 1)}; }
 

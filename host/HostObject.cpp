@@ -3,14 +3,15 @@
 #include "CallArguments.h"
 #include "CellPainter.h"
 #include "Failure.h"
+#include "PngFile.h"
 #include "Screen.h"
 #include "Text.h"
 
 #include <comdef.h>
 #include <oleauto.h>
 #include <olectl.h>
+#include <shlwapi.h>
 
-#include <algorithm>
 #include <cwchar>
 #include <exception>
 #include <iterator>
@@ -19,6 +20,7 @@ namespace ormisk {
 namespace {
 
 constexpr int kAnyNumber = 1000;
+constexpr int kLargestSize = 32000; // of a window, in pixels
 
 // What a call answers while the run is ending. The engine unwinds the script with it; nobody reports it.
 constexpr HRESULT kEnding = HRESULT_FROM_WIN32(ERROR_CANCELLED);
@@ -54,6 +56,20 @@ RECT PartOf(const CallArguments& arguments) {
     return {left, top, left + arguments.Integer(3), top + arguments.Integer(4)};
 }
 
+std::wstring CountText(const std::wstring& name, int least, int most) {
+    const std::wstring count = most == 0 ? L"no arguments"
+                               : least == most
+                                   ? std::to_wstring(least) + (least == 1 ? L" argument" : L" arguments")
+                                   : std::to_wstring(least) + L" to " + std::to_wstring(most) + L" arguments";
+    return name + L" takes " + count;
+}
+
+DWORD Milliseconds(int given) {
+    if (given < 0)
+        throw Failure{L"A time is not negative"};
+    return static_cast<DWORD>(given);
+}
+
 bool IsAbsolute(const std::wstring& path) {
     return path.starts_with(L"\\") || path.starts_with(L"/") || path.find(L':') != std::wstring::npos;
 }
@@ -79,9 +95,12 @@ const HostObject::Member HostObject::kMembers[] = {
     {L"Pump", 0, 1, &HostObject::Pump},               // [milliseconds]
     {L"Resize", 2, 2, &HostObject::Resize},           // width, height of the grid
     {L"Screenshot", 1, 1, &HostObject::Screenshot},   // file
+    {L"AddToSheet", 0, 1, &HostObject::AddToSheet},   // [caption]: keeps a picture
+    {L"SaveSheet", 1, 2, &HostObject::SaveSheet},     // file [, columns]: those kept, side by side
     {L"Pixel", 2, 2, &HostObject::Pixel},             // (x, y): the colour on screen
     {L"FillCell", 6, 6, &HostObject::FillCell},   // context, left, top, width, height, colour: draws in PropertyDraw
     {L"WriteCell", 7, 7, &HostObject::WriteCell}, // the same, text, colour
+    {L"Picture", 1, 1, &HostObject::Picture},     // (file), relative to the script's folder: a picture object
     {L"Include", 1, 1, &HostObject::Include},     // file, relative to the script's folder
     {L"Arguments", 0, 0, &HostObject::Arguments}, // array of the script's own arguments
     {L"Interactive", 0, 0, &HostObject::Interactive},   // whether a person may be there: no picture was asked for
@@ -121,7 +140,7 @@ STDMETHODIMP HostObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*
     const Member& member = kMembers[id - 1];
     const CallArguments arguments(*passed);
     if (arguments.Count() < member.least || arguments.Count() > member.most)
-        return DISP_E_BADPARAMCOUNT;
+        return Explain(error, CountText(member.name, member.least, member.most));
     if (m_Parts.run.Ending())
         return kEnding;
     try {
@@ -180,30 +199,52 @@ _variant_t HostObject::Keys(const CallArguments& arguments) {
 }
 
 _variant_t HostObject::Later(const CallArguments& arguments) {
-    m_Parts.input.Later(arguments.Text(0), static_cast<DWORD>(std::max(0, arguments.Integer(1, 0))));
+    m_Parts.input.Later(arguments.Text(0), Milliseconds(arguments.Integer(1, 0)));
     return {};
 }
 
 _variant_t HostObject::Pump(const CallArguments& arguments) {
-    m_Parts.pump.For(static_cast<DWORD>(std::max(0, arguments.Integer(0, 0))));
+    m_Parts.pump.For(Milliseconds(arguments.Integer(0, 0)));
     return {};
 }
 
 _variant_t HostObject::Resize(const CallArguments& arguments) {
     const int width = arguments.Integer(0);
     const int height = arguments.Integer(1);
-    if (width < 0 || height < 0)
-        throw Failure{L"A size is not negative"};
+    if (width < 0 || height < 0 || width > kLargestSize || height > kLargestSize)
+        throw Failure{L"A size is from 0 to " + std::to_wstring(kLargestSize)};
     m_Parts.window.ResizeClient(width, height);
     m_Parts.pump.UntilQuiet();
     return {};
 }
 
-_variant_t HostObject::Screenshot(const CallArguments& arguments) {
+Bitmap HostObject::GridOnScreen() {
+    const HiddenCaret still;
     m_Parts.pump.UntilQuiet();
     const RECT part = m_Parts.window.ScreenRect();
     m_Parts.pump.Until([&] { return ScreenIsCurrent(part); });
-    SaveScreen(part, arguments.Text(0));
+    return CopyScreen(part);
+}
+
+_variant_t HostObject::Screenshot(const CallArguments& arguments) {
+    SavePng(GridOnScreen().get(), arguments.Text(0));
+    return {};
+}
+
+_variant_t HostObject::AddToSheet(const CallArguments& arguments) {
+    const std::wstring caption = arguments.Text(0, L"");
+    m_Sheet.Add(GridOnScreen(), caption);
+    return {};
+}
+
+_variant_t HostObject::SaveSheet(const CallArguments& arguments) {
+    const int columns = arguments.Integer(1, m_Sheet.Count());
+    if (m_Sheet.Count() == 0)
+        throw Failure{L"The sheet has no pictures"};
+    if (columns < 1)
+        throw Failure{L"A sheet has at least one column"};
+    SavePng(m_Sheet.Compose(columns).get(), arguments.Text(0));
+    m_Sheet.Clear();
     return {};
 }
 
@@ -224,9 +265,22 @@ _variant_t HostObject::WriteCell(const CallArguments& arguments) {
     return {};
 }
 
+std::wstring HostObject::BesideScript(const std::wstring& path) const {
+    return IsAbsolute(path) ? path : FolderOf(m_Parts.options.script) + L"\\" + path;
+}
+
+_variant_t HostObject::Picture(const CallArguments& arguments) {
+    const std::wstring path = BesideScript(arguments.Text(0));
+    ComPtr<IStream> file;
+    ComPtr<IDispatch> picture;
+    Check(SHCreateStreamOnFileW(path.c_str(), STGM_READ, &file), path.c_str());
+    if (FAILED(OleLoadPicture(file.Get(), 0, FALSE, IID_PPV_ARGS(&picture))))
+        throw Failure{path + L" is not a picture"};
+    return _variant_t(picture.Get());
+}
+
 _variant_t HostObject::Include(const CallArguments& arguments) {
-    const std::wstring given = arguments.Text(0);
-    const std::wstring path = IsAbsolute(given) ? given : FolderOf(m_Parts.options.script) + L"\\" + given;
+    const std::wstring path = BesideScript(arguments.Text(0));
     m_Parts.script.RunText(ReadTextFile(path), path);
     return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ComObject.h"
+#include "ContactSheet.h"
 #include "ControlSite.h"
 #include "HostWindow.h"
 #include "Input.h"
@@ -55,16 +56,23 @@ private:
     _variant_t Pump(const CallArguments& arguments);
     _variant_t Resize(const CallArguments& arguments);
     _variant_t Screenshot(const CallArguments& arguments);
+    _variant_t AddToSheet(const CallArguments& arguments);
+    _variant_t SaveSheet(const CallArguments& arguments);
     _variant_t Pixel(const CallArguments& arguments);
     _variant_t FillCell(const CallArguments& arguments);
     _variant_t WriteCell(const CallArguments& arguments);
+    _variant_t Picture(const CallArguments& arguments);
     _variant_t Include(const CallArguments& arguments);
     _variant_t Arguments(const CallArguments& arguments);
     _variant_t Interactive(const CallArguments& arguments);
     _variant_t ScriptFolder(const CallArguments& arguments);
     _variant_t Quit(const CallArguments& arguments);
 
+    Bitmap GridOnScreen();
+    std::wstring BesideScript(const std::wstring& path) const;
+
     HostParts m_Parts;
+    ContactSheet m_Sheet;
 };
 
 } // namespace ormisk

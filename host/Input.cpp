@@ -158,6 +158,8 @@ Input::Step Input::Aim(POINT screen) {
 Input::Step Input::Press(POINT screen, int button, int shift) {
     if (button != kLeft && button != kRight && button != kMiddle)
         throw Failure{L"The button is not 1 (left), 2 (right) or 4 (middle)"};
+    if (shift < 0 || shift > 7)
+        throw Failure{L"The keys held are not a sum of 1 (Shift), 2 (Ctrl) and 4 (Alt)"};
     return {[=, this] {
         SendModifiers(shift, true);
         SendButton(button, true);

@@ -8,6 +8,7 @@
 #include "Input.h"
 #include "MessagePump.h"
 #include "Options.h"
+#include "PngFile.h"
 #include "Run.h"
 #include "Screen.h"
 #include "ScriptEngine.h"
@@ -103,7 +104,7 @@ int RunScript(const Options& options, const std::wstring& text) {
         pump.UntilEnd();
         run.Unwound();
         if (!options.screenshot.empty())
-            SaveScreen(window.ScreenRect(), options.screenshot);
+            SavePng(CopyScreen(window.ScreenRect()).get(), options.screenshot);
     }
     return run.ExitCode();
 }

@@ -6,7 +6,8 @@
 
 namespace ormisk {
 
-// Writes a bitmap, which is selected nowhere, to a PNG file; an existing one is replaced. Throws a Failure.
+// Writes a bitmap, which is selected nowhere, to a PNG file; an existing one is replaced. A picture of few colours gets
+// a palette, which makes a small file. Throws a Failure.
 void SavePng(HBITMAP bitmap, const std::wstring& path);
 
 } // namespace ormisk

@@ -1,31 +1,9 @@
 #include "Screen.h"
 
 #include "Failure.h"
-#include "PngFile.h"
-
 #include <dwmapi.h>
 
-#include <memory>
-
 namespace ormisk {
-namespace {
-
-struct ReleaseScreen {
-    using pointer = HDC;
-    void operator()(HDC context) const { ReleaseDC(nullptr, context); }
-};
-
-struct FreeContext {
-    using pointer = HDC;
-    void operator()(HDC context) const { DeleteDC(context); }
-};
-
-struct FreeBitmap {
-    using pointer = HBITMAP;
-    void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
-};
-
-} // namespace
 
 bool ScreenIsCurrent(POINT screen) {
     const HWND window = GetAncestor(WindowFromPoint(screen), GA_ROOT);
@@ -55,29 +33,40 @@ bool ScreenIsCurrent(const RECT& part) {
 
 COLORREF ScreenColor(POINT screen) {
     DwmFlush(); // what was drawn reaches the screen with the next composition
-    const std::unique_ptr<HDC, ReleaseScreen> context(GetDC(nullptr));
+    const ScreenContext context(GetDC(nullptr));
     const COLORREF color = GetPixel(context.get(), screen.x, screen.y);
     if (color == CLR_INVALID)
         throw Failure{L"The point is not on the screen"};
     return color;
 }
 
-void SaveScreen(const RECT& part, const std::wstring& path) {
+Bitmap CopyScreen(const RECT& part) {
     DwmFlush();
     const int width = part.right - part.left;
     const int height = part.bottom - part.top;
-    const std::unique_ptr<HDC, ReleaseScreen> screen(GetDC(nullptr));
-    const std::unique_ptr<HBITMAP, FreeBitmap> bitmap(CreateCompatibleBitmap(screen.get(), width, height));
+    if (width <= 0 || height <= 0)
+        throw Failure{L"A grid without a size has no picture"};
+    const ScreenContext screen(GetDC(nullptr));
+    Bitmap bitmap(CreateCompatibleBitmap(screen.get(), width, height));
     CheckLast(bitmap != nullptr, L"The screenshot finds no memory");
-    {
-        const std::unique_ptr<HDC, FreeContext> memory(CreateCompatibleDC(screen.get()));
-        const HGDIOBJ before = SelectObject(memory.get(), bitmap.get());
-        const BOOL copied =
-            BitBlt(memory.get(), 0, 0, width, height, screen.get(), part.left, part.top, SRCCOPY | CAPTUREBLT);
-        SelectObject(memory.get(), before);
-        CheckLast(copied != FALSE, L"The screen cannot be read");
-    }
-    SavePng(bitmap.get(), path);
+    const MemoryContext memory(CreateCompatibleDC(screen.get()));
+    const Selected target(memory.get(), bitmap.get());
+    const BOOL copied =
+        BitBlt(memory.get(), 0, 0, width, height, screen.get(), part.left, part.top, SRCCOPY | CAPTUREBLT);
+    CheckLast(copied != FALSE, L"The screen cannot be read");
+    return bitmap;
+}
+
+HiddenCaret::HiddenCaret() {
+    GUITHREADINFO thread = {};
+    thread.cbSize = sizeof thread;
+    if (GetGUIThreadInfo(GetCurrentThreadId(), &thread) && thread.hwndCaret && HideCaret(thread.hwndCaret))
+        m_Window = thread.hwndCaret;
+}
+
+HiddenCaret::~HiddenCaret() {
+    if (m_Window)
+        ShowCaret(m_Window);
 }
 
 } // namespace ormisk

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "Bitmap.h"
 
 #include <string>
 
@@ -16,7 +16,19 @@ bool ScreenIsCurrent(const RECT& part);
 // The colour that a point of the screen shows. Throws a Failure for a point that is not on it.
 COLORREF ScreenColor(POINT screen);
 
-// Writes a part of the screen to a PNG file, with all that lies over it. Throws a Failure.
-void SaveScreen(const RECT& part, const std::wstring& path);
+// A picture of a part of the screen, with all that lies over it. Throws a Failure.
+Bitmap CopyScreen(const RECT& part);
+
+// The caret of this thread, kept from blinking for as long as the object lives: pictures come out the same every time.
+class HiddenCaret {
+public:
+    HiddenCaret();
+    ~HiddenCaret();
+    HiddenCaret(const HiddenCaret&) = delete;
+    HiddenCaret& operator=(const HiddenCaret&) = delete;
+
+private:
+    HWND m_Window = nullptr;
+};
 
 } // namespace ormisk
