@@ -49,7 +49,7 @@ HRESULT ControlSite::Ambient(DISPID id, VARIANT& value) const {
         ambient = m_Font.Get();
         break;
     case DISPID_AMBIENT_DISPLAYNAME:
-        ambient = L"Grid";
+        ambient = m_Name.c_str();
         break;
     case DISPID_AMBIENT_SCALEUNITS:
         ambient = L"Pixel";

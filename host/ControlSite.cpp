@@ -1,10 +1,12 @@
 #include "ControlSite.h"
 
 #include "Failure.h"
+#include "Form.h"
 
 #include <ole2.h>
 #include <olectl.h>
 
+#include <algorithm>
 #include <string>
 
 namespace ormisk {
@@ -49,8 +51,9 @@ void InitNew(IUnknown* control) {
 
 } // namespace
 
-ControlSite::ControlSite(HostWindow& window)
-    : m_Window(window), m_Frame(MakeCom<ControlFrame>(window.Handle())), m_Font(MakeAmbientFont()) {}
+ControlSite::ControlSite(Form& form, const std::wstring& name, std::optional<RECT> place)
+    : m_Form(form), m_Extended(MakeCom<ExtendedControl>(*this)), m_Font(MakeAmbientFont()), m_Name(name),
+      m_Place(place.value_or(RECT{})), m_Fills(!place) {}
 
 void ControlSite::Load(const wchar_t* progId) {
     CLSID classId;
@@ -66,14 +69,14 @@ void ControlSite::Load(const wchar_t* progId) {
     if (siteFirst)
         Check(m_Object->SetClientSite(this), L"The control refuses its site");
     InitNew(m_Control.Get());
-    const RECT client = m_Window.ClientRect();
     const SIZE density = PixelsPerInch();
-    SIZEL extent = {MulDiv(client.right, kHimetricPerInch, density.cx),
-                    MulDiv(client.bottom, kHimetricPerInch, density.cy)};
+    SIZEL extent = {MulDiv(m_Place.right - m_Place.left, kHimetricPerInch, density.cx),
+                    MulDiv(m_Place.bottom - m_Place.top, kHimetricPerInch, density.cy)};
     m_Object->SetExtent(DVASPECT_CONTENT, &extent);
     if (!siteFirst)
         Check(m_Object->SetClientSite(this), L"The control refuses its site");
-    Activate(OLEIVERB_INPLACEACTIVATE);
+    Check(m_Object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, this, 0, m_Form.Window().Handle(), &m_Place),
+          L"The control cannot be activated");
 }
 
 void ControlSite::Unload() {
@@ -86,7 +89,7 @@ void ControlSite::Unload() {
         m_Object->Close(OLECLOSE_NOSAVE);
         m_Object->SetClientSite(nullptr);
     }
-    m_Frame->SetActiveObject(nullptr, nullptr);
+    m_Extended->CutOff();
     m_Object.Reset();
     m_Control.Reset();
 }
@@ -99,9 +102,22 @@ HWND ControlSite::ControlWindow() const {
     return window;
 }
 
-void ControlSite::Activate(LONG verb) {
-    const RECT client = m_Window.ClientRect();
-    Check(m_Object->DoVerb(verb, nullptr, this, 0, m_Window.Handle(), &client), L"The control cannot be activated");
+bool ControlSite::Activate(LONG verb, MSG* cause) {
+    const ComPtr<ControlSite> alive(this);
+    return m_Object && SUCCEEDED(m_Object->DoVerb(verb, cause, this, 0, m_Form.Window().Handle(), &m_Place));
+}
+
+void ControlSite::DeactivateUi() {
+    ComPtr<IOleInPlaceObject> inPlace;
+    if (m_Object && SUCCEEDED(m_Object.As(&inPlace)))
+        inPlace->UIDeactivate();
+}
+
+ComPtr<IDispatch> ControlSite::Automation() const {
+    ComPtr<IDispatch> automation;
+    if (m_Control)
+        m_Control.As(&automation);
+    return automation;
 }
 
 bool ControlSite::IsOfControl(HWND window) const {
@@ -109,23 +125,10 @@ bool ControlSite::IsOfControl(HWND window) const {
     return control && window && (window == control || IsChild(control, window));
 }
 
-bool ControlSite::TranslateKey(MSG& message) {
-    if (!m_Object || message.message < WM_KEYFIRST || message.message > WM_KEYLAST)
-        return false;
-    if (message.hwnd != m_Window.Handle() && !IsChild(m_Window.Handle(), message.hwnd))
-        return false;
-    const ComPtr<IOleInPlaceActiveObject> active(m_Frame->Active());
-    if (active && active->TranslateAccelerator(&message) == S_OK)
-        return true;
-    // Behind its end the control is the next one again.
-    if (message.message == WM_KEYDOWN && message.wParam == VK_TAB) {
-        const RECT client = m_Window.ClientRect();
-        return SUCCEEDED(m_Object->DoVerb(OLEIVERB_UIACTIVATE, &message, this, 0, m_Window.Handle(), &client));
-    }
-    if (!IsAccessKey(message))
-        return false;
+bool ControlSite::TranslateAccessKey(MSG& message) {
     ComPtr<IOleControl> control;
-    return SUCCEEDED(m_Control.As(&control)) && SUCCEEDED(control->OnMnemonic(&message));
+    return m_Control && IsAccessKey(message) && SUCCEEDED(m_Control.As(&control)) &&
+           SUCCEEDED(control->OnMnemonic(&message));
 }
 
 bool ControlSite::IsAccessKey(MSG& message) const {
@@ -139,34 +142,65 @@ bool ControlSite::IsAccessKey(MSG& message) const {
     return IsAccelerator(info.hAccel, info.cAccel, &message, nullptr) != FALSE;
 }
 
-void ControlSite::FollowWindowSize() {
-    ComPtr<IOleInPlaceObject> inPlace;
-    if (!m_Object || FAILED(m_Object.As(&inPlace)))
-        return;
-    const RECT client = m_Window.ClientRect();
-    inPlace->SetObjectRects(&client, &client);
+void ControlSite::MoveTo(const RECT& place) {
+    if (m_Align == Align::None)
+        m_Fills = false;
+    m_Place = place;
+    m_Form.Layout();
 }
 
-void ControlSite::FollowActivation(bool active) {
-    if (!active && IsOfControl(GetFocus()))
-        m_LastFocus = GetFocus();
-    const ComPtr<IOleInPlaceActiveObject> object(m_Frame->Active());
-    if (object) {
-        object->OnFrameWindowActivate(active);
-        object->OnDocWindowActivate(active);
+void ControlSite::TakeEdge(RECT& rest) {
+    const LONG width = std::min(m_Place.right - m_Place.left, rest.right - rest.left);
+    const LONG height = std::min(m_Place.bottom - m_Place.top, rest.bottom - rest.top);
+    m_Place = rest;
+    switch (m_Align) {
+    case Align::Top:
+        rest.top = m_Place.bottom = m_Place.top + height;
+        break;
+    case Align::Bottom:
+        rest.bottom = m_Place.top = m_Place.bottom - height;
+        break;
+    case Align::Left:
+        rest.left = m_Place.right = m_Place.left + width;
+        break;
+    default:
+        rest.right = m_Place.left = m_Place.right - width;
+        break;
     }
 }
 
-void ControlSite::TakeFocus() {
-    if (!m_Object)
+void ControlSite::Place(const RECT& rest) {
+    if (m_Fills && m_Align == Align::None)
+        m_Place = rest;
+    ComPtr<IOleInPlaceObject> inPlace;
+    if (m_Object && SUCCEEDED(m_Object.As(&inPlace)))
+        inPlace->SetObjectRects(&m_Place, &m_Place);
+}
+
+void ControlSite::Show(bool visible) {
+    if (m_Visible == visible)
         return;
-    if (!m_Frame->Active())
-        Activate(OLEIVERB_UIACTIVATE);
-    const HWND last = std::exchange(m_LastFocus, nullptr);
-    if (IsOfControl(last) && IsWindowVisible(last) && IsWindowEnabled(last))
-        SetFocus(last);
-    else if (!IsOfControl(GetFocus()))
-        SetFocus(ControlWindow());
+    m_Visible = visible;
+    m_Form.Layout();
+    Activate(visible ? OLEIVERB_INPLACEACTIVATE : OLEIVERB_HIDE, nullptr);
+}
+
+IDispatch* ControlSite::Parent() const { return m_Form.Parent(); }
+
+long ControlSite::TabIndex() const { return m_Form.TabIndexOf(*this); }
+
+void ControlSite::SetTabIndex(long index) { m_Form.MoveTo(*this, index); }
+
+void ControlSite::SetAlignment(long align) {
+    if (align < static_cast<long>(Align::None) || align > static_cast<long>(Align::Right))
+        throw Failure{L"An alignment is from 0 to 4"};
+    m_Align = static_cast<Align>(align);
+    m_Form.Layout();
+}
+
+void ControlSite::SetToolTip(const std::wstring& text) {
+    m_ToolTip = text;
+    m_Form.SetToolTip(*this, text);
 }
 
 void* ControlSite::Find(REFIID iid) {
@@ -175,7 +209,7 @@ void* ControlSite::Find(REFIID iid) {
     return ComObject::Find(iid);
 }
 
-// IOleClientSite. Nothing is stored and there are no neighbours.
+// IOleClientSite. Nothing is stored.
 
 STDMETHODIMP ControlSite::SaveObject() { return E_FAIL; }
 
@@ -196,34 +230,45 @@ STDMETHODIMP ControlSite::RequestNewObjectLayout() { return E_NOTIMPL; }
 // IOleInPlaceSiteEx.
 
 STDMETHODIMP ControlSite::GetWindow(HWND* window) {
-    *window = m_Window.Handle();
+    *window = m_Form.Window().Handle();
     return S_OK;
 }
 
 STDMETHODIMP ControlSite::ContextSensitiveHelp(BOOL) { return S_OK; }
 STDMETHODIMP ControlSite::CanInPlaceActivate() { return S_OK; }
 STDMETHODIMP ControlSite::OnInPlaceActivate() { return S_OK; }
-STDMETHODIMP ControlSite::OnUIActivate() { return S_OK; }
+STDMETHODIMP ControlSite::OnUIActivate() {
+    m_Form.UiActivated(*this);
+    return S_OK;
+}
 
 STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, RECT* position,
                                            RECT* clip, OLEINPLACEFRAMEINFO* info) {
     *document = nullptr;
-    *position = *clip = m_Window.ClientRect();
+    *position = *clip = m_Place;
     info->fMDIApp = FALSE;
-    info->hwndFrame = m_Window.Handle();
+    info->hwndFrame = m_Form.Window().Handle();
     info->haccel = nullptr;
     info->cAccelEntries = 0;
-    return m_Frame.CopyTo(frame);
+    return m_Form.Frame().QueryInterface(IID_PPV_ARGS(frame));
 }
 
 STDMETHODIMP ControlSite::Scroll(SIZE) { return S_FALSE; }
-STDMETHODIMP ControlSite::OnUIDeactivate(BOOL) { return m_Frame->SetActiveObject(nullptr, nullptr); }
+STDMETHODIMP ControlSite::OnUIDeactivate(BOOL) { return S_OK; } // who is active next says so to the frame
 STDMETHODIMP ControlSite::OnInPlaceDeactivate() { return S_OK; }
 STDMETHODIMP ControlSite::DiscardUndoState() { return S_OK; }
 STDMETHODIMP ControlSite::DeactivateAndUndo() { return E_NOTIMPL; }
 
 STDMETHODIMP ControlSite::OnPosRectChange(LPCRECT position) {
-    m_Window.ResizeClient(position->right - position->left, position->bottom - position->top);
+    // One that fills the window takes the window along.
+    if (m_Fills && m_Align == Align::None) {
+        HostWindow& window = m_Form.Window();
+        const RECT client = window.ClientRect();
+        window.ResizeClient(client.right + position->right - position->left - (m_Place.right - m_Place.left),
+                            client.bottom + position->bottom - position->top - (m_Place.bottom - m_Place.top));
+    } else {
+        MoveTo(*position);
+    }
     return S_OK;
 }
 
@@ -242,8 +287,7 @@ STDMETHODIMP ControlSite::OnControlInfoChanged() { return S_OK; } // the access 
 STDMETHODIMP ControlSite::LockInPlaceActive(BOOL) { return S_OK; }
 
 STDMETHODIMP ControlSite::GetExtendedControl(IDispatch** extended) {
-    *extended = nullptr;
-    return E_NOTIMPL;
+    return m_Extended->QueryInterface(IID_PPV_ARGS(extended));
 }
 
 STDMETHODIMP ControlSite::TransformCoords(POINTL* himetric, POINTF* pixels, DWORD flags) {

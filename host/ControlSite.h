@@ -2,41 +2,73 @@
 
 #include "ComObject.h"
 #include "ControlFrame.h"
-#include "HostWindow.h"
+#include "ExtendedControl.h"
 
 #include <ocidl.h>
 #include <oleidl.h>
 #include <servprov.h>
 
+#include <optional>
+#include <string>
+
 namespace ormisk {
 
-// The place of the control in the host's window, with what a control may ask of its container. The ambient properties
-// are answered through IDispatch.
+class Form;
+
+// The place of a control on the form, with what a control may ask of its container. The ambient properties are answered
+// through IDispatch.
 class ControlSite final
     : public ComObject<IOleClientSite, IOleInPlaceSiteEx, IOleControlSite, IDispatch, IServiceProvider> {
 public:
-    explicit ControlSite(HostWindow& window);
+    enum class Align { None, Top, Bottom, Left, Right };
 
-    // Creates the control of that class, new and without stored state, and activates it in place over the whole client
-    // area. Throws a Failure.
+    // Without a place the control fills what the others leave.
+    ControlSite(Form& form, const std::wstring& name, std::optional<RECT> place);
+
+    // Creates the control of that class, new and without stored state, and activates it in place. Throws a Failure.
     void Load(const wchar_t* progId);
 
     // Takes the control out again and lets go of it.
     void Unload();
 
     IUnknown* Control() const { return m_Control.Get(); }
+    ComPtr<IDispatch> Automation() const; // null when the control has none
+    IDispatch* Extended() const { return m_Extended.Get(); }
 
     // The control's window, null while it has none.
     HWND ControlWindow() const;
 
-    // Offers a key to the control: to its own key handling first, then to its access keys. True when it was used up.
-    bool TranslateKey(MSG& message);
+    bool IsOfControl(HWND window) const;
 
-    void FollowWindowSize();
-    void FollowActivation(bool active);
+    // True when the key is an access key of the control, which has worked it off.
+    bool TranslateAccessKey(MSG& message);
+    // For a reason in a message, such as TAB. False when the control refuses.
+    bool Activate(LONG verb, MSG* cause);
+    void DeactivateUi();
 
-    // Gives the focus to where it was in the control, or to the control as a whole.
-    void TakeFocus();
+    // Where it is, in pixels of the window. An aligned control keeps its edge and one measure.
+    const RECT& Place() const { return m_Place; }
+    void MoveTo(const RECT& place);
+    void TakeEdge(RECT& rest); // of an aligned control
+    void Place(const RECT& rest);
+
+    // What its form knows of it.
+    const std::wstring& Name() const { return m_Name; }
+    IDispatch* Parent() const;
+    bool IsVisible() const { return m_Visible; }
+    void Show(bool visible);
+    long TabIndex() const;
+    void SetTabIndex(long index);
+    bool IsTabStop() const { return m_TabStop; }
+    void SetTabStop(bool stop) { m_TabStop = stop; }
+    Align Alignment() const { return m_Align; }
+    void SetAlignment(long align); // throws a Failure for a number that is none
+    const std::wstring& ToolTip() const { return m_ToolTip; }
+    void SetToolTip(const std::wstring& text);
+    const std::wstring& Tag() const { return m_Tag; }
+    void SetTag(const std::wstring& tag) { m_Tag = tag; }
+    long HelpContext() const { return m_HelpContext; }
+    void SetHelpContext(long context) { m_HelpContext = context; }
 
     STDMETHODIMP SaveObject() override;
     STDMETHODIMP GetMoniker(DWORD assign, DWORD which, IMoniker** moniker) override;
@@ -80,17 +112,23 @@ public:
 
 private:
     void* Find(REFIID iid) override;
-    void Activate(LONG verb);
-    bool IsOfControl(HWND window) const;
     bool IsAccessKey(MSG& message) const;
     HRESULT Ambient(DISPID id, VARIANT& value) const;
 
-    HostWindow& m_Window;
-    ComPtr<ControlFrame> m_Frame;
+    Form& m_Form;
+    ComPtr<ExtendedControl> m_Extended;
     ComPtr<IDispatch> m_Font;
     ComPtr<IUnknown> m_Control;
     ComPtr<IOleObject> m_Object;
-    HWND m_LastFocus = nullptr;
+    std::wstring m_Name;
+    std::wstring m_ToolTip;
+    std::wstring m_Tag;
+    RECT m_Place{};
+    Align m_Align = Align::None;
+    bool m_Fills;
+    bool m_Visible = true;
+    bool m_TabStop = true;
+    long m_HelpContext = 0;
 };
 
 } // namespace ormisk

@@ -1,5 +1,8 @@
 #include "Failure.h"
 
+#include <oleauto.h>
+#include <olectl.h>
+
 namespace ormisk {
 
 std::wstring SystemText(HRESULT number) {
@@ -21,6 +24,16 @@ void Check(HRESULT result, const wchar_t* what) {
 void CheckLast(bool succeeded, const wchar_t* what) {
     if (!succeeded)
         Check(HRESULT_FROM_WIN32(GetLastError()), what);
+}
+
+HRESULT Explain(EXCEPINFO* error, const std::wstring& text) {
+    if (error) {
+        *error = {};
+        error->scode = CTL_E_ILLEGALFUNCTIONCALL;
+        error->bstrSource = SysAllocString(L"Host");
+        error->bstrDescription = SysAllocString(text.c_str());
+    }
+    return DISP_E_EXCEPTION;
 }
 
 } // namespace ormisk

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <oaidl.h>
 #include <windows.h>
 
 #include <string>
@@ -19,5 +20,8 @@ void Check(HRESULT result, const wchar_t* what);
 
 // The same for functions that leave their reason in GetLastError.
 void CheckLast(bool succeeded, const wchar_t* what);
+
+// Fills what a failed late-bound call tells, and gives its result. The error information may be null.
+HRESULT Explain(EXCEPINFO* error, const std::wstring& text);
 
 } // namespace ormisk

@@ -25,16 +25,6 @@ constexpr int kLargestSize = 32000; // of a window, in pixels
 // What a call answers while the run is ending. The engine unwinds the script with it; nobody reports it.
 constexpr HRESULT kEnding = HRESULT_FROM_WIN32(ERROR_CANCELLED);
 
-HRESULT Explain(EXCEPINFO* error, const std::wstring& text) {
-    if (error) {
-        *error = {};
-        error->scode = CTL_E_ILLEGALFUNCTIONCALL;
-        error->bstrSource = SysAllocString(L"Host");
-        error->bstrDescription = SysAllocString(text.c_str());
-    }
-    return DISP_E_EXCEPTION;
-}
-
 std::wstring FullPath(const std::wstring& path) {
     wchar_t full[4096];
     const DWORD length = GetFullPathNameW(path.c_str(), ARRAYSIZE(full), full, nullptr);
@@ -98,11 +88,13 @@ const HostObject::Member HostObject::kMembers[] = {
     {L"AddToSheet", 0, 1, &HostObject::AddToSheet},   // [caption]: keeps a picture
     {L"SaveSheet", 1, 2, &HostObject::SaveSheet},     // file [, columns]: those kept, side by side
     {L"Pixel", 2, 2, &HostObject::Pixel},             // (x, y): the colour on screen
-    {L"FillCell", 6, 6, &HostObject::FillCell},   // context, left, top, width, height, colour: draws in PropertyDraw
-    {L"WriteCell", 7, 7, &HostObject::WriteCell}, // the same, text, colour
-    {L"Picture", 1, 1, &HostObject::Picture},     // (file), relative to the script's folder: a picture object
-    {L"Include", 1, 1, &HostObject::Include},     // file, relative to the script's folder
-    {L"Arguments", 0, 0, &HostObject::Arguments}, // array of the script's own arguments
+    {L"FillCell", 6, 6, &HostObject::FillCell},     // context, left, top, width, height, colour: draws in PropertyDraw
+    {L"WriteCell", 7, 7, &HostObject::WriteCell},   // the same, text, colour
+    {L"Picture", 1, 1, &HostObject::Picture},       // (file), relative to the script's folder: a picture object
+    {L"AddControl", 6, 6, &HostObject::AddControl}, // class, name, left, top, width, height: the control as placed
+    {L"Control", 1, 1, &HostObject::Control},       // (name): the control as placed; the grid's name is "Grid"
+    {L"Include", 1, 1, &HostObject::Include},       // file, relative to the script's folder
+    {L"Arguments", 0, 0, &HostObject::Arguments},   // array of the script's own arguments
     {L"Interactive", 0, 0, &HostObject::Interactive},   // whether a person may be there: no picture was asked for
     {L"ScriptFolder", 0, 0, &HostObject::ScriptFolder}, // without a separator at its end
     {L"Quit", 0, 1, &HostObject::Quit},                 // [exit code]
@@ -277,6 +269,26 @@ _variant_t HostObject::Picture(const CallArguments& arguments) {
     if (FAILED(OleLoadPicture(file.Get(), 0, FALSE, IID_PPV_ARGS(&picture))))
         throw Failure{path + L" is not a picture"};
     return _variant_t(picture.Get());
+}
+
+_variant_t HostObject::AddControl(const CallArguments& arguments) {
+    const std::wstring name = arguments.Text(1);
+    const RECT place{arguments.Integer(2), arguments.Integer(3), arguments.Integer(2) + arguments.Integer(4),
+                     arguments.Integer(3) + arguments.Integer(5)};
+    const ControlSite& site = m_Parts.form.Add(arguments.Text(0), name, place);
+    try {
+        m_Events.push_back(std::make_unique<EventBinder>(site.Control(), name + L"_", m_Parts.script, m_Parts.run));
+    } catch (const Failure&) { // NOLINT(bugprone-empty-catch)
+        // A control may have no events.
+    }
+    return _variant_t(site.Extended());
+}
+
+_variant_t HostObject::Control(const CallArguments& arguments) {
+    const ControlSite* const site = m_Parts.form.Find(arguments.Text(0));
+    if (!site)
+        throw Failure{L"There is no control " + arguments.Text(0)};
+    return _variant_t(site->Extended());
 }
 
 _variant_t HostObject::Include(const CallArguments& arguments) {

@@ -2,7 +2,8 @@
 
 #include "ComObject.h"
 #include "ContactSheet.h"
-#include "ControlSite.h"
+#include "EventBinder.h"
+#include "Form.h"
 #include "HostWindow.h"
 #include "Input.h"
 #include "MessagePump.h"
@@ -12,7 +13,9 @@
 
 #include <comutil.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace ormisk {
 
@@ -23,7 +26,7 @@ struct HostParts {
     Run& run;
     const Options& options;
     HostWindow& window;
-    ControlSite& site;
+    Form& form;
     MessagePump& pump;
     Input& input;
     ScriptEngine& script;
@@ -33,7 +36,8 @@ struct HostParts {
 // the run is ending fails, which unwinds the script.
 class HostObject final : public ComObject<IDispatch> {
 public:
-    explicit HostObject(const HostParts& parts) : m_Parts(parts) {}
+    explicit HostObject(const HostParts& parts) : m_Parts(parts) { parts.form.SetParent(this); }
+    ~HostObject() override { m_Parts.form.SetParent(nullptr); }
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
@@ -62,6 +66,8 @@ private:
     _variant_t FillCell(const CallArguments& arguments);
     _variant_t WriteCell(const CallArguments& arguments);
     _variant_t Picture(const CallArguments& arguments);
+    _variant_t AddControl(const CallArguments& arguments);
+    _variant_t Control(const CallArguments& arguments);
     _variant_t Include(const CallArguments& arguments);
     _variant_t Arguments(const CallArguments& arguments);
     _variant_t Interactive(const CallArguments& arguments);
@@ -73,6 +79,7 @@ private:
 
     HostParts m_Parts;
     ContactSheet m_Sheet;
+    std::vector<std::unique_ptr<EventBinder>> m_Events; // of added controls
 };
 
 } // namespace ormisk

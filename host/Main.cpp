@@ -1,8 +1,8 @@
 // ormisk-host: a window with a grid in it, driven by a script.
 
-#include "ControlSite.h"
 #include "EventBinder.h"
 #include "Failure.h"
+#include "Form.h"
 #include "HostObject.h"
 #include "HostWindow.h"
 #include "Input.h"
@@ -35,50 +35,46 @@ public:
     OleSession& operator=(const OleSession&) = delete;
 };
 
-// Connects the window to the control in it and to the run.
+// Connects the window to the controls in it and to the run.
 class WindowListener final : public HostWindow::Listener {
 public:
     explicit WindowListener(Run& run) : m_Run(run) {}
-    void Follow(ControlSite* site) { m_Site = site; }
+    void Follow(Form* form) { m_Form = form; }
 
     void OnSized() override {
-        if (m_Site)
-            m_Site->FollowWindowSize();
+        if (m_Form)
+            m_Form->Layout();
     }
     void OnActivated(bool active) override {
-        if (m_Site)
-            m_Site->FollowActivation(active);
+        if (m_Form)
+            m_Form->FollowActivation(active);
     }
     void OnFocused() override {
-        if (m_Site)
-            m_Site->TakeFocus();
+        if (m_Form)
+            m_Form->TakeFocus();
     }
     void OnClosing() override { m_Run.End(0); }
 
 private:
     Run& m_Run;
-    ControlSite* m_Site = nullptr;
+    Form* m_Form = nullptr;
 };
 
-// The control in its site, taken out at the end.
-class LoadedControl {
+// The controls of the window, which hears of them for as long as they are there.
+class WindowForm {
 public:
-    LoadedControl(HostWindow& window, WindowListener& listener)
-        : m_Listener(listener), m_Site(MakeCom<ControlSite>(window)) {
-        m_Listener.Follow(m_Site.Get());
+    WindowForm(HostWindow& window, WindowListener& listener) : m_Listener(listener), m_Form(window) {
+        m_Listener.Follow(&m_Form);
     }
-    ~LoadedControl() {
-        m_Listener.Follow(nullptr);
-        m_Site->Unload();
-    }
-    LoadedControl(const LoadedControl&) = delete;
-    LoadedControl& operator=(const LoadedControl&) = delete;
+    ~WindowForm() { m_Listener.Follow(nullptr); }
+    WindowForm(const WindowForm&) = delete;
+    WindowForm& operator=(const WindowForm&) = delete;
 
-    ControlSite& Site() { return *m_Site.Get(); }
+    Form& Controls() { return m_Form; }
 
 private:
     WindowListener& m_Listener;
-    ComPtr<ControlSite> m_Site;
+    Form m_Form;
 };
 
 int RunScript(const Options& options, const std::wstring& text) {
@@ -86,17 +82,17 @@ int RunScript(const Options& options, const std::wstring& text) {
     Run run;
     WindowListener listener(run);
     HostWindow window(options.script, options.width, options.height, listener);
-    LoadedControl control(window, listener);
-    ControlSite& site = control.Site();
-    site.Load(kProgId);
-    MessagePump pump(run, [&site](MSG& message) { return site.TranslateKey(message); });
+    WindowForm controls(window, listener);
+    Form& form = controls.Controls();
+    ControlSite& site = form.Add(kProgId, L"Grid", std::nullopt);
+    MessagePump pump(run, [&form](MSG& message) { return form.Filter(message); });
     window.Show();
     pump.UntilQuiet();
     pump.Until([&window] { return ScreenIsCurrent(window.ScreenRect()); });
     {
         Input input(window.Handle(), site, pump, run);
         ScriptEngine script(options.language, window.Handle(), run);
-        const ComPtr<HostObject> host = MakeCom<HostObject>(HostParts{run, options, window, site, pump, input, script});
+        const ComPtr<HostObject> host = MakeCom<HostObject>(HostParts{run, options, window, form, pump, input, script});
         script.AddObject(L"Grid", site.Control());
         script.AddObject(L"Host", host.Get());
         const EventBinder events(site.Control(), L"Grid_", script, run);

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ComObject.h"
+
+#include <comutil.h>
+#include <oaidl.h>
+
+namespace ormisk {
+
+class CallArguments;
+class ControlSite;
+
+// A control as its form knows it: what belongs to the place of the control comes from here (Name, Parent, Object, Left,
+// Top, Width, Height, Visible, TabIndex, TabStop, ToolTipText, Align, Tag, HelpContextID; Move and SetFocus), every
+// other member is the control's own. Sizes are pixels of the window.
+class ExtendedControl final : public ComObject<IDispatch> {
+public:
+    // Uncounted; CutOff comes before the site goes.
+    explicit ExtendedControl(ControlSite& site) : m_Site(&site) {}
+    void CutOff() { m_Site = nullptr; }
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
+    STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                        EXCEPINFO* error, UINT* argumentError) override;
+
+private:
+    struct Member;
+    static const Member kMembers[];
+
+    ComPtr<IDispatch> Inner() const; // null when the control has no automation
+
+    ControlSite* m_Site;
+};
+
+} // namespace ormisk
