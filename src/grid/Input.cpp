@@ -322,7 +322,7 @@ void Input::OnKeyPress(int& keyAscii) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyPress(keyAscii);
     if (keyAscii != 0 && m_Grid.IsAlive())
-        m_Grid.m_Session.TextKeyPress(keyAscii);
+        m_Grid.m_Session.EditorKeyPress(keyAscii);
 }
 
 void Input::OnKeyUp(int& keyCode, int shift) { m_Grid.m_Events.KeyUp(keyCode, shift); }

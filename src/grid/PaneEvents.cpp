@@ -131,6 +131,8 @@ void Panes::OnResize(Pane& pane) {
 }
 
 bool Panes::OnChildMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (m_ListEditor.OnParentMessage(message, wParam, lParam, result))
+        return true;
     switch (message) {
     case WM_VSCROLL:
         return &pane == &m_picTreeContainer && m_VScroll.HandleScroll(wParam, lParam);
