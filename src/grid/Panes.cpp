@@ -80,6 +80,7 @@ void Panes::FontChanged() {
     UpdateHeaderMetrics();
     RecalcRowHeight();
     RecalcLayout();
+    m_ListEditor.SetFont(m_Grid.m_State.font); // Boolean rows get none of their own
     m_Grid.m_Session.FontChanged();
 }
 

@@ -152,12 +152,13 @@ void OrmiskListBox::Move(int left, int top, int width, int height) {
     SetWindowPos(m_Window, nullptr, left, top, width, height + 100, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// The closed control is as high as its item and a frame that is the system's affair.
+// The closed control is as high as its item and a frame, which is the system's affair: so it is tried out.
 void OrmiskListBox::SetHeight(int height) {
-    RECT now{};
-    GetWindowRect(m_Window, &now);
-    const auto item = static_cast<int>(Ask(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
-    const int frame = static_cast<int>(now.bottom - now.top) - item;
+    const int item = std::max(height, 1);
+    Ask(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), item);
+    RECT tried{};
+    GetWindowRect(m_Window, &tried);
+    const int frame = static_cast<int>(tried.bottom - tried.top) - item;
     Ask(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(height - frame, 1));
 }
 
