@@ -187,9 +187,9 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
     else if (&pane == &m_Grid.m_Panes.m_picTabContainer)
         TabKeyDown(keyCode);
     else if (&pane == &m_Grid.m_Panes.m_picHeaderContainer)
-        m_Grid.m_FocusOrder.HeaderKeyDown(keyCode);
+        m_Grid.m_FocusOrder.HeaderKeyDown(keyCode, shift);
     else if (&pane == &m_Grid.m_Panes.m_picDescPane)
-        m_Grid.m_FocusOrder.DescriptionKeyDown(keyCode);
+        m_Grid.m_FocusOrder.DescriptionKeyDown(keyCode, shift);
 }
 
 void Input::OnTreeKeyDown(int keyCode, int shift) {
