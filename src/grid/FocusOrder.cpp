@@ -50,6 +50,24 @@ bool FocusOrder::Move(bool backward) {
     return true;
 }
 
+bool FocusOrder::Uses(int keyCode) const {
+    const Panes& panes = m_Grid.m_Panes;
+    const HWND focus = GetFocus();
+    const bool headers = IsWithin(focus, panes.m_picHeaderContainer.hWnd());
+    const bool rows = IsWithin(focus, panes.TreeWnd()) && !headers;
+    return rows || focus == panes.m_txtRecordNo.Hwnd() || (headers && keyCode == VK_RETURN);
+}
+
+void FocusOrder::LeaveHidden() {
+    const Panes& panes = m_Grid.m_Panes;
+    const HWND focus = GetFocus();
+    const bool hidden = (focus == panes.m_picHeaderContainer.hWnd() && m_Grid.m_State.headers == omHeadersNone) ||
+                        (focus == panes.m_picDescPane.hWnd() && !m_Grid.m_State.showDescription) ||
+                        (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs);
+    if (hidden)
+        SetFocus(panes.TreeWnd());
+}
+
 void FocusOrder::Enter(bool backward) {
     const std::vector<HWND> stops = Stops();
     FocusTo(backward ? stops.back() : stops.front());

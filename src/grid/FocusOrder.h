@@ -19,6 +19,11 @@ public:
     // The focus comes into the control by TAB.
     void Enter(bool backward);
 
+    // Whether ENTER or ESC means something where the focus is.
+    bool Uses(int keyCode) const;
+    // The focus goes to the rows from a place that is hidden.
+    void LeaveHidden();
+
     // A key in the headers: the arrows move the divider, SPACE and ENTER sort as a click on the name header does. With
     // Ctrl or Alt it is somebody else's.
     void HeaderKeyDown(int keyCode, int shift);

@@ -78,7 +78,7 @@ void Input::TabMouseDown(omHitItem tab) {
     const omActiveView view = tab == omAlphabeticTab ? omAlphabetic : omCatagorized;
     if (m_Grid.m_State.activeView == view && m_bTabFocused)
         return;
-    SwitchView(view);
+    IgnoringFailures([&] { SwitchView(view); });
     m_bTabFocused = true;
     m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
 }

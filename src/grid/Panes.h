@@ -129,6 +129,7 @@ private:
     void OnScrollBarFocus() override;
 
     CSplitter* SplitterIn(const Pane& pane);
+    bool ForwardMouse(Pane& pane, const MouseEvent& event, void (CSplitter::*hears)(int, int, float, float));
     void HeaderSplitterMoved();
     long ComputeAutoDividerWidth() const;
     double DividerPixels() const;
