@@ -4,6 +4,8 @@
 
 #include "platform/Color.h"
 
+#include <cmath>
+
 namespace ormisk::test {
 namespace {
 
@@ -69,7 +71,33 @@ long Differences(const Picture& a, const Picture& b) {
     return count;
 }
 
-TEST_F(GridTest, ThePageIsClosedUnderItsTabOrOpenElsewhere) {
+// What the system makes at the first use of these things stays, and is no leak.
+class ChromeTest : public GridTest {
+protected:
+    void SetUp() override {
+        static const bool warm = [] {
+            OleInitialize(nullptr);
+            {
+                GridContainer host;
+                host->put_RecordsetToolbar(omShow);
+                host->put_Sorted(VARIANT_TRUE);
+                host.Select(host.Add(L"A", L"1").Get());
+                for (int i = 0; i < 30; ++i)
+                    host.Add((L"Row" + std::to_wstring(i)).c_str(), L"v", L"Group");
+                host.MouseTo(PaneAt(Toolbar(host), 0), 5, 5);
+                host.RealClick(host.TabStrip(), 10, 8);
+                Snapshot(host);
+                OnScreen(host);
+            }
+            OleUninitialize();
+            return true;
+        }();
+        ASSERT_TRUE(warm);
+        GridTest::SetUp();
+    }
+};
+
+TEST_F(ChromeTest, ThePageIsClosedUnderItsTabOrOpenElsewhere) {
     GridContainer host;
     host->put_BackColor(kBack);
     const Shades shades = ShadesOf(kBack);
@@ -104,13 +132,14 @@ TEST_F(GridTest, ThePageIsClosedUnderItsTabOrOpenElsewhere) {
 
     // With little room each tab takes half of it; without tabs there is no page.
     host.Resize({101, 300});
+    host->put_ActiveView(omAlphabetic);
     EXPECT_EQ(edge(Picture(strip)), 50);
     host->put_ShowTabs(VARIANT_FALSE);
     const Picture plain(strip);
     EXPECT_EQ(plain.Count(Picture::kUntouched, Whole(plain)), plain.Size().cx * plain.Size().cy);
 }
 
-TEST_F(GridTest, TheSortArrowPointsTheWrongWayStandsElsewhereOrIsMissing) {
+TEST_F(ChromeTest, TheSortArrowPointsTheWrongWayStandsElsewhereOrIsMissing) {
     GridContainer host;
     host->put_BackColor(kBack);
     host->put_NameCaption(_bstr_t(L""));
@@ -130,7 +159,7 @@ TEST_F(GridTest, TheSortArrowPointsTheWrongWayStandsElsewhereOrIsMissing) {
         return std::tuple(box.right, box.top, box.bottom, first < last);
     };
     const auto at = [&](long right, bool up) {
-        const long top = (Picture(name).Size().cy - 8) / 2;
+        const long top = std::lrint(static_cast<double>(Picture(name).Size().cy - 8) / 2.0);
         return std::tuple(right, top, top + 8, up);
     };
     const Picture unsorted(name);
@@ -149,7 +178,7 @@ TEST_F(GridTest, TheSortArrowPointsTheWrongWayStandsElsewhereOrIsMissing) {
     EXPECT_EQ(none.Count(Picture::kUntouched, Whole(none)), none.Size().cx * none.Size().cy);
 }
 
-TEST_F(GridTest, TheDescriptionTellsOfNothingOrOfTheWrongRow) {
+TEST_F(ChromeTest, TheDescriptionTellsOfNothingOrOfTheWrongRow) {
     GridContainer host;
     host->put_ActiveView(omCatagorized);
     host->put_ForeColor(RGB(255, 0, 0));
@@ -174,7 +203,7 @@ TEST_F(GridTest, TheDescriptionTellsOfNothingOrOfTheWrongRow) {
     EXPECT_EQ(ink(), std::pair(false, false));
 }
 
-TEST_F(GridTest, AToolbarButtonLooksHotPressedOrEnabledWhenItIsNot) {
+TEST_F(ChromeTest, AToolbarButtonLooksHotPressedOrEnabledWhenItIsNot) {
     GridContainer host;
     host->put_BackColor(kBack);
     host->put_RecordsetToolbar(omShow);
@@ -200,11 +229,14 @@ TEST_F(GridTest, AToolbarButtonLooksHotPressedOrEnabledWhenItIsNot) {
     EXPECT_EQ(disabled.At(0, 0), Picture::kUntouched);
     EXPECT_GT(disabled.Count(BlendColor(kBack, GetSysColor(COLOR_BTNTEXT), 0.75F), Whole(disabled)), 5);
     EnableWindow(previous, TRUE);
+    // Some systems look only every now and then whether the mouse has left.
     host.MouseTo(host.DescriptionPane(), 20, 20);
+    for (int i = 0; i < 100 && edge(previous) != Picture::kUntouched; ++i)
+        host.Pump();
     EXPECT_EQ(edge(previous), Picture::kUntouched);
 }
 
-TEST_F(GridTest, ScreenAndSnapshotAreNotTheSameAfterAChange) {
+TEST_F(ChromeTest, ScreenAndSnapshotAreNotTheSameAfterAChange) {
     GridContainer host;
     const auto a = host.Add(L"A", L"1", L"Group");
     a->put_Help(_bstr_t(L"Help"));
@@ -236,8 +268,14 @@ TEST_F(GridTest, ScreenAndSnapshotAreNotTheSameAfterAChange) {
         {"font", [&] { host->putref_Font(font.Get()); }},
         {"divider", [&] { host->put_ColumnDividerPosition(60); }},
         {"description", [&] { host->put_DescriptionPaneHeight(-1); }},
-        {"smaller", [&] { host.Resize({140, 220}); }},
-        {"nothing and back", [&] { host.Resize({0, 0}), host.Resize({260, 280}); }},
+        {"smaller",
+         [&] {
+             host.Resize({140, 220});
+         }},
+        {"nothing and back",
+         [&] {
+             host.Resize({0, 0}), host.Resize({260, 280});
+         }},
         {"no headers", [&] { host->put_Headers(omHeadersNone); }},
         {"no tabs", [&] { host->put_ShowTabs(VARIANT_FALSE); }},
         {"no description", [&] { host->put_ShowDescription(VARIANT_FALSE); }},
@@ -256,7 +294,7 @@ TEST_F(GridTest, ScreenAndSnapshotAreNotTheSameAfterAChange) {
     }
 }
 
-TEST_F(GridTest, PaintingLeavesHandlesBehind) {
+TEST_F(ChromeTest, PaintingLeavesHandlesBehind) {
     GridContainer host;
     host->put_Sorted(VARIANT_TRUE);
     host->put_RecordsetToolbar(omShow);
@@ -268,7 +306,7 @@ TEST_F(GridTest, PaintingLeavesHandlesBehind) {
     EXPECT_EQ(LiveGdiHandles(), before);
 }
 
-TEST_F(GridTest, LargeUnitsLoseABarOrWhereItWasBefore) {
+TEST_F(ChromeTest, LargeUnitsLoseABarOrWhereItWasBefore) {
     GridContainer host;
     const HWND strip = host.HeaderStrip(), ground = GetParent(host.TabStrip());
     const auto bar = [&] { return OriginIn(host.DescriptionPane(), ground).y - 2; };
