@@ -98,45 +98,50 @@ protected:
 };
 
 TEST_F(ChromeTest, ThePageIsClosedUnderItsTabOrOpenElsewhere) {
-    GridContainer host;
-    host->put_BackColor(kBack);
-    const Shades shades = ShadesOf(kBack);
-    const HWND strip = host.TabStrip();
-    const long top = OriginIn(host.Tree(), strip).y - 2 - 4; // less a sunken border and the margin
-    const auto edge = [&](const Picture& picture) {
-        long x = 0;
-        while (x < picture.Size().cx && picture.At(x, top - 1) != shades.Darker)
-            ++x;
-        return x;
-    };
-    const Picture alphabetic(strip);
-    const long width = edge(alphabetic);
-    const long right = alphabetic.Size().cx - 1, bottom = alphabetic.Size().cy - 1;
-    host->put_ActiveView(omCatagorized);
-    const Picture categorized(strip);
-    // The surface itself is not drawn: a gap is untouched.
-    EXPECT_EQ(alphabetic.Count(Picture::kUntouched, {1, top, width, top + 1}), width - 1);
-    EXPECT_EQ(alphabetic.Count(shades.Lighter, {width, top, right - 1, top + 1}), right - 1 - width);
-    EXPECT_EQ(categorized.Count(shades.Lighter, {0, top, width, top + 1}), width);
-    EXPECT_EQ(categorized.Count(Picture::kUntouched, {width + 1, top, 2 * width, top + 1}), width - 1);
-    EXPECT_EQ(categorized.Count(shades.Lighter, {2 * width, top, right - 1, top + 1}), right - 1 - 2 * width);
-    for (const Picture* picture : {&alphabetic, &categorized}) {
-        EXPECT_EQ(picture->Count(shades.Darker, {right, top, right + 1, bottom + 1}), bottom + 1 - top);
-        EXPECT_EQ(picture->Count(shades.Darker, {0, bottom, right + 1, bottom + 1}), right + 1);
-        EXPECT_EQ(picture->Count(shades.Lighter, {0, top, 1, bottom}), bottom - top);
-        EXPECT_EQ(picture->At(right - 1, bottom - 1), shades.Dark);
-    }
-    EXPECT_EQ(alphabetic.At(width + 4, 2), Picture::kUntouched) << "the tab behind is lower";
-    EXPECT_EQ(alphabetic.At(width + 4, 3), shades.Lighter);
-    EXPECT_EQ(categorized.At(3, top - 1), shades.Lighter) << "and narrower at the left";
+    for (const wchar_t* units : {L"Pixel", L"Twip"}) {
+        SCOPED_TRACE(units);
+        GridContainer::Setup setup;
+        setup.scaleUnits = units;
+        GridContainer host(setup);
+        host->put_BackColor(kBack);
+        const Shades shades = ShadesOf(kBack);
+        const HWND strip = host.TabStrip();
+        const long top = OriginIn(host.Tree(), strip).y - 2 - 4; // less a sunken border and the margin
+        const auto edge = [&](const Picture& picture) {
+            long x = 0;
+            while (x < picture.Size().cx && picture.At(x, top - 1) != shades.Darker)
+                ++x;
+            return x;
+        };
+        const Picture alphabetic(strip);
+        const long width = edge(alphabetic);
+        const long right = alphabetic.Size().cx - 1, bottom = alphabetic.Size().cy - 1;
+        host->put_ActiveView(omCatagorized);
+        const Picture categorized(strip);
+        // The surface itself is not drawn: a gap is untouched.
+        EXPECT_EQ(alphabetic.Count(Picture::kUntouched, {1, top, width, top + 1}), width - 1);
+        EXPECT_EQ(alphabetic.Count(shades.Lighter, {width, top, right - 1, top + 1}), right - 1 - width);
+        EXPECT_EQ(categorized.Count(shades.Lighter, {0, top, width, top + 1}), width);
+        EXPECT_EQ(categorized.Count(Picture::kUntouched, {width + 1, top, 2 * width, top + 1}), width - 1);
+        EXPECT_EQ(categorized.Count(shades.Lighter, {2 * width, top, right - 1, top + 1}), right - 1 - 2 * width);
+        for (const Picture* picture : {&alphabetic, &categorized}) {
+            EXPECT_EQ(picture->Count(shades.Darker, {right, top, right + 1, bottom + 1}), bottom + 1 - top);
+            EXPECT_EQ(picture->Count(shades.Darker, {0, bottom, right + 1, bottom + 1}), right + 1);
+            EXPECT_EQ(picture->Count(shades.Lighter, {0, top, 1, bottom}), bottom - top);
+            EXPECT_EQ(picture->At(right - 1, bottom - 1), shades.Dark);
+        }
+        EXPECT_EQ(alphabetic.At(width + 4, 2), Picture::kUntouched) << "the tab behind is lower";
+        EXPECT_EQ(alphabetic.At(width + 4, 3), shades.Lighter);
+        EXPECT_EQ(categorized.At(3, top - 1), shades.Lighter) << "and narrower at the left";
 
-    // With little room each tab takes half of it; without tabs there is no page.
-    host.Resize({101, 300});
-    host->put_ActiveView(omAlphabetic);
-    EXPECT_EQ(edge(Picture(strip)), 50);
-    host->put_ShowTabs(VARIANT_FALSE);
-    const Picture plain(strip);
-    EXPECT_EQ(plain.Count(Picture::kUntouched, Whole(plain)), plain.Size().cx * plain.Size().cy);
+        // With little room each tab takes half of it; without tabs there is no page.
+        host.Resize({101, 300});
+        host->put_ActiveView(omAlphabetic);
+        EXPECT_NEAR(static_cast<double>(edge(Picture(strip))), 49.5, 0.5);
+        host->put_ShowTabs(VARIANT_FALSE);
+        const Picture plain(strip);
+        EXPECT_EQ(plain.Count(Picture::kUntouched, Whole(plain)), plain.Size().cx * plain.Size().cy);
+    }
 }
 
 TEST_F(ChromeTest, TheSortArrowPointsTheWrongWayStandsElsewhereOrIsMissing) {
