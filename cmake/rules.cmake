@@ -2,6 +2,8 @@
 set(RULE_SOURCES
   grid/RowLayout.cpp
   editors/TextRules.cpp
+  listbox/ListPlace.cpp
+  listbox/TypeAhead.cpp
   model/FoldedKey.cpp
   model/KeyFold.cpp
   model/NumberText.cpp

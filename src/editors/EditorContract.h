@@ -9,6 +9,7 @@
 
 namespace ormisk {
 
+class OrmiskListBox;
 class TextBox;
 
 // Calls an editor of any maker. Holds a counted reference; each failure of the editor is raised as the AutomationError
@@ -39,6 +40,7 @@ private:
 // The windows of the control that built-in editors borrow; they outlive the registry's Clear.
 struct EditorWindows {
     TextBox* TextEditor = nullptr;
+    OrmiskListBox* ListEditor = nullptr;
 };
 
 // What the control asks of its own editors beside the contract. EditorRegistry::BuiltIn finds it for an editor.

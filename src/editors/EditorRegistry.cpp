@@ -1,7 +1,10 @@
 #include "editors/EditorRegistry.h"
 
+#include "editors/CListEditor.h"
 #include "editors/CTextEditor.h"
 #include "model/NumberText.h"
+
+#include <optional>
 
 namespace ormisk {
 namespace {
@@ -21,12 +24,14 @@ template <class T> MadeEditor Make() {
 struct BuiltInKind {
     omEditorType Type;
     MadeEditor (*Make)();
+    std::optional<omEditorType> Also; // a second type that the same object serves
 };
 
 // In the order of their making.
 constexpr BuiltInKind kBuiltInKinds[] = {
-    {omTextEditor, Make<CTextEditor>},
-    {omNumberEditor, Make<CTextEditor>},
+    {omTextEditor, Make<CTextEditor>, {}},
+    {omNumberEditor, Make<CTextEditor>, {}},
+    {omListEditor, Make<CListEditor>, omBooleanEditor},
 };
 
 std::wstring InternalKey(omEditorType type) { return L"INTERNAL_" + std::to_wstring(static_cast<int>(type)); }
@@ -42,6 +47,8 @@ void EditorRegistry::CreateBuiltInEditors(HWND treeWindow, const EditorWindows& 
         editor.Init(treeWindow);
         made.BuiltIn->Attach(windows);
         Add({InternalKey(kind.Type), made.Editor, made.BuiltIn});
+        if (kind.Also)
+            Add({InternalKey(*kind.Also), made.Editor, made.BuiltIn});
         editor.SetVisible(false);
     }
 }

@@ -11,7 +11,8 @@ namespace ormisk {
 EditSession::EditSession(Grid& grid) : m_Grid(grid), m_editListener(MakeObject<CEditorListener>(this)) {}
 
 void EditSession::CreateEditors() {
-    m_Editors.CreateBuiltInEditors(m_Grid.m_Panes.TreeWnd(), {.TextEditor = &m_Grid.m_Panes.m_TextEditor});
+    m_Editors.CreateBuiltInEditors(m_Grid.m_Panes.TreeWnd(), {.TextEditor = &m_Grid.m_Panes.m_TextEditor,
+                                                              .ListEditor = &m_Grid.m_Panes.m_ListEditor});
 }
 
 void EditSession::Release() {
@@ -429,7 +430,26 @@ void EditSession::StorePicture(CNode& node, CProperty& property, const VARIANT& 
     node.SetValue(_variant_t(static_cast<IDispatch*>(picture.Get())));
 }
 
-void EditSession::TextKeyPress(int& keyAscii) {
+bool EditSession::IsListEditorOpen() const {
+    return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(omListEditor, {});
+}
+
+// There is no further step to a choice: it is committed.
+void EditSession::ListItemChosen() {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    if (IsListEditorOpen())
+        EditorProxy(editor.Get()).Commit();
+}
+
+void EditSession::ListClosed(bool cancelled) {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    if (cancelled && editor)
+        EditorProxy(editor.Get()).Cancel();
+    else if (!cancelled)
+        ListItemChosen();
+}
+
+void EditSession::EditorKeyPress(int& keyAscii) {
     BuiltInEditor* builtIn = m_Editors.BuiltIn(m_CurrentEditor.Get());
     if (!builtIn)
         return;

@@ -51,9 +51,13 @@ public:
     void ReloadEditor(CProperty& property);
     void CommitAndHide();
 
+    // A key in the window of the open editor.
+    void EditorKeyPress(int& keyAscii);
     // The text box of the text and number editors.
-    void TextKeyPress(int& keyAscii);
     void TextLostFocus();
+    // The list of the list and Boolean editors.
+    void ListItemChosen();
+    void ListClosed(bool cancelled);
 
     // The model shrinks, without commit and without event: the node leaves the tree, or everything does.
     void NodeGoes(const CNode* node);
@@ -67,6 +71,7 @@ public:
     EditorRegistry m_Editors;
 
 private:
+    bool IsListEditorOpen() const;
     bool LoadEditorValue(CProperty& property, _CEditor* editor);
     _variant_t PicturePrompt(CProperty& property);
     void GiveFont(_CEditor* editor, const CNode& node, omEditorType type);

@@ -9,6 +9,7 @@ namespace ormisk {
 namespace {
 
 constexpr float kStep = 8; // pixels that a key moves a bar
+constexpr int kCtrlOrAlt = 2 | 4;
 
 bool IsWithin(HWND window, HWND ancestor) { return window == ancestor || IsChild(ancestor, window); }
 
@@ -32,6 +33,9 @@ std::vector<HWND> FocusOrder::Stops() const {
 }
 
 bool FocusOrder::Move(bool backward) {
+    // Nothing in a control that was disabled can take the focus: it would be caught here.
+    if (!m_Grid.m_State.enabled)
+        return false;
     const HWND focus = GetFocus();
     const std::vector<HWND> stops = Stops();
     // Panes lie in each other: the innermost one that has the focus is where it is.
@@ -44,6 +48,24 @@ bool FocusOrder::Move(bool backward) {
         return false;
     FocusTo(backward ? *(at - 1) : *(at + 1));
     return true;
+}
+
+bool FocusOrder::Uses(int keyCode) const {
+    const Panes& panes = m_Grid.m_Panes;
+    const HWND focus = GetFocus();
+    const bool headers = IsWithin(focus, panes.m_picHeaderContainer.hWnd());
+    const bool rows = IsWithin(focus, panes.TreeWnd()) && !headers;
+    return rows || focus == panes.m_txtRecordNo.Hwnd() || (headers && keyCode == VK_RETURN);
+}
+
+void FocusOrder::LeaveHidden() {
+    const Panes& panes = m_Grid.m_Panes;
+    const HWND focus = GetFocus();
+    const bool hidden = (focus == panes.m_picHeaderContainer.hWnd() && m_Grid.m_State.headers == omHeadersNone) ||
+                        (focus == panes.m_picDescPane.hWnd() && !m_Grid.m_State.showDescription) ||
+                        (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs);
+    if (hidden)
+        SetFocus(panes.TreeWnd());
 }
 
 void FocusOrder::Enter(bool backward) {
@@ -63,7 +85,9 @@ void FocusOrder::FocusTo(HWND stop) {
         panes.m_TextEditor.SelectAll();
 }
 
-void FocusOrder::HeaderKeyDown(int keyCode) {
+void FocusOrder::HeaderKeyDown(int keyCode, int shift) {
+    if (shift & kCtrlOrAlt)
+        return;
     Panes& panes = m_Grid.m_Panes;
     if (keyCode == VK_SPACE || keyCode == VK_RETURN) {
         m_Grid.m_ModelView.HeaderSort(true);
@@ -73,8 +97,8 @@ void FocusOrder::HeaderKeyDown(int keyCode) {
     }
 }
 
-void FocusOrder::DescriptionKeyDown(int keyCode) {
-    if (keyCode != VK_UP && keyCode != VK_DOWN)
+void FocusOrder::DescriptionKeyDown(int keyCode, int shift) {
+    if ((keyCode != VK_UP && keyCode != VK_DOWN) || shift & kCtrlOrAlt)
         return;
     Panes& panes = m_Grid.m_Panes;
     const float step = panes.m_picBG.PixelsToUnitsY(keyCode == VK_UP ? kStep : -kStep);

@@ -19,10 +19,16 @@ public:
     // The focus comes into the control by TAB.
     void Enter(bool backward);
 
-    // A key in the headers: the arrows move the divider, SPACE and ENTER sort as a click on the name header does.
-    void HeaderKeyDown(int keyCode);
+    // Whether ENTER or ESC means something where the focus is.
+    bool Uses(int keyCode) const;
+    // The focus goes to the rows from a place that is hidden.
+    void LeaveHidden();
+
+    // A key in the headers: the arrows move the divider, SPACE and ENTER sort as a click on the name header does. With
+    // Ctrl or Alt it is somebody else's.
+    void HeaderKeyDown(int keyCode, int shift);
     // A key in the description pane: the arrows move its upper edge.
-    void DescriptionKeyDown(int keyCode);
+    void DescriptionKeyDown(int keyCode, int shift);
 
 private:
     std::vector<HWND> Stops() const;

@@ -9,6 +9,7 @@
 #include "grid/GridProperties.h"
 #include "grid/GridState.h"
 #include "grid/Input.h"
+#include "grid/ListInput.h"
 #include "grid/ModelView.h"
 #include "grid/PaneMessages.h"
 #include "grid/Panes.h"
@@ -73,6 +74,7 @@ public:
     ChromePainter m_ChromePainter;
     RecordToolbar m_RecordToolbar;
     Input m_Input;
+    ListInput m_ListInput;
     FocusOrder m_FocusOrder;
     PaneMessages m_PaneMessages;
     EditSession m_Session;

@@ -63,6 +63,8 @@ void GridProperties::Apply(const PropertyEntry& entry) {
         panes.ApplyShowDescription();
     if (effects & kEnables)
         EnableWindow(panes.m_Control.hWnd(), m_Grid.m_State.enabled);
+    if (effects & (kShowsDescription | kShowsTabs | kLaysOut))
+        m_Grid.m_FocusOrder.LeaveHidden();
     if (effects & kMarksCategories) {
         m_Grid.m_ModelView.MarkCategories(entry.name);
         if (m_Grid.m_State.activeView != omAlphabetic)

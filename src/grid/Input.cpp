@@ -78,7 +78,7 @@ void Input::TabMouseDown(omHitItem tab) {
     const omActiveView view = tab == omAlphabeticTab ? omAlphabetic : omCatagorized;
     if (m_Grid.m_State.activeView == view && m_bTabFocused)
         return;
-    SwitchView(view);
+    IgnoringFailures([&] { SwitchView(view); });
     m_bTabFocused = true;
     m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
 }
@@ -187,9 +187,9 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
     else if (&pane == &m_Grid.m_Panes.m_picTabContainer)
         TabKeyDown(keyCode);
     else if (&pane == &m_Grid.m_Panes.m_picHeaderContainer)
-        m_Grid.m_FocusOrder.HeaderKeyDown(keyCode);
+        m_Grid.m_FocusOrder.HeaderKeyDown(keyCode, shift);
     else if (&pane == &m_Grid.m_Panes.m_picDescPane)
-        m_Grid.m_FocusOrder.DescriptionKeyDown(keyCode);
+        m_Grid.m_FocusOrder.DescriptionKeyDown(keyCode, shift);
 }
 
 void Input::OnTreeKeyDown(int keyCode, int shift) {
@@ -322,7 +322,7 @@ void Input::OnKeyPress(int& keyAscii) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyPress(keyAscii);
     if (keyAscii != 0 && m_Grid.IsAlive())
-        m_Grid.m_Session.TextKeyPress(keyAscii);
+        m_Grid.m_Session.EditorKeyPress(keyAscii);
 }
 
 void Input::OnKeyUp(int& keyCode, int shift) { m_Grid.m_Events.KeyUp(keyCode, shift); }

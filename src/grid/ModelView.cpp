@@ -54,6 +54,7 @@ CNode* ModelView::CategoryNodeFor(CProperty& property) {
 }
 
 void ModelView::OnPropertyAdded(CProperty& property, CProperty* parent) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     const GridState& state = m_Grid.m_State;
     if (!HasCategory(property.Category(), state.categorySeparator))
         property.SetCategory(state.defaultCategory);
@@ -78,12 +79,12 @@ void ModelView::OnPropertyAdded(CProperty& property, CProperty* parent) {
 }
 
 void ModelView::Sort(bool nameButtonClicked) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     const GridState& state = m_Grid.m_State;
     const bool descending = state.sortOrder == omDescending;
     if (!state.customSort) {
         m_Grid.m_ActiveNodes->Sort(descending);
     } else if (!m_Sorting) {
-        const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
         m_Sorting = true;
         try {
             SortByHost(*m_Grid.m_ActiveNodes, descending, [&](const CNode& first, const CNode& second, bool& swap) {
@@ -91,7 +92,10 @@ void ModelView::Sort(bool nameButtonClicked) {
             });
         } catch (...) {
             m_Sorting = false;
-            RefreshView();
+            if (m_Grid.IsAlive()) {
+                m_Grid.m_Session.PlaceOpenEditor();
+                RefreshView();
+            }
             throw;
         }
         m_Sorting = false;
@@ -111,12 +115,12 @@ bool ModelView::AskHost(const CNode& first, const CNode& second, bool nameButton
 
 void ModelView::HeaderSort(bool nameButtonClicked) {
     GridState& state = m_Grid.m_State;
-    if (!state.sortOnHeaderClick)
+    if (!state.sortOnHeaderClick || m_Sorting)
         return;
     if (state.sorted)
         state.sortOrder = state.sortOrder == omAscending ? omDescending : omAscending;
     state.sorted = true;
-    Sort(nameButtonClicked);
+    IgnoringFailures([&] { Sort(nameButtonClicked); }); // a click has no caller to hear of it
     if (!m_Grid.IsAlive())
         return;
     m_Grid.m_Session.SetSelectedNode(nullptr);
@@ -188,6 +192,9 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
             Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });
         return;
     }
+    if (_wcsicmp(attribute, L"name") == 0)
+        for (CNodes* nodes : {&m_Grid.m_AlphabeticNodes, &m_Grid.m_CategorizedNodes})
+            nodes->NameChanged(nodes->ItemOf(property)); // the nodes read it from the property
     if (m_Grid.m_Session.SelectedProperty() == &property)
         m_Grid.m_Panes.m_picDescPane.Invalidate(true); // name and help
     const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
@@ -202,9 +209,6 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
         ValueChanged(property);
     else if (_wcsicmp(attribute, L"picture") == 0)
         Trapped([&] { m_Grid.m_Panes.RepaintRows(); });
-    else if (_wcsicmp(attribute, L"name") == 0)
-        for (CNodes* nodes : {&m_Grid.m_AlphabeticNodes, &m_Grid.m_CategorizedNodes})
-            nodes->NameChanged(nodes->ItemOf(property)); // the nodes read it from the property
 }
 
 // The children of a property that holds an object follow the new object at once.

@@ -19,7 +19,7 @@ public:
     // the host is being asked for another sort. Raises what a handler raises; the rows that are exchanged by then stay
     // so.
     void Sort(bool nameButtonClicked);
-    // A header was clicked.
+    // A header was clicked. Nothing while the host is being asked.
     void HeaderSort(bool nameButtonClicked);
     // The view itself is stored already: the other tree comes on screen, with the selection carried over.
     void ViewChanged();

@@ -87,9 +87,13 @@ HRESULT OrmiskGrid::OnTranslateKey(MSG& message) {
     case VK_END:
     case VK_PRIOR:
     case VK_NEXT:
+        if (alt)
+            return S_FALSE;
+        break;
     case VK_RETURN:
     case VK_ESCAPE:
-        if (alt)
+        // Elsewhere they are for the default and cancel buttons of the host.
+        if (alt || !m_Grid.m_FocusOrder.Uses(static_cast<int>(message.wParam)))
             return S_FALSE;
         break;
     default:

@@ -107,8 +107,8 @@ Size PicturePixels(IPicture* picture) {
     if (!picture || FAILED(picture->get_Width(&width)) || FAILED(picture->get_Height(&height)))
         return {};
     const auto pixels = [](long himetric, Axis axis) {
-        return RoundToLong(ConvertScale(static_cast<double>(himetric), ScaleMode::Himetric, ScaleMode::Pixel,
-                                        ScreenDpi(axis), axis));
+        return RoundToLong(
+            ConvertScale(static_cast<double>(himetric), ScaleMode::Himetric, ScaleMode::Pixel, ScreenDpi(axis), axis));
     };
     return {pixels(width, Axis::X), pixels(height, Axis::Y)};
 }

@@ -48,28 +48,33 @@ CSplitter* Panes::SplitterIn(const Pane& pane) {
     return &pane == &m_picHeaderContainer ? &m_HeaderSplitter : nullptr;
 }
 
-// A splitter hears of its container's mouse before the host does.
-void Panes::OnMouseDown(Pane& pane, const MouseEvent& event) {
+// A splitter hears of its container's mouse before the host does. False when a handler of what its bar laid out anew
+// ended the control.
+bool Panes::ForwardMouse(Pane& pane, const MouseEvent& event, void (CSplitter::*hears)(int, int, float, float)) {
     if (CSplitter* splitter = SplitterIn(pane))
-        splitter->ContainerMouseDown(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
-                                     pane.PixelsToUnitsY(static_cast<float>(event.y)));
+        (splitter->*hears)(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
+                           pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    return m_Grid.IsAlive();
+}
+
+void Panes::OnMouseDown(Pane& pane, const MouseEvent& event) {
+    if (!ForwardMouse(pane, event, &CSplitter::ContainerMouseDown))
+        return;
     if (event.button == 1)
         m_Grid.m_RecordToolbar.MouseDown(pane);
     m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Down);
 }
 
 void Panes::OnMouseMove(Pane& pane, const MouseEvent& event) {
-    if (CSplitter* splitter = SplitterIn(pane))
-        splitter->ContainerMouseMove(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
-                                     pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    if (!ForwardMouse(pane, event, &CSplitter::ContainerMouseMove))
+        return;
     m_Grid.m_RecordToolbar.MouseMove(pane);
     m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Move);
 }
 
 void Panes::OnMouseUp(Pane& pane, const MouseEvent& event) {
-    if (CSplitter* splitter = SplitterIn(pane))
-        splitter->ContainerMouseUp(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
-                                   pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    if (!ForwardMouse(pane, event, &CSplitter::ContainerMouseUp))
+        return;
     m_Grid.m_RecordToolbar.MouseUp();
     m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Up);
 }
@@ -131,6 +136,8 @@ void Panes::OnResize(Pane& pane) {
 }
 
 bool Panes::OnChildMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (m_ListEditor.OnParentMessage(message, wParam, lParam, result))
+        return true;
     switch (message) {
     case WM_VSCROLL:
         return &pane == &m_picTreeContainer && m_VScroll.HandleScroll(wParam, lParam);

@@ -35,6 +35,8 @@ void Panes::Create(HWND parent) {
     create(m_picTreeContainer, m_picTabContainer, {.takesFocus = true, .erases = false});
     m_VScroll.Create(m_picTreeContainer.hWnd(), *this);
     m_TextEditor.Create(m_picTreeContainer.hWnd(), &m_Grid.m_Input);
+    m_ListEditor.Create(m_picTreeContainer.hWnd(), &m_Grid.m_ListInput);
+    m_ListEditor.SetFont(m_Grid.m_State.font);
     create(m_picHeaderContainer, m_picTreeContainer, {});
     create(m_picNameHeader, m_picHeaderContainer, {.erases = false});
     create(m_picValueHeader, m_picHeaderContainer, {.erases = false});
@@ -78,6 +80,7 @@ void Panes::FontChanged() {
     UpdateHeaderMetrics();
     RecalcRowHeight();
     RecalcLayout();
+    m_ListEditor.SetFont(m_Grid.m_State.font); // Boolean rows get none of their own
     m_Grid.m_Session.FontChanged();
 }
 

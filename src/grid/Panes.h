@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/RowLayout.h"
+#include "listbox/OrmiskListBox.h"
 #include "model/Ref.h"
 #include "platform/Pane.h"
 #include "platform/ScrollBar.h"
@@ -97,6 +98,7 @@ public:
     Pane m_picValueHeader;
     ScrollBar m_VScroll;
     TextBox m_TextEditor;
+    OrmiskListBox m_ListEditor;
     TextBox m_txtRecordNo;
     CSplitter m_HeaderSplitter{this};
     CSplitter m_ContainerSplitter{this};
@@ -127,6 +129,7 @@ private:
     void OnScrollBarFocus() override;
 
     CSplitter* SplitterIn(const Pane& pane);
+    bool ForwardMouse(Pane& pane, const MouseEvent& event, void (CSplitter::*hears)(int, int, float, float));
     void HeaderSplitterMoved();
     long ComputeAutoDividerWidth() const;
     double DividerPixels() const;

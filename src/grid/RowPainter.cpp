@@ -257,7 +257,8 @@ void RowPainter::DrawGridLine(HDC dc, Color color, long x1, long y1, long x2, lo
         return;
     const COLORREF oldColor = SetTextColor(dc, color);
     POINT oldOrigin{};
-    SetBrushOrgEx(dc, -x1 & 7, -y1 & 7, &oldOrigin);
+    GetBrushOrgEx(dc, &oldOrigin);
+    SetBrushOrgEx(dc, (oldOrigin.x - x1) & 7, (oldOrigin.y - y1) & 7, nullptr);
     {
         const SelectGuard selected(dc, brush);
         PatBlt(dc, x1, y1, x1 == x2 ? 1 : x2 - x1, y1 == y2 ? 1 : y2 - y1, PATCOPY);

@@ -143,6 +143,7 @@ LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_VSCROLL:
     case WM_COMMAND:
     case WM_NOTIFY:
+    case WM_DRAWITEM:
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORLISTBOX:

@@ -39,7 +39,8 @@ public:
     virtual void OnKeyPress(Pane&, int& /*keyAscii*/) {}
     virtual void OnFocusChange(Pane&, bool /*gained*/) {}
     virtual void OnResize(Pane&) {}
-    // A message of a child control: scrolling, colour requests, notices. True when it was answered in `result`.
+    // A message of a child control: scrolling, requests to colour or draw, notices. True when it was answered in
+    // `result`.
     virtual bool OnChildMessage(Pane&, UINT, WPARAM, LPARAM, LRESULT& /*result*/) { return false; }
 
 protected:

@@ -31,6 +31,8 @@ LRESULT CALLBACK ScrollBar::SubclassProc(HWND window, UINT message, WPARAM wPara
         bar->m_hWnd = nullptr;
         RemoveWindowSubclass(window, SubclassProc, id);
     }
+    if (message == WM_PRINTCLIENT)
+        message = WM_PAINT; // a bar takes a context with either, but not every system knows both
     const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
     if (message == WM_SETFOCUS && bar->m_Listener)
         IgnoringFailures([&] { bar->m_Listener->OnScrollBarFocus(); });

@@ -122,7 +122,9 @@ void CSplitter::ContainerCaptureLost() {
 }
 
 void CSplitter::ContainerResize() {
-    if (!m_Container)
+    // Without room for both panes there is nothing to see: they keep their sizes, and with them their proportion, until
+    // there is room again.
+    if (!m_Container || Extent() < m_BarSize + 2 * MinimumExtent())
         return;
     const auto extentOf = [this](const SplitterPane* pane) {
         if (!pane)

@@ -4,12 +4,15 @@ namespace ormisk {
 
 namespace {
 
-// Moves origin and clipping of a context for the life of the guard.
+// Moves the origin, of brushes too, and the clipping of a context for the life of the guard.
 class Frame {
 public:
     Frame(HDC dc, POINT origin, SIZE size) : m_Dc(dc), m_State(SaveDC(dc)) {
         OffsetWindowOrgEx(dc, -origin.x, -origin.y, nullptr);
         IntersectClipRect(dc, 0, 0, size.cx, size.cy);
+        POINT corner{};
+        if (LPtoDP(dc, &corner, 1))
+            SetBrushOrgEx(dc, corner.x, corner.y, nullptr);
     }
     Frame(const Frame&) = delete;
     Frame& operator=(const Frame&) = delete;

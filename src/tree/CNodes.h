@@ -72,7 +72,7 @@ private:
     CNode* Place(CNode* relative, NodeRelation relation, Ref<CNode> added);
     Branch& SiblingsOf(const CNode& node) { return node.m_Parent ? *node.m_Parent->m_Branch : m_Roots; }
     void RowsChanged(CNode* node);
-    void ListUnsorted(Branch& branch, CNode* parent);
+    void ListUnsorted(Branch& branch, const CNode* parent);
     void SortBranch(Branch& branch, bool descending);
     void SortAll(Branch& branch, bool descending);
     void PlaceLast(Branch& branch, bool descending);
@@ -91,7 +91,7 @@ private:
     std::unordered_map<long, CNode*> m_Parents; // nodes that have or had children, by number
     mutable std::vector<CNode*> m_FilingOrder;  // sorted when asked for; empty when out of date
     std::optional<bool> m_SortedDescending;     // the order of the sorted front of every branch; none before a sort
-    std::vector<Ref<CNode>> m_Unsorted;         // parents of branches out of that order, null for the roots
+    std::vector<long> m_Unsorted;               // numbers of the parents of branches out of that order, 0: the roots
 };
 
 } // namespace ormisk

@@ -2,6 +2,7 @@
 #include "tree/SiblingOrder.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ormisk {
 
@@ -17,10 +18,10 @@ struct Entry {
 
 } // namespace
 
-void CNodes::ListUnsorted(Branch& branch, CNode* parent) {
+void CNodes::ListUnsorted(Branch& branch, const CNode* parent) {
     if (m_SortedDescending && !branch.listed) {
         branch.listed = true;
-        m_Unsorted.emplace_back(parent);
+        m_Unsorted.push_back(parent ? parent->m_NodeId : 0);
     }
 }
 
@@ -34,14 +35,13 @@ void CNodes::NameChanged(const CNode* node) {
 }
 
 void CNodes::Sort(bool descending) {
-    std::vector<Ref<CNode>> unsorted = std::move(m_Unsorted);
-    m_Unsorted.clear();
+    const std::vector<long> unsorted = std::exchange(m_Unsorted, {});
     if (m_SortedDescending == descending) {
-        for (const Ref<CNode>& parent : unsorted) {
-            if (!parent) {
+        for (const long number : unsorted) {
+            if (number == 0) {
                 SortBranch(m_Roots, descending);
-            } else if (parent->m_Tree == this) {
-                SortBranch(*parent->m_Branch, descending);
+            } else if (const auto parent = m_Parents.find(number); parent != m_Parents.end()) {
+                SortBranch(*parent->second->m_Branch, descending);
             }
         }
         return;

@@ -26,6 +26,8 @@ public:
                 node = CompareAndSwap(node, next, swapped);
                 again = again || swapped;
             }
+            // A pass that ran onto a node that was taken away has not seen the rest.
+            again = again || !node->Tree();
         }
     }
 
@@ -44,7 +46,7 @@ private:
         // What has to move on by the built-in order goes on, whatever the host says: a pair that only the host
         // exchanges is looked at once more.
         const Ref<CNode> carry = swapped ? first : second;
-        if (first->IsCategory() == second->IsCategory())
+        if (first->IsCategory() == second->IsCategory() && first->Tree() && second->Tree())
             m_Ended = !m_Ask(*first, *second, swapped);
         if (!swapped || m_Ended)
             return second;

@@ -329,5 +329,30 @@ TEST_F(GridTest, ABarBetweenPanesDoesNotFollowTheMouse) {
     EXPECT_NEAR(Read(host.grid.Get(), &OrmiskGrid::get_DescriptionPaneHeight) / 200, share, 0.03F);
 }
 
+TEST_F(GridTest, TabSkipsAPlaceOrNeverLeaves) {
+    GridContainer host;
+    host.Add(L"A", L"one");
+    host.Heard();
+    host.Select(host.Item(1L).Get());
+    const HWND places[] = {host.TabStrip(), host.HeaderStrip(), host.Tree(), host.EditBox(), host.DescriptionPane()};
+    SetFocus(host.Tree());
+    host.RealKeys({VK_TAB});
+    EXPECT_EQ(GetFocus(), host.EditBox());
+    host.TypeIntoEditor(L"two");
+    host.RealKeys({VK_TAB});
+    EXPECT_EQ(GetFocus(), host.DescriptionPane());
+    EXPECT_EQ(host.Heard(), L"SelChanged A; ValidateValue A two False; PropertyValueChanged A");
+    MSG tab{host.Tree(), WM_KEYDOWN, VK_TAB, 1, 0, {}};
+    EXPECT_EQ(Query<IOleInPlaceActiveObject>(static_cast<IOleObject*>(host.grid.Get()))->TranslateAccelerator(&tab),
+              S_FALSE)
+        << "behind the last place the host goes on";
+    for (long i = 3; i >= 0; --i) {
+        host.RealKeys({VK_TAB}, VK_SHIFT);
+        EXPECT_EQ(GetFocus(), places[i]) << i;
+    }
+    host.RealKeys({VK_RIGHT});
+    EXPECT_EQ(Read(host.grid.Get(), &OrmiskGrid::get_ActiveView), omCatagorized);
+}
+
 } // namespace
 } // namespace ormisk::test

@@ -39,6 +39,18 @@ TEST_F(GridTest, AControlWithoutASiteCrashesOrForgetsWhatItWasTold) {
     });
 }
 
+TEST_F(GridTest, AControlDisabledBeforeItHasAWindowComesUpEnabled) {
+    Host site;
+    const auto grid = MakeObject<OrmiskGrid>();
+    EXPECT_EQ(grid->put_Enabled(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(grid->SetClientSite(&site), S_OK);
+    HWND window = nullptr;
+    EXPECT_EQ(grid->GetWindow(&window), S_OK);
+    EXPECT_FALSE(IsWindowEnabled(window));
+    EXPECT_EQ(grid->Close(OLECLOSE_NOSAVE), S_OK);
+    EXPECT_EQ(grid->SetClientSite(nullptr), S_OK);
+}
+
 TEST_F(GridTest, ASecondSiteLosesRowsSelectionOrTheEditor) {
     GridContainer host;
     host.Add(L"A", L"1");

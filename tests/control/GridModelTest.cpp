@@ -199,6 +199,14 @@ TEST_F(GridTest, ExpandingAPathFiresInTheWrongViewOrMakesCategories) {
     EXPECT_EQ(Rows(host), L"* * A");
     host->ExpandCategory(_bstr_t(L"X|Y"), VARIANT_FALSE); // closes the last one only
     EXPECT_EQ(Rows(host), L"* *");
+    host.events.on[L"CategoryExpanding"] = [](const EventCall& call) { call.Set(1, true); };
+    host->ExpandCategory(_bstr_t(L"X|Y"), VARIANT_TRUE);
+    EXPECT_EQ(host.Heard(), L"CategoryExpanding Y False; CategoryExpanding Y False")
+        << "asked on the way and at the end of it";
+    EXPECT_EQ(Rows(host), L"* *");
+    host->put_DefaultCategory(_bstr_t(L""));
+    host.Add(L"Root");
+    EXPECT_EQ(Rows(host), L"* * Root") << "no category at all";
 }
 
 TEST_F(GridTest, SwitchingTheViewLosesTheSelectionOrTellsBeforeIt) {

@@ -294,6 +294,35 @@ TEST_F(GridTest, CustomDrawIsToldOutOfOrderOutsideItsCellOrIgnored) {
     EXPECT_TRUE(Has(host.Paint(), kBlue, cell));
 }
 
+TEST_F(GridTest, CustomDrawIsToldOfACellThatNeedsNoPainting) {
+    GridContainer host;
+    const auto drawn = host.Add(L"Drawn", L"", L"C"), plain = host.Add(L"Plain");
+    drawn->put_CustomDraw(VARIANT_TRUE);
+    for (int i = 0; i < 40; ++i)
+        host.Add((L"Row" + std::to_wstring(i)).c_str());
+    host.Pump();
+    host.events.quiet = {L"PropertyValueChanged", L"SelChanged"};
+    const auto told = [&](const auto& change) {
+        host.Heard();
+        change();
+        host.Pump();
+        return host.Heard().find(L"PropertyDraw Drawn") != std::wstring::npos;
+    };
+    EXPECT_TRUE(told([&] { drawn->put_Value(_variant_t(L"1")); }));
+    EXPECT_FALSE(told([&] { plain->put_Value(_variant_t(L"1")); })) << "a change paints its own row";
+    host->put_LockRefresh(VARIANT_TRUE);
+    EXPECT_FALSE(told([&] { host->Refresh(); }));
+    host->put_LockRefresh(VARIANT_FALSE);
+    EXPECT_TRUE(told([&] { host->Refresh(); }));
+    host.Select(host.Item(42L).Get());
+    EXPECT_FALSE(told([&] { drawn->put_Value(_variant_t(L"2")); })) << "scrolled out of view";
+    host.Select(plain.Get());
+    host->put_ActiveView(omCatagorized);
+    EXPECT_TRUE(told([&] { host->ExpandCategory(_bstr_t(L"C"), VARIANT_TRUE); }));
+    host->ExpandCategory(_bstr_t(L"C"), VARIANT_FALSE);
+    EXPECT_FALSE(told([&] { host->Refresh(); })) << "in a closed category";
+}
+
 // A bitmap of two colours, left and right.
 ComPtr<IPictureDisp> MakePicture(int width, int height) {
     const HDC screen = GetDC(nullptr);

@@ -489,6 +489,27 @@ TEST_F(Tree, TheHostIsAskedForOtherPairsOrItsAnswersAreLost) {
         return swap = true;
     });
     EXPECT_EQ(nodes.Count(), 0);
+    // The rest is sorted all the same.
+    for (const wchar_t* name : {L"e", L"f", L"h", L"g"})
+        AddProperty(nullptr, name);
+    SortByHost(nodes, false, [&](const CNode&, const CNode& second, bool&) {
+        if (second.Name() == L"f")
+            nodes.Remove(L"_f");
+        return true;
+    });
+    EXPECT_EQ(Outline(nodes), L" e g h");
+}
+
+TEST_F(Tree, ARemovedPropertyLivesOnUntilTheNextSort) {
+    nodes.Sort(false);
+    const auto property = model.Add(L"parent");
+    const auto references = [&] { return property->AddRef(), property->Release(); };
+    const ULONG before = references();
+    CNode* parent = nodes.Add(nullptr, NodeRelation::Child, *property.Get());
+    AddProperty(parent, L"child");
+    nodes.Remove(parent);
+    EXPECT_EQ(references(), before);
+    nodes.Sort(false); // passes over the branch that is gone
 }
 
 } // namespace

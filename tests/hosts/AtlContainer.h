@@ -1,7 +1,6 @@
 #pragma once
 
 #include "LateBound.h"
-#include "Server.h"
 
 #include "../control/HandleCount.h"
 
@@ -12,10 +11,16 @@
 
 namespace ormisk::test {
 
+// Works off what waits in the message queue of this thread.
+void PumpMessages();
+
+// A control of its own, by its name and without a container.
+ComPtr<IUnknown> CreateAlone();
+
 // A window of the system's own container with the grid in it, created by its name.
 class AtlContainer {
 public:
-    AtlContainer(int width = 300, int height = 300);
+    AtlContainer();
     ~AtlContainer();
     AtlContainer(const AtlContainer&) = delete;
     AtlContainer& operator=(const AtlContainer&) = delete;
@@ -26,13 +31,11 @@ public:
     HWND Window() const { return m_Window; }
     HWND GridWindow() const;
 
-    // The window of the rows.
+    // The window in the middle, which is that of the rows.
     HWND Tree() const;
 
-    // Tabs, headers, description and frames go away, so that the rows fill the window.
-    void MakePlain() const;
-
-    void AddRow(const wchar_t* name, const _variant_t& value, const wchar_t* category = L"") const;
+    // Rows "A" and "B" with the values "one" and "two" in a category, and the editor of the first open.
+    void FillForEdit() const;
 
     // The container lets the control go; the test's own references stay.
     void Destroy();

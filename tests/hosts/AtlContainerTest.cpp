@@ -1,35 +1,22 @@
 #include "AtlContainer.h"
-#include "EventSink.h"
+
+// What the control is to a container that is not ours, good or odd.
 
 namespace ormisk::test {
 namespace {
 
-using Names = std::vector<std::wstring>;
-
-// The colour that a window shows at a point.
-COLORREF ColorAt(HWND window, int x, int y) {
+TEST_F(GridInContainer, RowsAreNotOnScreenOrDoNotFollowTheContainersSize) {
+    AtlContainer host;
+    for (const wchar_t* name : {L"ShowTabs", L"ShowDescription", L"Headers", L"Appearance", L"Grid"})
+        host.grid.Put(name, 0L);
+    host.properties.Object(L"Add", {L"Red"}).Put(L"BackColor", 0x0000FFL);
     PumpMessages();
-    UpdateWindow(window);
-    const HDC dc = GetDC(window);
-    const COLORREF color = GetPixel(dc, x, y);
-    ReleaseDC(window, dc);
-    return color;
-}
-
-TEST_F(GridInContainer, RowsAddedByNameAreOnScreen) {
-    AtlContainer host;
-    host.MakePlain();
-    host.AddRow(L"Red", L"");
-    host.properties.Object(L"Item", {1L}).Put(L"BackColor", 0x0000FFL);
-    EXPECT_EQ(ColorAt(host.Tree(), 100, 5), RGB(255, 0, 0));
-    host.grid.Put(L"PropertyBackColor", 0xFF0000L);
-    EXPECT_EQ(ColorAt(host.Tree(), 100, 150), RGB(0, 0, 255));
-    EXPECT_EQ(static_cast<long>(host.properties.Get(L"Count")), 1);
-}
-
-TEST_F(GridInContainer, GridFollowsTheSizeOfItsContainer) {
-    AtlContainer host;
-    for (const SIZE size : {SIZE{400, 200}, SIZE{0, 0}, SIZE{30, 700}, SIZE{300, 300}}) {
+    const HWND tree = host.Tree();
+    UpdateWindow(tree);
+    const HDC dc = GetDC(tree);
+    EXPECT_EQ(GetPixel(dc, 100, 5), RGB(255, 0, 0));
+    ReleaseDC(tree, dc);
+    for (const SIZE size : {SIZE{400, 200}, SIZE{0, 0}, SIZE{30, 700}}) {
         SetWindowPos(host.Window(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
         PumpMessages();
         RECT client;
@@ -39,84 +26,115 @@ TEST_F(GridInContainer, GridFollowsTheSizeOfItsContainer) {
     }
 }
 
-TEST_F(GridInContainer, EditIsCommittedWithItsEventsInOrder) {
-    AtlContainer host;
-    host.AddRow(L"A", L"one");
-    host.AddRow(L"B", L"two");
-    const LateBound first = host.properties.Object(L"Item", {1L});
-    const auto sink = EventSink::Connect(host.grid.Dispatch());
-    host.grid.Call(L"StartPropertyEdit", {_variant_t(first.Dispatch())});
-    PumpMessages();
-    const HWND edit = VisibleEdit(host.Window());
-    ASSERT_NE(edit, nullptr);
-    for (const wchar_t typed : {L'n', L'e', L'w'})
-        SendMessageW(edit, WM_CHAR, static_cast<WPARAM>(typed), 1);
-    EXPECT_EQ(sink->names, (Names{L"SelChanged", L"KeyPress", L"KeyPress", L"KeyPress"}));
-    sink->names.clear();
-    SendMessageW(edit, WM_CHAR, VK_RETURN, 1);
-    EXPECT_EQ(sink->names, (Names{L"KeyPress", L"ValidateValue", L"PropertyValueChanged"}));
-    EXPECT_EQ(first.Get(L"Value"), _variant_t(L"new"));
-    sink->names.clear();
-    host.grid.PutRef(L"SelectedProperty", LateBound());
-    EXPECT_EQ(sink->names, Names{L"SelChanged"});
-    EXPECT_EQ(VisibleEdit(host.Window()), nullptr);
-    sink->Disconnect();
-}
-
-TEST_F(GridInContainer, RefusalsReachALateBoundCaller) {
-    AtlContainer host;
-    host.properties.Call(L"Add", {L"A", 1L, L"", L"key"});
-    const Outcome taken = host.properties.Try(L"Add", DISPATCH_METHOD, {L"B", 1L, L"", L"KEY"});
-    EXPECT_EQ(taken.number, static_cast<HRESULT>(0x80040005));
-    EXPECT_EQ(taken.source, L"CProperties.Add");
-    EXPECT_EQ(taken.description, L"Property with this key is already present.");
-    const Outcome separator = host.grid.Try(L"CategorySeparator", DISPATCH_PROPERTYPUT, {L" "});
-    EXPECT_EQ(separator.number, static_cast<HRESULT>(0x80040002));
-    EXPECT_EQ(separator.description, L"CategorySeparator : Invalid property value.");
-    EXPECT_EQ(host.grid.Get(L"CategorySeparator"), _variant_t(L"|"));
-    EXPECT_FALSE(host.grid.Try(L"BackColor", DISPATCH_PROPERTYPUT, {L"red"}).Succeeded());
-    EXPECT_FALSE(host.grid.Try(L"NoSuchMember", DISPATCH_METHOD).Succeeded());
-    EXPECT_EQ(host.properties.Try(L"Add", DISPATCH_METHOD).result, DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(static_cast<long>(host.properties.Get(L"Count")), 1);
-}
-
-TEST_F(GridInContainer, RowsOfAnotherGridAreRefused) {
+TEST_F(GridInContainer, TwoGridsMixTheirEditsOrOneTakesTheOthersAlong) {
     AtlContainer one;
     AtlContainer other;
-    one.AddRow(L"A", L"x");
-    other.AddRow(L"A", L"x");
-    const LateBound alien = other.properties.Object(L"Item", {1L});
-    for (const Outcome& outcome :
-         {one.grid.Try(L"SelectedProperty", DISPATCH_PROPERTYPUTREF, {_variant_t(alien.Dispatch())}),
-          one.grid.Try(L"StartPropertyEdit", DISPATCH_METHOD, {_variant_t(alien.Dispatch())})}) {
-        EXPECT_EQ(outcome.number, static_cast<HRESULT>(0x8004000D));
-        EXPECT_EQ(outcome.description, L"Alien property object.");
-        EXPECT_EQ(outcome.source, L"OrmiskGrid");
-    }
-    EXPECT_FALSE(one.grid.Object(L"SelectedProperty"));
-    EXPECT_FALSE(other.grid.Object(L"SelectedProperty"));
-}
-
-TEST_F(GridInContainer, TwoGridsKeepApart) {
-    AtlContainer one;
-    AtlContainer other;
-    one.AddRow(L"A", L"one");
-    other.AddRow(L"A", L"other");
-    one.grid.Put(L"ActiveView", 1L);
-    one.grid.Call(L"StartPropertyEdit", {_variant_t(one.properties.Object(L"Item", {1L}).Dispatch())});
-    other.grid.Call(L"StartPropertyEdit", {_variant_t(other.properties.Object(L"Item", {1L}).Dispatch())});
-    PumpMessages();
+    one.FillForEdit();
+    other.FillForEdit();
+    const auto type = [](HWND edit, wchar_t key) {
+        SendMessageW(edit, WM_CHAR, key, 1);
+        SendMessageW(edit, WM_CHAR, VK_RETURN, 1);
+    };
+    const auto values = [&] {
+        return std::pair(std::wstring(_bstr_t(one.properties.Object(L"Item", {1L}).Get(L"Value"))),
+                         std::wstring(_bstr_t(other.properties.Object(L"Item", {1L}).Get(L"Value"))));
+    };
     const HWND edits[] = {VisibleEdit(one.Window()), VisibleEdit(other.Window())};
     ASSERT_TRUE(edits[0] && edits[1] && edits[0] != edits[1]);
-    SendMessageW(edits[0], WM_CHAR, 'x', 1);
-    SendMessageW(edits[0], WM_CHAR, VK_RETURN, 1);
-    EXPECT_EQ(other.properties.Object(L"Item", {1L}).Get(L"Value"), _variant_t(L"other"));
-    EXPECT_NE(one.properties.Object(L"Item", {1L}).Get(L"Value"), _variant_t(L"one"));
-    EXPECT_EQ(static_cast<long>(other.grid.Get(L"ActiveView")), 0);
+    type(edits[0], L'x');
+    EXPECT_EQ(values(), std::pair(std::wstring(L"x"), std::wstring(L"one")));
     one.Destroy();
-    SendMessageW(edits[1], WM_CHAR, 'y', 1);
-    SendMessageW(edits[1], WM_CHAR, VK_RETURN, 1);
-    EXPECT_NE(other.properties.Object(L"Item", {1L}).Get(L"Value"), _variant_t(L"other"));
+    type(edits[1], L'y');
+    EXPECT_EQ(std::wstring(_bstr_t(other.properties.Object(L"Item", {1L}).Get(L"Value"))), L"y");
+}
+
+TEST_F(GridInContainer, ANeverSitedControlDoesNotAnswer) {
+    for (const bool begun : {false, true}) {
+        const ComPtr<IUnknown> control = CreateAlone();
+        ComPtr<IPersistStreamInit> state;
+        ASSERT_EQ(control.As(&state), S_OK);
+        if (begun) {
+            EXPECT_EQ(state->InitNew(), S_OK);
+        }
+        UseEverything(LateBound(control.Get()));
+        EXPECT_EQ(state->InitNew(), S_OK);
+    }
+}
+
+TEST_F(GridInContainer, ALostContainerTakesWhatTheHostStillHolds) {
+    AtlContainer host;
+    host.FillForEdit();
+    const LateBound row = host.properties.Object(L"Item", {1L});
+    const LateBound entries = row.Object(L"ListItems");
+    host.Destroy();
+    UseEverything(host.grid);
+    host.Release();
+    row.Put(L"Value", L"after");
+    row.Put(L"Visible", false);
+    row.Get(L"BackColor");
+    entries.Call(L"Add", {L"text", 1L});
+    EXPECT_EQ(row.Get(L"Value"), _variant_t(L"after"));
+}
+
+TEST_F(GridInContainer, TheControlNeedsMoreThanItsContainerToLive) {
+    AtlContainer host;
+    host.FillForEdit();
+    const HWND window = host.GridWindow();
+    host.Release();
+    PumpMessages();
+    EXPECT_TRUE(IsWindowVisible(window));
+    SendMessageW(window, WM_SETFOCUS, 0, 0);
+    host.Destroy();
+    EXPECT_FALSE(IsWindow(window));
+}
+
+void MoveThereAndBack() {
+    AtlContainer first;
+    AtlContainer second;
+    ComPtr<IOleObject> moved;
+    ComPtr<IOleObject> other;
+    ASSERT_EQ(first.grid.Dispatch()->QueryInterface(IID_PPV_ARGS(&moved)), S_OK);
+    ASSERT_EQ(second.grid.Dispatch()->QueryInterface(IID_PPV_ARGS(&other)), S_OK);
+    ComPtr<IOleClientSite> home;
+    ComPtr<IOleClientSite> site;
+    ASSERT_EQ(moved->GetClientSite(&home), S_OK);
+    ASSERT_EQ(other->GetClientSite(&site), S_OK);
+    const RECT place = {0, 0, 200, 200};
+    moved->SetClientSite(site.Get());
+    moved->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site.Get(), 0, second.Window(), &place);
+    PumpMessages();
+    EXPECT_EQ(GetParent(first.GridWindow()), second.Window());
+    first.FillForEdit();
+    EXPECT_EQ(static_cast<long>(first.properties.Get(L"Count")), 2);
+    moved->SetClientSite(nullptr);
+    UseEverything(first.grid);
+    moved->SetClientSite(home.Get());
+    moved->DoVerb(OLEIVERB_UIACTIVATE, nullptr, home.Get(), 0, first.Window(), &place);
+    PumpMessages();
+    UseEverything(first.grid);
+}
+
+TEST_F(GridInContainer, AControlThatMovesToAnotherSiteAndBackIsLost) {
+    MoveThereAndBack();
+    CountAnew(); // a first move makes the system keep handles
+    MoveThereAndBack();
+}
+
+TEST_F(GridInContainer, ADeactivatedOrClosedControlDoesNotAnswer) {
+    AtlContainer host;
+    host.FillForEdit();
+    ComPtr<IOleObject> object;
+    ComPtr<IOleInPlaceObject> place;
+    ASSERT_EQ(host.grid.Dispatch()->QueryInterface(IID_PPV_ARGS(&object)), S_OK);
+    ASSERT_EQ(object.As(&place), S_OK);
+    EXPECT_EQ(place->UIDeactivate(), S_OK);
+    EXPECT_EQ(place->InPlaceDeactivate(), S_OK);
+    UseEverything(host.grid);
+    EXPECT_EQ(object->Close(OLECLOSE_NOSAVE), S_OK);
+    UseEverything(host.grid);
+    object->SetClientSite(nullptr);
+    UseEverything(host.grid);
+    object->Close(OLECLOSE_NOSAVE);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
-' Rows come, go and are cleared, with the events and the state that a handler of them sees.
+' Rows come and go as a script has it: arguments left out, default members, For Each, the events and what a handler of them
+' sees, and refusals that arrive in Err.
 Option Explicit
 Host.Include "lib/common.vbs"
 
@@ -10,112 +11,71 @@ Sub Grid_PropertyDeleted(aProperty)
     Note "deleted " & aProperty.Name & " leaving " & Grid.Properties.Count
 End Sub
 
-Sub Grid_SelChanged(aProperty)
-    Note "selected " & NameOf(aProperty)
-End Sub
-
-Sub Grid_PropertyValueChanged(aProperty)
-    Note "changed " & aProperty.Name
-End Sub
-
-Dim all, item, names, held
+Dim all, item, names, thing, text
 Set all = Grid.Properties
-MakePlain 300, 300
+Set thing = CreateObject("Scripting.Dictionary")
+CheckTrue "no item in an empty collection", all("nothing here") Is Nothing
 
-' An empty collection answers Nothing to any argument.
-CheckTrue "no item by position", all.Item(7) Is Nothing
-CheckTrue "no item by key", all.Item("nothing here") Is Nothing
-all.Remove 3
-CheckEvents "empty", ""
-
-' What a row gets when only its name is given.
+' What a row gets when only its name is given, and when all is.
 Set item = all.Add("Width")
-CheckEvents "added", "added Width as 1 of 1"
-CheckEqual "value", "", item.Value
 CheckTrue "no value is Empty", IsEmpty(item.Value)
-CheckEqual "category", "Misc", item.Category
-CheckEqual "key", "", item.Key
-CheckEqual "editor", omTextEditor, item.EditorType
-CheckEqual "text", "", item.FormattedText
-CheckTrue "visible", item.Visible
+CheckEqual "defaults", "Misc  2 True", item.Category & " " & item.Key & " " & item.EditorType & " " & item.Visible
 CheckTrue "no source", item.SourceObject Is Nothing
-
 all.Add "Height", 12, "Size", " tall ", Nothing, True, omNumberEditor
 all.Add2 "Width", 3.5, "Size", "wide", Nothing, False, omCustomEditor, "mine"
-CheckEvents "added with a key", "added Height as 2 of 2, added Width as 3 of 3"
+CheckEvents "added", "added Width as 1 of 1, added Height as 2 of 2, added Width as 3 of 3"
+CheckEqual "by Add2", "1 mine", all("wide").EditorType & " " & all("wide").EditorKey
 
 ' Items are found by position, by host key and by category and name; keys in any case of letters.
-CheckEqual "by position", "Height", all(2).Name
-CheckEqual "by position as text", "Width", all.Item("3").Name
-CheckEqual "key is trimmed", "tall", all(2).Key
-CheckEqual "by key", 12, all.Item("TALL").Value
-CheckEqual "by internal key", 3.5, all("Size_Width").Value
-CheckEqual "internal key of a row without a category", 1, all("_width").Index
-CheckEqual "custom editor", "mine", all("wide").EditorKey
-CheckEqual "custom editor type", omCustomEditor, all("wide").EditorType
-On Error Resume Next
-Set item = all.Item(4)
-CheckFailed "a position past the end"
-Set item = all.Item(0)
-CheckFailed "position 0"
-Set item = all.Item("unknown")
-CheckFailed "an unknown key"
-all.Remove "unknown"
-CheckFailed "removing an unknown key"
-On Error GoTo 0
-CheckEqual "still three", 3, all.Count
-
-names = ""
+CheckEqual "found", "Height Width 12 3.5 1", all(2).Name & " " & all.Item("3").Name & " " & all("TALL").Value & " " & _
+    all("Size_Width").Value & " " & all("_width").Index
 For Each item In all
     names = names & item.Index & item.Name & " "
 Next
 CheckEqual "enumeration", "1Width 2Height 3Width ", names
 
-' A removal numbers the rest anew, and the row is out of the collection when the event comes.
+' Number, source and text of a refusal reach the script, and nothing has changed.
+On Error Resume Next
+all.Add "N", thing, "", "", Nothing, True, omNumberEditor
+CheckRefused "object for a number", 10, "CProperties.Add", "Invalid value for specified editor."
+all.Add2 "N", 1, "", "TALL", Nothing, True, 2, "mine"
+CheckRefused "key in use", 5, "CProperties.Add", "Property with this key is already present."
+Grid.CategorySeparator = " "
+CheckRefused "blank separator", 2, kLibrary, "CategorySeparator : Invalid property value."
+Grid.StartPropertyEdit Nothing
+CheckRefused "editing Nothing", 16, kLibrary, "Invalid property object specified."
+all.Add thing
+CheckFailed "an object for a name"
+Set item = all.Item(thing)
+CheckFailed "an object for a key"
+Set Grid.SelectedProperty = thing
+CheckFailed "selecting a foreign object"
+Set Grid.Font = thing
+CheckFailed "a foreign object for a font"
+Grid.BackColor = "red"
+CheckFailed "a word for a colour"
+text = Grid.RegisterEditor(" ", Nothing)
+CheckRefused "blank key of an editor", 3, "RegisterEditor : ", "Invalid key specified."
+On Error GoTo 0
+CheckEvents "refused", ""
+CheckEqual "rows after refusals", 3, all.Count
+
+' A removal numbers the rest anew. A row that the script holds stays usable; references need no Set.
+Set item = all("tall")
+Grid.SelectedProperty = item
+CheckEqual "a reference without Set", "Height", Selected()
 all.Remove 1
-CheckEvents "removed by position", "deleted Width leaving 2"
-CheckEqual "renumbered", 1, all("tall").Index
-CheckEqual "renumbered", 2, all("wide").Index
 all.Remove "tall"
-CheckEvents "removed by key", "deleted Height leaving 1"
-CheckEqual "the key is free again", "tall", all.Add("Other", 1, "", "tall").Key
-EventLog = ""
-
-' A removed row that the script still holds stays usable and reaches no grid.
-Set held = all("tall")
-all.Remove "tall"
-EventLog = ""
-held.Value = "after"
-held.Visible = False
-CheckEqual "a held row keeps values", "after", held.Value
-
-' The selected row goes without a word about the selection.
-all.Clear
-all.Add "A", "one"
-all.Add "B", "two"
-Set Grid.SelectedProperty = all("_A")
-EventLog = ""
-all.Remove "_A"
-CheckEvents "selected row removed", "deleted A leaving 1"
-CheckEqual "nothing is selected", "Nothing", Selected()
-
-Set Grid.SelectedProperty = all("_B")
-EventLog = ""
+CheckEvents "removed", "deleted Width leaving 2, deleted Height leaving 1"
+CheckEqual "left", "1 Nothing", all("wide").Index & " " & Selected()
+item.Value = "after"
+CheckEqual "a held row", "after", item.Value
 CheckTrue "Clear answers Empty", IsEmpty(all.Clear())
 CheckEvents "cleared", ""
-CheckEqual "nothing is left", 0, all.Count
-CheckEqual "nothing is selected", "Nothing", Selected()
-Grid.Refresh
 
-' Under the lock rows arrive with their events, but not on screen before it is lifted.
-Grid.Grid = 1
-Grid.LineColor = &HFF&
-Host.Pump 50
-Grid.LockRefresh = True
-all.Add "Locked", ""
-CheckEvents "added under the lock", "added Locked as 1 of 1"
-CheckEqual "not painted under the lock", &HFFFFFF, Host.Pixel(NameX(), RowsTop + RowHeight - 1)
-Grid.LockRefresh = False
-CheckEqual "painted after the lock", &HFF&, Host.Pixel(NameX(), RowsTop + RowHeight - 1)
-
+text = Grid.Version
+CheckEqual "version is told as 1.23.4567", "7 2 5", Len(text) - InStr(text, ".") & " " & InStr(text, ".") & " " & _
+    InStr(InStr(text, ".") + 1, text, ".")
+Host.Later "{ESC}", 500
+Grid.ShowAbout
 Finish

@@ -1,0 +1,38 @@
+#include "grid/ListInput.h"
+
+#include "grid/Grid.h"
+
+namespace ormisk {
+
+// The list is no pane: the control is held here while the host is told.
+
+void ListInput::OnItemChosen() {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
+    m_Grid.m_Session.ListItemChosen();
+}
+
+void ListInput::OnListClosed(bool cancelled) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
+    m_Grid.m_Session.ListClosed(cancelled);
+}
+
+void ListInput::OnKeyDown(int& keyCode, int shift) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
+    m_Grid.m_Events.KeyDown(keyCode, shift);
+}
+
+void ListInput::OnKeyPress(int& keyAscii) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
+    m_Grid.m_Events.KeyPress(keyAscii);
+    if (keyAscii != 0 && m_Grid.IsAlive())
+        m_Grid.m_Session.EditorKeyPress(keyAscii);
+}
+
+void ListInput::OnKeyUp(int& keyCode, int shift) {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
+    m_Grid.m_Events.KeyUp(keyCode, shift);
+}
+
+void ListInput::OnGotFocus() { m_Grid.m_Host.FocusEntered(); }
+
+} // namespace ormisk
