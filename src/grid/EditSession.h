@@ -50,6 +50,8 @@ public:
     // After the selected property changed: shows what it kept.
     void ReloadEditor(CProperty& property);
     void CommitAndHide();
+    // The editor shows the stored value again; hidden by then, it commits nothing on the way.
+    void CancelAndHide();
 
     // The text box of the text and number editors.
     void TextKeyPress(int& keyAscii);

@@ -10,6 +10,7 @@
 #include "grid/GridState.h"
 #include "grid/Input.h"
 #include "grid/ModelView.h"
+#include "grid/ObjectLoader.h"
 #include "grid/PaneMessages.h"
 #include "grid/Panes.h"
 #include "grid/RecordToolbar.h"
@@ -67,6 +68,7 @@ public:
 
     GridProperties m_Properties;
     ModelView m_ModelView;
+    ObjectLoader m_ObjectLoader;
     Panes m_Panes;
     RowPainter m_RowPainter;
     ChromeMetrics m_ChromeMetrics;
