@@ -2,13 +2,15 @@
 
 namespace ormisk {
 
-_variant_t InvokeByName(IDispatch* object, const std::wstring& member, WORD flags, VARIANT* argument, LCID locale) {
-    CheckPointer(object);
-    const ComPtr<IDispatch> alive(object);
-    wchar_t* name = const_cast<wchar_t*>(member.c_str());
-    DISPID id = DISPID_UNKNOWN;
-    Check(object->GetIDsOfNames(IID_NULL, &name, 1, locale, &id));
+namespace {
 
+HRESULT FindByName(IDispatch* object, const std::wstring& member, LCID locale, DISPID* id) {
+    wchar_t* name = const_cast<wchar_t*>(member.c_str());
+    return object->GetIDsOfNames(IID_NULL, &name, 1, locale, id);
+}
+
+HRESULT InvokeById(IDispatch* object, DISPID id, WORD flags, VARIANT* argument, LCID locale, VARIANT* result,
+                   EXCEPINFO* exception) {
     DISPID put = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{argument, nullptr, argument ? 1u : 0u, 0};
     const bool puts = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
@@ -16,15 +18,63 @@ _variant_t InvokeByName(IDispatch* object, const std::wstring& member, WORD flag
         parameters.rgdispidNamedArgs = &put;
         parameters.cNamedArgs = 1;
     }
+    return object->Invoke(id, IID_NULL, locale, flags, &parameters, puts ? nullptr : result, exception, nullptr);
+}
+
+void FreeTexts(const EXCEPINFO& exception) {
+    SysFreeString(exception.bstrSource);
+    SysFreeString(exception.bstrDescription);
+    SysFreeString(exception.bstrHelpFile);
+}
+
+} // namespace
+
+_variant_t InvokeByName(IDispatch* object, const std::wstring& member, WORD flags, VARIANT* argument, LCID locale) {
+    CheckPointer(object);
+    const ComPtr<IDispatch> alive(object);
+    DISPID id = DISPID_UNKNOWN;
+    Check(FindByName(object, member, locale, &id));
     _variant_t result;
     EXCEPINFO exception{};
-    const HRESULT hr =
-        object->Invoke(id, IID_NULL, locale, flags, &parameters, puts ? nullptr : &result, &exception, nullptr);
+    const HRESULT hr = InvokeById(object, id, flags, argument, locale, &result, &exception);
     if (hr == DISP_E_EXCEPTION) {
         throw TakeException(exception);
     }
     Check(hr);
     return result;
+}
+
+NamedProperty::NamedProperty(IDispatch* object, const std::wstring& name) : m_Object(object) {
+    if (object) {
+        m_Found = FindByName(object, name, kByNameLocale, &m_Id);
+    }
+}
+
+HRESULT NamedProperty::Get(_variant_t& value) const {
+    value.Clear();
+    if (FAILED(m_Found)) {
+        return m_Found;
+    }
+    EXCEPINFO exception{};
+    const HRESULT hr =
+        InvokeById(m_Object.Get(), m_Id, DISPATCH_PROPERTYGET, nullptr, kByNameLocale, &value, &exception);
+    if (FAILED(hr)) {
+        FreeTexts(exception);
+        value.Clear();
+    }
+    return hr;
+}
+
+HRESULT NamedProperty::Put(WORD flags, VARIANT* value) const {
+    if (FAILED(m_Found)) {
+        return m_Found;
+    }
+    EXCEPINFO exception{};
+    const HRESULT hr = InvokeById(m_Object.Get(), m_Id, flags, value, kByNameLocale, nullptr, &exception);
+    if (FAILED(hr)) {
+        FreeTexts(exception);
+    }
+    return hr;
 }
 
 } // namespace ormisk

@@ -339,6 +339,16 @@ void EditSession::CommitAndHide() {
         HideCurrentEditor();
 }
 
+void EditSession::CancelAndHide() {
+    const ComPtr<_CEditor> editor = m_CurrentEditor;
+    if (!editor)
+        return;
+    m_CurrentEditor = nullptr;
+    EditorProxy proxy(editor.Get());
+    proxy.SetVisible(false);
+    proxy.Cancel();
+}
+
 void EditSession::ApplyEditorValue(_CEditor* editor, bool cancel) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer()); // the host's editor calls from where it likes
     const ComPtr<_CEditor> held(editor);

@@ -50,6 +50,8 @@ public:
     // After the selected property changed: shows what it kept.
     void ReloadEditor(CProperty& property);
     void CommitAndHide();
+    // The editor shows the stored value again; hidden by then, it commits nothing on the way.
+    void CancelAndHide();
 
     // A key in the window of the open editor.
     void EditorKeyPress(int& keyAscii);

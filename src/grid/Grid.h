@@ -11,6 +11,7 @@
 #include "grid/Input.h"
 #include "grid/ListInput.h"
 #include "grid/ModelView.h"
+#include "grid/ObjectLoader.h"
 #include "grid/PaneMessages.h"
 #include "grid/Panes.h"
 #include "grid/RecordToolbar.h"
@@ -68,6 +69,7 @@ public:
 
     GridProperties m_Properties;
     ModelView m_ModelView;
+    ObjectLoader m_ObjectLoader;
     Panes m_Panes;
     RowPainter m_RowPainter;
     ChromeMetrics m_ChromeMetrics;

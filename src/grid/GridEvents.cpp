@@ -8,6 +8,7 @@ namespace {
 
 // Dispatch numbers of the events that are not every control's.
 enum EventId : DISPID {
+    kAddingProperty = 1,
     kPropertyAdded = 2,
     kPropertyDeleted = 3,
     kPropertyDraw = 4,
@@ -59,6 +60,20 @@ VARIANT FlagReference(VARIANT_BOOL& flag) {
     return v;
 }
 
+VARIANT Reference(BSTR& text) {
+    VARIANT v;
+    V_VT(&v) = VT_BYREF | VT_BSTR;
+    V_BSTRREF(&v) = &text;
+    return v;
+}
+
+VARIANT Reference(LONG& number) {
+    VARIANT v;
+    V_VT(&v) = VT_BYREF | VT_I4;
+    V_I4REF(&v) = &number;
+    return v;
+}
+
 VARIANT Reference(SHORT& number) {
     VARIANT v;
     V_VT(&v) = VT_BYREF | VT_I2;
@@ -89,6 +104,34 @@ void GridEvents::FireWithFlag(DISPID id, VARIANT* arguments, UINT count, bool& f
     arguments[count - 1] = FlagReference(value);
     m_Sinks.Fire(id, arguments, count);
     flag = value == VARIANT_TRUE;
+}
+
+void GridEvents::AddingProperty(const std::wstring& name, std::wstring& category, omEditorType& editorType,
+                                bool& cancel) {
+    if (!m_Sinks.HasListeners())
+        return;
+    struct Written {
+        Written(std::wstring& category, omEditorType& editorType, bool& cancel)
+            : category(category), editorType(editorType), cancel(cancel), text(NewBstr(category)), type(editorType),
+              flag(cancel ? VARIANT_TRUE : VARIANT_FALSE) {}
+        Written(const Written&) = delete;
+        Written& operator=(const Written&) = delete;
+        ~Written() {
+            IgnoringFailures([&] { category = FromBstr(text); });
+            SysFreeString(text);
+            editorType = static_cast<omEditorType>(type);
+            cancel = flag != VARIANT_FALSE;
+        }
+        std::wstring& category;
+        omEditorType& editorType;
+        bool& cancel;
+        BSTR text;
+        LONG type;
+        VARIANT_BOOL flag;
+    } written(category, editorType, cancel);
+    _bstr_t shown = ToBstr(name);
+    VARIANT arguments[] = {Text(shown), Reference(written.text), Reference(written.type), FlagReference(written.flag)};
+    m_Sinks.Fire(kAddingProperty, arguments, 4);
 }
 
 void GridEvents::PropertyAdded(CProperty& property) { FireWithProperty(kPropertyAdded, &property); }

@@ -12,6 +12,8 @@ class GridEvents {
 public:
     explicit GridEvents(ConnectionPoints& sinks) : m_Sinks(sinks) {}
 
+    // All but the name are written back, also those that a failing handler had written by then.
+    void AddingProperty(const std::wstring& name, std::wstring& category, omEditorType& editorType, bool& cancel);
     void PropertyAdded(CProperty& property);
     void PropertyDeleted(CProperty& property);
     // `doDefault` is written back; the context's handle fits into the public 32 bits.

@@ -5,6 +5,7 @@
 #include "tree/CategoryWalk.h"
 #include "tree/HostSort.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace ormisk {
@@ -177,6 +178,8 @@ void ModelView::RemoveCategorizedNode(CNode& node) {
 
 void ModelView::OnPropertiesCleared() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
+    const auto former = std::move(m_FormerObjects); // goes last: letting an object go can call the host
+    m_FormerObjects.clear();
     m_Grid.m_Session.Drop();
     m_LastCategoryNode = nullptr;
     m_Grid.m_CategorizedNodes.Clear();
@@ -216,11 +219,19 @@ void ModelView::UpdateChildren(CProperty& property, CNode& node) {
     if (node.ChildCount() == 0)
         return;
     const ComPtr<IDispatch> object = Query<IDispatch>(ObjectOf(property.Value()));
+    const CProperty* firstChild = node.FirstChild()->Property();
+    if (!object && firstChild)
+        KeepFormer(firstChild->SourceObject());
     for (Ref<CNode> child(node.FirstChild()); child; child = Ref<CNode>(child->NextSibling())) {
         if (CProperty* childProperty = child->Property())
             childProperty->SetSourceObject(object.Get());
         m_Grid.m_Panes.InvalidateNodeRow(child.Get());
     }
+}
+
+void ModelView::KeepFormer(ComPtr<IDispatch> object) {
+    if (object && std::ranges::find(m_FormerObjects, object) == m_FormerObjects.end())
+        m_FormerObjects.push_back(std::move(object));
 }
 
 void ModelView::VisibilityChanged(CProperty& property) {

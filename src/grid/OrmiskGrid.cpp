@@ -155,8 +155,15 @@ STDMETHODIMP OrmiskGrid::put_Indentation(float value) {
     return Run([&] { m_Grid.m_Properties.PutIndentation(value); });
 }
 
-STDMETHODIMP OrmiskGrid::LoadObjectProperties(IDispatch*, VARIANT_BOOL, VARIANT_BOOL, VARIANT_BOOL*) {
-    return Run([]() { Raise(E_NOTIMPL, L"This version does not read objects."); });
+STDMETHODIMP OrmiskGrid::LoadObjectProperties(IDispatch* object, VARIANT_BOOL clear, VARIANT_BOOL autoUpdate,
+                                              VARIANT_BOOL* result) {
+    return Run([&] {
+        CheckPointer(result);
+        *result = VARIANT_FALSE;
+        const bool done =
+            m_Grid.m_ObjectLoader.LoadObjectProperties(object, clear != VARIANT_FALSE, autoUpdate != VARIANT_FALSE);
+        *result = done ? VARIANT_TRUE : VARIANT_FALSE;
+    });
 }
 
 STDMETHODIMP OrmiskGrid::LoadRecordset(IDispatch*, VARIANT_BOOL, VARIANT_BOOL*) {

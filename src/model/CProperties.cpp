@@ -30,12 +30,25 @@ long PositionOf(const VARIANT& value) {
 
 bool IsGiven(const VARIANT* value) { return value && !IsMissing(*value); }
 
+// A removed property that a host keeps: while the removal is told it still mirrors its object, afterwards nothing.
+class Unlinking {
+public:
+    explicit Unlinking(CProperty& property) : m_Property(property) {}
+    Unlinking(const Unlinking&) = delete;
+    Unlinking& operator=(const Unlinking&) = delete;
+    ~Unlinking() { m_Property.DropSourceObject(); }
+
+private:
+    CProperty& m_Property;
+};
+
 } // namespace
 
 // Hosts may keep properties longer than their collection.
 CProperties::~CProperties() {
     for (const auto& property : m_Items) {
         property.Get()->SetFiled(false);
+        property.Get()->DropSourceObject();
     }
 }
 
@@ -127,6 +140,7 @@ CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
 void CProperties::RemoveByInternalKey(const std::wstring& key) {
     const ComPtr<CProperties> alive(this);
     const ComPtr<CProperty> property = RaisingFaults([&] { return m_Items.Get(FoldedKey(key)); });
+    const Unlinking unlinking(*property.Get());
     m_Items.RemoveAt(property->Index());
     if (!property->Key().empty()) {
         m_Keys.Erase(property.Get());
@@ -148,6 +162,7 @@ void CProperties::RemoveAll() {
     const auto removed = m_Items.TakeAll();
     for (const auto& property : removed) {
         property.Get()->SetFiled(false);
+        property.Get()->DropSourceObject();
     }
     if (PropertyOwner* owner = Owner()) {
         owner->OnPropertiesCleared();

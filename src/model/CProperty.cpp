@@ -108,7 +108,8 @@ void CProperty::LetValue(const VARIANT& given) {
     if (!changed) {
         return;
     }
-    Store(m_Value, value);
+    _variant_t former = value; // children mirror a former object until they hear of the new value
+    SwapValues(m_Value, former);
     WriteThrough(SourceName(), DISPATCH_PROPERTYPUT, value);
     NotifyChange(L"Value");
 }
@@ -123,8 +124,9 @@ void CProperty::SetValue(const VARIANT& given) {
         LetValue(value);
         return;
     }
+    _variant_t former = value;
     if (!SameObject(ObjectOf(value), ObjectOf(m_Value))) {
-        Store(m_Value, value);
+        SwapValues(m_Value, former);
         WriteThrough(m_Name, DISPATCH_PROPERTYPUTREF, value);
     }
     NotifyChange(L"Value");
@@ -182,6 +184,13 @@ std::wstring CProperty::EditorParam(const std::wstring& name) const {
         value = Owner()->EditorParam(m_EditorType, trimmed);
     }
     return value;
+}
+
+void CProperty::SetParam(const std::wstring& name, const std::wstring& value) {
+    if (!m_EditorParams) {
+        m_EditorParams = std::make_unique<EditorParamStore>();
+    }
+    m_EditorParams->Set(name, value);
 }
 
 std::wstring CProperty::ParamOr(const std::wstring& name, const wchar_t* otherwise) const {

@@ -70,6 +70,13 @@ public:
     void SetVisible(bool visible) { Change(m_Visible, visible, L"Visible"); }
     void SetReadOnly(bool readOnly) { Change(m_ReadOnly, readOnly, L"ReadOnly"); }
     void SetUnicode(bool byteExpanded) { Change(m_Unicode, byteExpanded, L"Unicode"); }
+    void SetHelp(const std::wstring& help) { Change(m_Help, help, L"Help"); }
+    void SetHelpFile(const std::wstring& file) { Change(m_HelpFile, file, L"HelpFile"); }
+    void SetHelpContext(long context) { Change(m_HelpContext, context, L"HelpContext"); }
+
+    // These do not report. The name of a parameter counts in any case; a blank one raises InvalidKey.
+    void SetEditorType(omEditorType type) { m_EditorType = type; }
+    void SetParam(const std::wstring& name, const std::wstring& value);
 
     // Operations of the library itself; none of them reports.
 
@@ -85,6 +92,8 @@ public:
     void ReplaceCategorySeparator(std::wstring_view oldSeparator, std::wstring_view newSeparator);
     // Nothing leaves the old object in place. The object is not counted: who gives it sees that it outlives its use.
     void SetSourceObject(IDispatch* source);
+    // A property that left its collection mirrors nothing any more.
+    void DropSourceObject() { m_SourceObject = nullptr; }
     // Whether a collection holds the property. One that was removed lives on as long as a host keeps it.
     bool IsFiled() const { return m_Filed; }
     void SetFiled(bool filed) { m_Filed = filed; }

@@ -120,13 +120,13 @@ HRESULT CProperty::get_EditorType(omEditorType* value) {
     });
 }
 HRESULT CProperty::put_EditorType(omEditorType value) {
-    m_EditorType = value;
+    SetEditorType(value);
     return S_OK;
 }
 
 HRESULT CProperty::get_Help(BSTR* value) { return GiveText(value, m_Help); }
 HRESULT CProperty::put_Help(BSTR value) {
-    return Member([&] { Change(m_Help, FromBstr(value), L"Help"); });
+    return Member([&] { SetHelp(FromBstr(value)); });
 }
 
 HRESULT CProperty::get_ListItems(_CListItems** value) {
@@ -183,13 +183,7 @@ HRESULT CProperty::put_AutoUpdateSource(VARIANT_BOOL value) {
 }
 
 HRESULT CProperty::SetEditorParam(BSTR name, BSTR value) {
-    return Member([&] {
-        const std::wstring key = CheckedName(name);
-        if (!m_EditorParams) {
-            m_EditorParams = std::make_unique<EditorParamStore>();
-        }
-        m_EditorParams->Set(key, FromBstr(value));
-    });
+    return Member([&] { SetParam(FromBstr(name), FromBstr(value)); });
 }
 
 HRESULT CProperty::GetEditorParam(BSTR name, BSTR* value) {
@@ -201,12 +195,12 @@ HRESULT CProperty::GetEditorParam(BSTR name, BSTR* value) {
 }
 
 HRESULT CProperty::put_HelpFile(BSTR value) {
-    return Member([&] { Change(m_HelpFile, FromBstr(value), L"HelpFile"); });
+    return Member([&] { SetHelpFile(FromBstr(value)); });
 }
 HRESULT CProperty::get_HelpFile(BSTR* value) { return GiveText(value, m_HelpFile); }
 
 HRESULT CProperty::put_HelpContext(long value) {
-    return Member([&] { Change(m_HelpContext, value, L"HelpContext"); });
+    return Member([&] { SetHelpContext(value); });
 }
 HRESULT CProperty::get_HelpContext(long* value) { return Give(value, m_HelpContext); }
 

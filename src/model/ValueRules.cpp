@@ -46,12 +46,6 @@ VARTYPE ReferenceType(VARTYPE type) {
     }
 }
 
-void ReferTo(VARIANT& reference, VARIANT& value, VARTYPE type) {
-    V_VT(&reference) = static_cast<VARTYPE>(type | VT_BYREF);
-    // All plain types lie at the same place.
-    V_BYREF(&reference) = type == VT_VARIANT ? static_cast<void*>(&value) : static_cast<void*>(&V_I4(&value));
-}
-
 } // namespace
 
 bool IsValueValidForEditor(const VARIANT& given, omEditorType type) {
@@ -92,12 +86,16 @@ _variant_t InvokeProperty(IDispatch* object, const std::wstring& member, WORD ca
         InvokeByName(object, member, callType);
         return InvokeByName(object, member, callType);
     }
-    _variant_t argument = Plain(value);
-    const VARTYPE type = callType == DISPATCH_PROPERTYPUT ? ReferenceType(V_VT(&argument)) : VARTYPE{VT_VARIANT};
-    VARIANT reference{};
-    ReferTo(reference, argument, type);
-    InvokeByName(object, member, callType, &reference);
+    ReferenceArgument argument(value, callType);
+    InvokeByName(object, member, callType, argument.Get());
     return {};
+}
+
+ReferenceArgument::ReferenceArgument(const VARIANT& value, WORD callType) : m_Value(Plain(value)) {
+    const VARTYPE type = callType == DISPATCH_PROPERTYPUT ? ReferenceType(V_VT(&m_Value)) : VARTYPE{VT_VARIANT};
+    V_VT(&m_Reference) = static_cast<VARTYPE>(type | VT_BYREF);
+    // All plain types lie at the same place.
+    V_BYREF(&m_Reference) = type == VT_VARIANT ? static_cast<void*>(&m_Value) : static_cast<void*>(&V_I4(&m_Value));
 }
 
 std::wstring DefaultText(IUnknown* object) {
@@ -119,8 +117,8 @@ std::wstring DefaultText(IUnknown* object) {
     return text;
 }
 
-void Store(_variant_t& target, _variant_t value) {
-    std::swap(static_cast<VARIANT&>(target), static_cast<VARIANT&>(value));
-}
+void Store(_variant_t& target, _variant_t value) { SwapValues(target, value); }
+
+void SwapValues(_variant_t& a, _variant_t& b) { std::swap(static_cast<VARIANT&>(a), static_cast<VARIANT&>(b)); }
 
 } // namespace ormisk

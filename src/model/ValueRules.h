@@ -21,10 +21,25 @@ bool IsNumericText(std::wstring_view text);
 // for members with a typed by-reference parameter. Raises what the object raised.
 _variant_t InvokeProperty(IDispatch* object, const std::wstring& member, WORD callType, const VARIANT& value = {});
 
+// A value as InvokeProperty passes it to a member: by reference, a plain one that is let as a variable of its own type.
+class ReferenceArgument {
+public:
+    // Raises when the value cannot be copied.
+    ReferenceArgument(const VARIANT& value, WORD callType);
+    ReferenceArgument(const ReferenceArgument&) = delete;
+    ReferenceArgument& operator=(const ReferenceArgument&) = delete;
+    VARIANT* Get() { return &m_Reference; } // refers to this object
+
+private:
+    _variant_t m_Value;
+    VARIANT m_Reference{};
+};
+
 // The text of an object by its default member; "" when it has none.
 std::wstring DefaultText(IUnknown* object);
 
 // Puts `value` in place of what `target` holds. What it held is let go afterwards: that can call the host.
 void Store(_variant_t& target, _variant_t value);
+void SwapValues(_variant_t& a, _variant_t& b);
 
 } // namespace ormisk

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "automation/ByName.h"
+#include "model/ValueRules.h"
+
+namespace ormisk {
+
+// Whether a property refuses what it holds itself: it is written back and has whatever effect the object gives that.
+// With INVOKE_PROPERTYPUTREF among its kinds it is set as an object, else let. What cannot be read counts as refused.
+bool IsReadOnlyMember(const NamedProperty& property, unsigned invokeKinds);
+
+// For members that want an argument of their exact type: a let plain value is passed by reference as one. Raises what
+// the object raised.
+inline _variant_t InvokeTyped(IDispatch* target, const std::wstring& name, WORD callType, const VARIANT& value) {
+    return InvokeProperty(target, name, callType, value);
+}
+
+} // namespace ormisk
