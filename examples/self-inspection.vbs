@@ -1,0 +1,18 @@
+' A grid with the properties of a file, and beside it a grid that shows its own settings: what is changed there takes
+' effect at once.
+'
+'   ./run
+
+Option Explicit
+
+Host.Include "lib\file-rows.vbs"
+Host.Include "lib\own-settings.vbs"
+
+Host.Resize 720, 520
+FillGrid
+Dim settings
+Set settings = AddOwnSettings(380)
+If Not Host.Interactive Then
+    ChangeOwnSettings
+    Host.Quit 0
+End If
