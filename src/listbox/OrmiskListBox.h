@@ -80,8 +80,8 @@ private:
     // How the open list is about to end.
     enum class Ending { Unknown, Chosen, Dismissed };
 
-    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                       DWORD_PTR box);
+    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    WNDPROC Subclass(HWND window);
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnListMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnKeyDown(UINT message, WPARAM wParam, LPARAM lParam);
@@ -105,7 +105,9 @@ private:
     void Repaint();
 
     HWND m_Window = nullptr;
-    HWND m_List = nullptr; // the system's, a window of its own over all others
+    HWND m_List = nullptr;          // the system's, a window of its own over all others
+    WNDPROC m_WindowProc = nullptr; // of the system, as is the list's
+    WNDPROC m_ListProc = nullptr;
     ListBoxListener* m_Listener = nullptr;
     std::shared_ptr<char> m_Life; // a callback that destroys the box is seen by a weak reference to it
     std::vector<Item> m_Items;
