@@ -68,6 +68,7 @@ HWND OrmiskListBox::Parent() const { return m_Window ? GetParent(m_Window) : nul
 void OrmiskListBox::Clear() {
     ShowList(false);
     m_Index = -1;
+    m_TypeAhead = {};
     Ask(CB_RESETCONTENT);
     Repaint();
     // A value that is let go can call its maker, who finds the list empty.
@@ -274,6 +275,7 @@ LRESULT OrmiskListBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARA
         const LRESULT result = Default(window, message, wParam, lParam);
         if (!life.expired()) {
             Repaint();
+            m_TypeAhead = {};
             if (message == WM_SETFOCUS)
                 Tell([](ListBoxListener& to) { to.OnGotFocus(); });
         }
