@@ -5,6 +5,7 @@
 #include "platform/TextOutput.h"
 
 #include <algorithm>
+#include <windowsx.h>
 
 namespace ormisk {
 namespace {
@@ -297,6 +298,14 @@ LRESULT OrmiskListBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARA
 }
 
 LRESULT OrmiskListBox::OnListMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MOUSEMOVE) {
+        // A mouse that rests where the list came up does not take the highlight from the keys.
+        POINT cursor{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+        ClientToScreen(window, &cursor);
+        if (cursor.x == m_Cursor.x && cursor.y == m_Cursor.y)
+            return 0;
+        m_Cursor = {cursor.x, cursor.y};
+    }
     if (message == WM_WINDOWPOSCHANGING && m_Open) {
         auto& place = *reinterpret_cast<WINDOWPOS*>(lParam);
         if (!(place.flags & SWP_NOMOVE) || !(place.flags & SWP_NOSIZE)) {
@@ -390,6 +399,8 @@ void OrmiskListBox::OnNotice(WORD code) {
         m_Open = true;
         m_Ending = Ending::Unknown;
         m_ListPlace = ListPlace();
+        if (POINT cursor{}; GetCursorPos(&cursor))
+            m_Cursor = {cursor.x, cursor.y};
         Repaint();
         break;
     case CBN_SELENDOK:

@@ -119,6 +119,7 @@ private:
     int m_Depth = 0; // of calls into the system: nothing is told from within one
     TypeAhead m_TypeAhead;
     Rect m_ListPlace;
+    Point m_Cursor; // where the open list last saw it
     Color m_BackColor;
     Color m_ForeColor;
     CBrush m_Background;
