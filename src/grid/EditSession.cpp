@@ -272,7 +272,13 @@ void EditSession::TypeInto(int keyCode) {
         return;
     if (BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get()))
         builtIn->BeginTyping();
+    // A quick hand has let go of Shift by now, and the key would come as a small letter.
+    const bool shiftLeft = GetKeyState(VK_SHIFT) < 0 && GetAsyncKeyState(VK_SHIFT) >= 0;
+    if (shiftLeft)
+        keybd_event(VK_SHIFT, 0, 0, 0);
     keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);
+    if (shiftLeft)
+        keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
 }
 
 void EditSession::CloseEditor(bool keepOpen) {

@@ -5,12 +5,11 @@
 #include "platform/TextOutput.h"
 
 #include <algorithm>
-#include <commctrl.h>
+#include <windowsx.h>
 
 namespace ormisk {
 namespace {
 
-constexpr UINT_PTR kSubclassId = 1;
 constexpr int kTextMargin = 2; // beside a text, as in the cells of a row
 constexpr int kItemAir = 2;    // above and below the texts of the list, together
 constexpr UINT kTextFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
@@ -48,14 +47,21 @@ void OrmiskListBox::Create(HWND parent, ListBoxListener* listener) {
         Check(HRESULT_FROM_WIN32(GetLastError()));
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;
-    const auto self = reinterpret_cast<DWORD_PTR>(this);
-    if (!GetComboBoxInfo(window, &parts) || !SetWindowSubclass(window, WindowProc, kSubclassId, self) ||
-        !SetWindowSubclass(parts.hwndList, WindowProc, kSubclassId, self)) {
+    if (!GetComboBoxInfo(window, &parts)) {
+        const HRESULT failure = HRESULT_FROM_WIN32(GetLastError());
         DestroyWindow(window);
-        Check(E_OUTOFMEMORY);
+        Check(failure);
     }
     m_Window = window;
     m_List = parts.hwndList;
+    m_WindowProc = Subclass(m_Window);
+    m_ListProc = Subclass(m_List);
+}
+
+// Thousands of messages pass here while a list is filled, and looking up a window property for each takes long.
+WNDPROC OrmiskListBox::Subclass(HWND window) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    return reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProc)));
 }
 
 HWND OrmiskListBox::Parent() const { return m_Window ? GetParent(m_Window) : nullptr; }
@@ -63,6 +69,7 @@ HWND OrmiskListBox::Parent() const { return m_Window ? GetParent(m_Window) : nul
 void OrmiskListBox::Clear() {
     ShowList(false);
     m_Index = -1;
+    m_TypeAhead = {};
     Ask(CB_RESETCONTENT);
     Repaint();
     // A value that is let go can call its maker, who finds the list empty.
@@ -199,7 +206,8 @@ LRESULT OrmiskListBox::Ask(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT OrmiskListBox::Default(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const std::weak_ptr<char> life = m_Life;
     ++m_Depth;
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    const WNDPROC own = window == m_List ? m_ListProc : m_WindowProc;
+    const LRESULT result = CallWindowProcW(own, window, message, wParam, lParam);
     if (!life.expired())
         --m_Depth;
     return result;
@@ -215,15 +223,15 @@ template <class Call> bool OrmiskListBox::Tell(Call&& call) {
     return !life.expired() && m_Window == window;
 }
 
-LRESULT CALLBACK OrmiskListBox::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                           DWORD_PTR box) {
-    auto& self = *reinterpret_cast<OrmiskListBox*>(box);
+LRESULT CALLBACK OrmiskListBox::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto& self = *reinterpret_cast<OrmiskListBox*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     const std::weak_ptr<char> life = self.m_Life;
     const bool list = window == self.m_List;
     if (message == WM_NCDESTROY) {
+        const WNDPROC own = list ? self.m_ListProc : self.m_WindowProc;
         (list ? self.m_List : self.m_Window) = nullptr;
-        RemoveWindowSubclass(window, WindowProc, kSubclassId);
-        return DefSubclassProc(window, message, wParam, lParam);
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(own));
+        return CallWindowProcW(own, window, message, wParam, lParam);
     }
     const LRESULT result =
         list ? self.OnListMessage(window, message, wParam, lParam) : self.OnMessage(window, message, wParam, lParam);
@@ -268,6 +276,7 @@ LRESULT OrmiskListBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARA
         const LRESULT result = Default(window, message, wParam, lParam);
         if (!life.expired()) {
             Repaint();
+            m_TypeAhead = {};
             if (message == WM_SETFOCUS)
                 Tell([](ListBoxListener& to) { to.OnGotFocus(); });
         }
@@ -289,6 +298,14 @@ LRESULT OrmiskListBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARA
 }
 
 LRESULT OrmiskListBox::OnListMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MOUSEMOVE) {
+        // A mouse that rests where the list came up does not take the highlight from the keys.
+        POINT cursor{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+        ClientToScreen(window, &cursor);
+        if (cursor.x == m_Cursor.x && cursor.y == m_Cursor.y)
+            return 0;
+        m_Cursor = {cursor.x, cursor.y};
+    }
     if (message == WM_WINDOWPOSCHANGING && m_Open) {
         auto& place = *reinterpret_cast<WINDOWPOS*>(lParam);
         if (!(place.flags & SWP_NOMOVE) || !(place.flags & SWP_NOSIZE)) {
@@ -382,6 +399,8 @@ void OrmiskListBox::OnNotice(WORD code) {
         m_Open = true;
         m_Ending = Ending::Unknown;
         m_ListPlace = ListPlace();
+        if (POINT cursor{}; GetCursorPos(&cursor))
+            m_Cursor = {cursor.x, cursor.y};
         Repaint();
         break;
     case CBN_SELENDOK:

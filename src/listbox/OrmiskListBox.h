@@ -80,8 +80,8 @@ private:
     // How the open list is about to end.
     enum class Ending { Unknown, Chosen, Dismissed };
 
-    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                       DWORD_PTR box);
+    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    WNDPROC Subclass(HWND window);
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnListMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnKeyDown(UINT message, WPARAM wParam, LPARAM lParam);
@@ -105,7 +105,9 @@ private:
     void Repaint();
 
     HWND m_Window = nullptr;
-    HWND m_List = nullptr; // the system's, a window of its own over all others
+    HWND m_List = nullptr;          // the system's, a window of its own over all others
+    WNDPROC m_WindowProc = nullptr; // of the system, as is the list's
+    WNDPROC m_ListProc = nullptr;
     ListBoxListener* m_Listener = nullptr;
     std::shared_ptr<char> m_Life; // a callback that destroys the box is seen by a weak reference to it
     std::vector<Item> m_Items;
@@ -117,6 +119,7 @@ private:
     int m_Depth = 0; // of calls into the system: nothing is told from within one
     TypeAhead m_TypeAhead;
     Rect m_ListPlace;
+    Point m_Cursor; // where the open list last saw it
     Color m_BackColor;
     Color m_ForeColor;
     CBrush m_Background;

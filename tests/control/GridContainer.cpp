@@ -489,6 +489,17 @@ void GridTest::SetUp() {
                 container.Add(std::to_wstring(row).c_str());
             container.RealClick(container.Tree(), 30, container.RowTop(0) + 5);
             container.RealKeys({'A', VK_RETURN});
+            container.Select(container.Item(41L).Get()); // scrolls
+            container.Pump();
+            const auto choice = container.Add(L"Choice", 1L, L"", omListEditor);
+            ComPtr<_CListItems> items;
+            choice->get_ListItems(items.GetAddressOf());
+            for (long item = 1; item < 40; ++item) {
+                ComPtr<_CListItem> added;
+                items->Add(_bstr_t(item), _variant_t(item), added.GetAddressOf());
+            }
+            container->StartPropertyEdit(choice.Get());
+            container.RealKeys({VK_DOWN, VK_F4, VK_ESCAPE});
             container.Paint();
         }
         return true;
