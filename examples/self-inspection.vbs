@@ -8,10 +8,9 @@ Option Explicit
 Host.Include "lib\file-rows.vbs"
 Host.Include "lib\own-settings.vbs"
 
-Host.Resize 720, 520
+Host.Resize 760, 520
+AddOwnSettings 400
 FillGrid
-Dim settings
-Set settings = AddOwnSettings(380)
 If Not Host.Interactive Then
     ChangeOwnSettings
     Host.Quit 0

@@ -1,4 +1,4 @@
-' A second grid at the right edge that shows its own settings, and a session that changes three of them.
+' A second grid at the right edge that shows its own settings, and a session that changes three of them by mouse and keyboard.
 
 Const kRightEdge = 4
 
@@ -9,20 +9,33 @@ Function AddOwnSettings(width)
     AddOwnSettings.ColumnDividerPosition = 170
 End Function
 
-' Ctrl+Shift and a letter goes to the next row that begins with it.
 Sub ChangeOwnSettings()
-    Dim left_
-    left_ = Host.Control("Settings").Left
-    Host.Click left_ + 60, 50 ' a row, for the keyboard to start from
+    ' A double click on a list row takes its next entry: from raised to flat.
+    DoubleClickOn "Appearance"
 
-    ' A text, typed over the old one.
-    Host.Keys "{HOME}^+n"
-    Host.Keys "Setting{ENTER}"
-
-    ' A list: opened, and the next but one chosen.
+    ' Ctrl+Shift and a letter goes to the next row that begins with it. F4 opens its list: from dotted lines to solid ones.
     Host.Keys "{HOME}^+g{F4}{UP}{ENTER}"
 
-    ' A Boolean, flipped by a double click on its row.
-    Host.Keys "{HOME}^+u"
+    ' A text, typed over the old one; then its row again, at the top with the header that it changed.
+    Host.Keys "{HOME}^+n"
+    Host.Keys "My setting{ENTER}"
     Host.Pump 100
+End Sub
+
+' Clicks down the names until the row of that name is selected.
+Sub DoubleClickOn(name)
+    Dim place, x, y
+    Set place = Host.Control("Settings")
+    x = place.Left + 60
+    For y = 50 To place.Height - 120 Step 8
+        Host.Click x, y
+        If Not place.SelectedProperty Is Nothing Then
+            If place.SelectedProperty.Name = name Then
+                Host.DoubleClick x, y
+                Exit Sub
+            End If
+        End If
+    Next
+    Host.Echo "There is no row " & name & " in view."
+    Host.Quit 1
 End Sub
