@@ -250,6 +250,7 @@ public:
     }
     _variant_t value;
     long scale = 3;
+    std::function<HRESULT()> onInit = [] { return S_OK; };
     HRESULT resetAnswer = S_OK;
     HRESULT commitAnswer = S_OK;
 
@@ -278,9 +279,11 @@ public:
         return Log(L"Move");
     }
     STDMETHODIMP init(long parent) override {
-        m_Window = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, static_cast<HWND>(LongToHandle(parent)),
-                                   nullptr, nullptr, nullptr);
-        return Log(m_Window ? L"init" : L"no parent");
+        if (!m_Window)
+            m_Window = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, static_cast<HWND>(LongToHandle(parent)),
+                                       nullptr, nullptr, nullptr);
+        Log(m_Window ? L"init" : L"no parent");
+        return onInit();
     }
     std::array<float, 4> moved{};
 
@@ -350,6 +353,23 @@ TEST_F(GridTest, ACustomEditorIsRegisteredTwiceOrKeepsTheGridFromItsValue) {
     EXPECT_EQ(host.Heard(), L"DisplayError Editor is not registered. -2147221492 True");
 }
 
+TEST_F(GridTest, AnEditorThatFailsToBeginOrTakesItsOwnKeyMeanwhileIsRegisteredAllTheSame) {
+    std::wstring log;
+    GridContainer host;
+    const auto editor = MakeObject<HostEditor>(log), nesting = MakeObject<HostEditor>(log);
+    VARIANT_BOOL result = VARIANT_TRUE;
+    editor->onInit = [] { return E_FAIL; };
+    EXPECT_EQ(host->RegisterEditor(_bstr_t(L"k"), editor.Get(), &result), E_FAIL);
+    editor->onInit = [] { return S_OK; };
+    nesting->onInit = [&] { return host->RegisterEditor(_bstr_t(L"K"), editor.Get(), &result); };
+    EXPECT_EQ(FailureOfCall(host->RegisterEditor(_bstr_t(L"k"), nesting.Get(), &result)),
+              L"80040004|RegisterEditor : |Editor with this key is already present.");
+    nesting->onInit = editor->onInit;
+    EXPECT_EQ(host->RegisterEditor(_bstr_t(L" k"), nesting.Get(), &result), S_OK) << "another key";
+    host.Select(host.Add(L"A", L"mine", L"", omCustomEditor, L"k").Get());
+    EXPECT_EQ(TextOf(editor->value), L"mine");
+}
+
 TEST_F(GridTest, AFailingCustomEditorBlocksTheSelection) {
     std::wstring log;
     GridContainer host;
@@ -392,6 +412,9 @@ TEST_F(GridTest, AnEditorParameterOfTheControlReachesOtherTypesOrBeatsTheRow) {
     EXPECT_EQ(FailureOfCall(host->SetEditorParam(omTextEditor, _bstr_t(L" "), _bstr_t(L"x"))), invalid);
     EXPECT_EQ(FailureOfCall(host->GetEditorParam(omTextEditor, nullptr, &none)), invalid);
     EXPECT_EQ(FailureOfCall(host->RemoveEditorParam(omTextEditor, _bstr_t(L" "))), invalid);
+    EXPECT_EQ(FailureOfCall(row->SetEditorParam(_bstr_t(L" "), _bstr_t(L"x"))), invalid);
+    EXPECT_EQ(FailureOfCall(row->GetEditorParam(nullptr, &none)), invalid);
+    EXPECT_EQ(FailureOfCall(row->RemoveEditorParam(_bstr_t(L" "))), invalid);
     EXPECT_EQ(host->SetEditorParam(omNumberEditor, _bstr_t(L"MinLength"), _bstr_t(L"5")), S_OK);
     EXPECT_EQ(get(L"MinLength"), L"");
     EXPECT_EQ(host->SetEditorParam(omTextEditor, _bstr_t(L" minlength "), _bstr_t(L"2")), S_OK);
@@ -400,6 +423,9 @@ TEST_F(GridTest, AnEditorParameterOfTheControlReachesOtherTypesOrBeatsTheRow) {
     EXPECT_EQ(get(L"MinLength"), L"3");
     row->SetEditorParam(_bstr_t(L"MinLength"), _bstr_t(L""));
     EXPECT_EQ(get(L"MinLength"), L"2") << "an empty one counts as none";
+    row->SetEditorParam(_bstr_t(L"MinLength"), _bstr_t(L"4"));
+    EXPECT_EQ(row->RemoveEditorParam(_bstr_t(L"minlength ")), S_OK);
+    EXPECT_EQ(get(L"MinLength"), L"2");
     EXPECT_EQ(host->RemoveEditorParam(omTextEditor, _bstr_t(L"MinLength")), S_OK);
     EXPECT_EQ(host->RemoveEditorParam(omTextEditor, _bstr_t(L"MinLength")), S_OK);
     EXPECT_EQ(get(L"MinLength"), L"");

@@ -80,6 +80,14 @@ const Meddling kMeddlings[] = {
     {"selects another row", false,
      [](GridContainer& host) { host.grid->putref_SelectedProperty(host.Item(1L).Get()); }},
     {"selects nothing", false, [](GridContainer& host) { host.grid->putref_SelectedProperty(nullptr); }},
+    {"adds and edits a row", false,
+     [](GridContainer& host) { host.grid->StartPropertyEdit(host.Add(L"Late", L"x", L"X|Z").Get()); }},
+    {"closes the category and sets values", false,
+     [](GridContainer& host) {
+         host.grid->ExpandCategory(_bstr_t(L"X"), VARIANT_FALSE);
+         for (long i = 1; i <= host.Count(); ++i)
+             host.Item(i)->put_Value(_variant_t(L"set"));
+     }},
     {"deactivates", false, [](GridContainer& host) { host.grid->InPlaceDeactivate(); }},
     {"resizes and scrolls", false,
      [](GridContainer& host) {

@@ -129,6 +129,10 @@ TEST_F(GridTest, AValueOfTheHostIsValidatedOrToldMoreThanOnceOrLeavesTheEditorBe
     EXPECT_EQ(row->put_Value(_variant_t(L"third")), S_OK);
     EXPECT_EQ(host.Heard(), L"PropertyValueChanged A; DisplayError The handler raised. -2146827288 True");
     EXPECT_EQ(ValueText(row.Get()), L"third");
+    host->FreezeEvents(TRUE);
+    row->put_Value(_variant_t(L"4"));
+    EXPECT_EQ(host.Heard(), L"");
+    host->FreezeEvents(FALSE);
 }
 
 TEST_F(GridTest, ANewNameBreaksTheKeyOrReachesOneViewOnly) {

@@ -21,7 +21,7 @@ ComPtr<_CListItem> Entry(_CProperty* property, long position) {
 }
 
 ComPtr<_CProperty> AddList(GridContainer& host, const wchar_t* name, const _variant_t& value, const Entries& entries) {
-    const auto property = host.Add(name, value, L"", omListEditor);
+    auto property = host.Add(name, value, L"", omListEditor);
     ComPtr<_CListItems> items;
     property->get_ListItems(items.GetAddressOf());
     for (const auto& [text, entry] : entries) {
@@ -369,9 +369,9 @@ TEST_F(GridTest, AHandlerThatEndsTheRowOrTheControlCatchesTheListOpen) {
         {"an arrow", [](GridContainer& host) { SetFocus(Box(host)), host.RealKeys({VK_DOWN}); }},
     };
     for (const auto* event : {L"ValidateValue", L"PropertyValueChanged", L"KeyDown"}) {
-        for (const auto& [deed, act] : deeds) {
+        for (const auto& deed : deeds) {
             for (const auto& [choice, choose] : choices) {
-                SCOPED_TRACE(std::string("a handler ") + deed + " at " + choice);
+                SCOPED_TRACE(std::string("a handler ") + deed.first + " at " + choice);
                 GridContainer host;
                 const auto row = AddList(host, L"A", 1L, kColors);
                 host.Add(L"B", L"other");
@@ -382,7 +382,7 @@ TEST_F(GridTest, AHandlerThatEndsTheRowOrTheControlCatchesTheListOpen) {
                     if (done || (call.Name() == L"KeyDown" && !IsOpen(host)))
                         return;
                     done = true;
-                    act(host);
+                    deed.second(host);
                 };
                 choose(host);
                 host.events.on.clear();

@@ -50,12 +50,6 @@ std::wstring TextShown(CProperty* property) {
     return text;
 }
 
-std::wstring EditorParamOf(CProperty* property, const wchar_t* name) {
-    _bstr_t value;
-    Check(property->GetEditorParam(_bstr_t(name), value.GetAddress()));
-    return FromBstr(value);
-}
-
 class Model : public testing::Test {
 protected:
     ModelFixture model;
@@ -113,13 +107,6 @@ TEST_F(Model, EveryAttributeReportsItsWordOnceAndNothingForTheValueThatItHas) {
     }
     p->put_Name(_bstr_t(L"B"));
     EXPECT_EQ(owner.Heard(), L"Name") << "texts are compared exactly";
-}
-
-TEST_F(Model, AFailingOwnerDoesNotUndoAChangeNorReachTheHost) {
-    const auto property = model.Add(L"a");
-    owner.onChanged = [](CProperty&) { Raise(ErrorCode::InvalidAction); };
-    EXPECT_EQ(property->put_Bold(VARIANT_TRUE), S_OK);
-    EXPECT_TRUE(property->IsBold());
 }
 
 TEST_F(Model, EqualPlainValuesAreNoChangeButObjectsAlwaysReport) {
@@ -311,34 +298,6 @@ TEST_F(ModelSource, AMemberIsReadTwice) {
 }
 
 // Editors and texts
-
-TEST_F(Model, EditorParametersAreFoundInAnyCaseAndAnEmptyOneDoesNotHideTheOwners) {
-    const auto property = model.Add(L"a");
-    owner.parameter = L"of the owner";
-    EXPECT_EQ(property->SetEditorParam(_bstr_t(L" width "), _bstr_t(L"5")), S_OK);
-    EXPECT_EQ(EditorParamOf(property.Get(), L"WIDTH"), L"5");
-    property->SetEditorParam(_bstr_t(L"Width"), nullptr);
-    EXPECT_EQ(EditorParamOf(property.Get(), L"Width"), L"of the owner");
-    property->SetEditorParam(_bstr_t(L"Width"), _bstr_t(L"6"));
-    property->RemoveEditorParam(_bstr_t(L"WIDTH "));
-    property->RemoveEditorParam(_bstr_t(L"never set"));
-    EXPECT_EQ(EditorParamOf(property.Get(), L"Width"), L"of the owner");
-    properties.ReleaseOwner();
-    EXPECT_EQ(EditorParamOf(property.Get(), L"Width"), L"");
-}
-
-TEST_F(Model, ABlankParameterNameIsRefusedEverywhere) {
-    const auto property = model.Add(L"a");
-    _bstr_t value;
-    EXPECT_EQ(property->SetEditorParam(_bstr_t(L"  "), _bstr_t(L"5")), kInvalidKey);
-    EXPECT_EQ(property->RemoveEditorParam(nullptr), kInvalidKey);
-    SetErrorInfo(0, nullptr);
-    const HRESULT hr = property->GetEditorParam(_bstr_t(L""), value.GetAddress());
-    const AutomationError error = TakeErrorInfo(hr);
-    EXPECT_EQ(error.number, kInvalidKey);
-    EXPECT_EQ(error.description, L"Invalid key specified.");
-    EXPECT_EQ(error.source, L"OrmiskGrid");
-}
 
 TEST_F(Model, ABooleanEditorIsAListOfTwoWithLabelsOfItsOwn) {
     const auto property = model.Add(L"a", _variant_t(true), L"", L"", omBooleanEditor);
@@ -609,24 +568,6 @@ TEST_F(Model, ASecondChildOfTheSameNameIsDroppedSilently) {
     EXPECT_EQ(FailureOf([&] { model.AddChild(parent.Get(), L"y", L"Cat"); }).number, static_cast<HRESULT>(0x80040006));
 }
 
-TEST_F(Model, HandlersMayClearTheCollectionInTheMiddleOfAnything) {
-    owner.onAdded = [&](CProperty&) { properties.RemoveAll(); };
-    const auto property = model.Add(L"A");
-    ASSERT_TRUE(property);
-    EXPECT_FALSE(property->IsFiled());
-    EXPECT_EQ(properties.CountOf(), 0);
-    owner.onAdded = [](CProperty&) { Raise(ErrorCode::InvalidAction); };
-    EXPECT_TRUE(model.Add(L"A")) << "a receiver's failure is its own";
-    model.Add(L"B");
-    owner.onDeleted = [&](CProperty&) {
-        if (properties.CountOf() > 0) {
-            properties.RemoveAll();
-        }
-    };
-    EXPECT_EQ(properties.Remove(_variant_t(1L)), S_OK);
-    EXPECT_EQ(properties.CountOf(), 0);
-}
-
 TEST_F(Model, ListenersOfTheCollectionHearOfItWhateverTheOwnerDoes) {
     std::wstring heard;
     const auto listener = MakeObject<Listener>(properties);
@@ -643,44 +584,6 @@ TEST_F(Model, ListenersOfTheCollectionHearOfItWhateverTheOwnerDoes) {
     _variant_t result;
     properties.Clear(&result);
     EXPECT_EQ(heard, L"2, 2 child, 3, 4, ");
-}
-
-TEST_F(Model, WithoutAnOwnerNothingIsAddedAndPropertiesKeptByAHostLiveOn) {
-    const auto kept = model.Add(L"A", _variant_t(1L));
-    properties.ReleaseOwner();
-    EXPECT_FALSE(model.Add(L"B"));
-    EXPECT_EQ(FailureOf([&] { model.Add(L"A"); }).number, static_cast<HRESULT>(0x80040006)) << "refusals come first";
-    model.properties = nullptr;
-    EXPECT_EQ(kept->put_Value(_variant_t(2L)), S_OK);
-    EXPECT_FALSE(kept->IsFiled());
-}
-
-TEST_F(Model, OnlyPropertiesOfTheCollectionAreOwnWhateverTheyClaim) {
-    const auto own = model.Add(L"A");
-    ModelFixture other;
-    const auto foreign = other.Add(L"A");
-    EXPECT_EQ(properties.Own(own->Identity()), own.Get());
-    EXPECT_EQ(properties.Own(foreign->Identity()), nullptr) << "the same name and position elsewhere";
-    EXPECT_EQ(properties.Own(nullptr), nullptr);
-    EXPECT_EQ(properties.Own(properties.Identity()), nullptr);
-    properties.Remove(_variant_t(1L));
-    model.Add(L"A");
-    EXPECT_EQ(properties.Own(own->Identity()), nullptr) << "a removed property";
-}
-
-TEST_F(Model, TheEnumeratorGivesThePropertiesInOrder) {
-    model.Add(L"A");
-    model.Add(L"B");
-    ComPtr<IUnknown> unknown;
-    ASSERT_EQ(properties.get_NewEnum(unknown.GetAddressOf()), S_OK);
-    const auto enumerator = Query<IEnumVARIANT>(unknown);
-    std::wstring names;
-    _variant_t item;
-    while (enumerator->Next(1, &item, nullptr) == S_OK) {
-        names += properties.Own(ObjectOf(item))->Name();
-        item.Clear();
-    }
-    EXPECT_EQ(names, L"AB");
 }
 
 TEST(ModelObjects, NothingOutlivesItsHolders) {

@@ -14,7 +14,7 @@ public:
     OLE_COLOR foreColor = 0x222222;
     std::wstring parameter; // its answer for every editor parameter
     std::vector<std::wstring> log;
-    std::function<void(CProperty&)> onAdded, onChanged, onDeleted;
+    std::function<void(CProperty&)> onAdded;
 
     // What was heard since the last call.
     std::wstring Heard() {
@@ -29,12 +29,9 @@ public:
     OLE_COLOR PropertyForeColor() const override { return foreColor; }
     std::wstring EditorParam(omEditorType, const std::wstring&) const override { return parameter; }
     void PropertyChanged(CProperty&) override { ++m_Changes; }
-    void PropertyChangedEx(CProperty& property, const wchar_t* attribute) override {
+    void PropertyChangedEx(CProperty&, const wchar_t* attribute) override {
         // The plain report comes first.
         log.emplace_back(std::exchange(m_Changes, 0) == 1 ? attribute : L"unannounced");
-        if (onChanged) {
-            onChanged(property);
-        }
     }
     void OnPropertyAdded(CProperty& property, CProperty* parent) override {
         log.push_back(L"added " + property.Name() + (parent ? L" under " + parent->Name() : L""));
@@ -42,12 +39,7 @@ public:
             onAdded(property);
         }
     }
-    void OnPropertyDeleted(CProperty& property) override {
-        log.push_back(L"deleted " + property.Name());
-        if (onDeleted) {
-            onDeleted(property);
-        }
-    }
+    void OnPropertyDeleted(CProperty& property) override { log.push_back(L"deleted " + property.Name()); }
     void OnPropertiesCleared() override { log.emplace_back(L"cleared"); }
 
 private:

@@ -149,14 +149,6 @@ TEST_F(TextEditorTest, NumberRowsFilterKeysAndYieldDoublesWhileTextRowsTakeAll) 
     EXPECT_EQ(Value(), _variant_t(L"-1x.\xD83D\xDE00"));
 }
 
-TEST_F(TextEditorTest, EnterStoresWhatWasTypedAndGivesTheFocusBack) {
-    Start(text, L"old");
-    Type(L"x\r");
-    EXPECT_EQ(heard, L"commit; lost; ");
-    EXPECT_EQ(GetFocus(), tree);
-    EXPECT_EQ(box->Text(), L"xold");
-}
-
 TEST_F(TextEditorTest, EnterOnAnUntouchedTextAndEscCancelWithoutValidation) {
     Start(text, L"old", {{L"MinLength", L"9"}});
     Type(L"\r");
@@ -165,14 +157,6 @@ TEST_F(TextEditorTest, EnterOnAnUntouchedTextAndEscCancelWithoutValidation) {
     heard.clear();
     Type(L"x\x1B");
     EXPECT_EQ(heard, L"cancel; lost; ");
-}
-
-TEST_F(TextEditorTest, ARefusedEnterKeepsTheFocusAndTheText) {
-    Start(text, L"", {{L"MinLength", L"5"}});
-    Type(L"abc\r");
-    EXPECT_EQ(heard, L"error Entered text is too small in length; ");
-    EXPECT_EQ(GetFocus(), box->Hwnd());
-    EXPECT_EQ(box->Text(), L"abc");
 }
 
 TEST_F(TextEditorTest, AStoreThatFailsReachesTheKeyHandlerWithItsError) {
@@ -262,34 +246,6 @@ TEST_F(TextEditorTest, LoadedValuesAreUnmodifiedAndThoseWithoutATextLeaveTheBoxE
     EXPECT_EQ(box->Text(), L"12.5");
 }
 
-TEST_F(TextEditorTest, ActivationSelectsAllAndTypingOnARowReplacesItsText) {
-    Start(text, L"hello");
-    BuiltInEditor* editor = registry.BuiltIn(text.Get());
-    editor->Activate(true);
-    EXPECT_EQ(box->SelLength(), 5);
-    editor->BeginTyping();
-    Type(L"x");
-    EXPECT_EQ(box->Text(), L"x");
-    EXPECT_TRUE(editor->IsModified());
-}
-
-TEST_F(TextEditorTest, BoxLiesTwoPixelsBelowTheTopOfItsCell) {
-    EditorProxy editor(text.Get());
-    EXPECT_EQ(editor.ScaleMode(), 3);
-    EXPECT_EQ(editor.Hwnd(), box->Hwnd());
-    editor.Move(10.5F, 20.6F, 50, 16.4F);
-    RECT placed{};
-    GetWindowRect(box->Hwnd(), &placed);
-    MapWindowPoints(nullptr, tree, reinterpret_cast<POINT*>(&placed), 2);
-    EXPECT_EQ(placed.left, 10);
-    EXPECT_EQ(placed.top, 23);
-    EXPECT_EQ(placed.right, 60);
-    EXPECT_EQ(placed.bottom, 37);
-    editor.Move(1E30F, 0, 0, 0);
-    GetWindowRect(box->Hwnd(), &placed);
-    EXPECT_EQ(placed.right - placed.left, 50) << "a place that is none moves nothing";
-}
-
 TEST_F(TextEditorTest, AControlThatEndsDuringACommitLeavesTheEditorInert) {
     Start(text, L"old");
     const ComPtr<_CEditor> kept = text;
@@ -309,6 +265,17 @@ TEST_F(TextEditorTest, AControlThatEndsDuringACommitLeavesTheEditorInert) {
     EXPECT_EQ(editor.Value(), _variant_t(L""));
     EXPECT_EQ(editor.Hwnd(), nullptr);
     EXPECT_EQ(heard, L"commit; ");
+}
+
+TEST_F(TextEditorTest, TheEditorClassAnswersEmpty) {
+    const auto editor = MakeObject<CEditor>();
+    EditorProxy proxy(editor.Get());
+    proxy.SetValue(_variant_t(5L));
+    proxy.SetVisible(true);
+    EXPECT_EQ(proxy.Value().vt, VT_EMPTY);
+    EXPECT_FALSE(proxy.Visible());
+    EXPECT_EQ(proxy.Hwnd(), nullptr);
+    proxy.Commit();
 }
 
 } // namespace ormisk
