@@ -10,8 +10,9 @@ Function AddOwnSettings(width)
 End Function
 
 Sub ChangeOwnSettings()
-    ' A double click on a list row takes its next entry: from raised to flat.
+    ' A double click on a list row takes its next entry: from raised to flat. ENTER goes back to the rows.
     DoubleClickOn "Appearance"
+    Host.Keys "{ENTER}"
 
     ' Ctrl+Shift and a letter goes to the next row that begins with it. F4 opens its list: from dotted lines to solid ones.
     Host.Keys "{HOME}^+g{F4}{UP}{ENTER}"
