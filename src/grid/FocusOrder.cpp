@@ -63,7 +63,8 @@ void FocusOrder::LeaveHidden() {
     const HWND focus = GetFocus();
     const bool hidden = (focus == panes.m_picHeaderContainer.hWnd() && m_Grid.m_State.headers == omHeadersNone) ||
                         (focus == panes.m_picDescPane.hWnd() && !m_Grid.m_State.showDescription) ||
-                        (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs);
+                        (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs) ||
+                        (focus == panes.m_txtRecordNo.Hwnd() && !panes.RecordToolbarShown());
     if (hidden)
         SetFocus(panes.TreeWnd());
 }
