@@ -81,6 +81,9 @@ void Panes::FontChanged() {
     RecalcRowHeight();
     RecalcLayout();
     m_ListEditor.SetFont(m_Grid.m_State.font); // Boolean rows get none of their own
+    // What keeps its size shows the font too, also while refresh is locked.
+    for (Pane* pane : {&m_picNameHeader, &m_picValueHeader, &m_picDescPane, &m_picTabContainer})
+        pane->Invalidate(true);
     m_Grid.m_Session.FontChanged();
 }
 
