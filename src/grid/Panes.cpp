@@ -74,6 +74,7 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
     const auto bar = static_cast<float>(GetSystemMetrics(SM_CYFRAME));
     m_ContainerSplitter.Rescale(m_picBG.PixelsToUnitsY(oldUnitY), m_picBG.PixelsToUnitsX(bar));
     LayoutTabContainer();
+    m_picTabContainer.Invalidate(true); // its tabs are whole units wide
 }
 
 void Panes::FontChanged() {
