@@ -95,11 +95,9 @@ void Input::TabKeyDown(int keyCode) {
         SwitchView(omCatagorized);
 }
 
-void Input::FocusTabs() {
-    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
-    strip.TakeFocus();
-    m_bTabFocused = strip.HasFocus();
-    strip.Invalidate(true);
+void Input::TabsGotFocus() {
+    m_bTabFocused = true;
+    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
 }
 
 void Input::TabsLostFocus() {
