@@ -18,13 +18,13 @@ Size ChromeMetrics::CaptionSize(HDC dc, const std::wstring& caption, const wchar
 
 void ChromeMetrics::CalcTabRects() {
     const GridState& state = m_Grid.m_State;
-    Size widest;
-    if (const WindowDC dc(nullptr); dc) {
-        const SelectGuard font(dc.Get(), m_Grid.m_ResourceMgr.GetFont(state.font, L"TreeFont"));
-        const Size alphabetic = CaptionSize(dc.Get(), state.alphabeticTabCaption, L"Alphabetic");
-        const Size categorized = CaptionSize(dc.Get(), state.categorizedTabCaption, L"Categorized");
-        widest = {std::max(alphabetic.cx, categorized.cx), std::max(alphabetic.cy, categorized.cy)};
-    }
+    const WindowDC dc(nullptr);
+    if (!dc)
+        return; // the sizes stay as they were
+    const SelectGuard font(dc.Get(), m_Grid.m_ResourceMgr.GetFont(state.font, L"TreeFont"));
+    const Size alphabetic = CaptionSize(dc.Get(), state.alphabeticTabCaption, L"Alphabetic");
+    const Size categorized = CaptionSize(dc.Get(), state.categorizedTabCaption, L"Categorized");
+    Size widest{std::max(alphabetic.cx, categorized.cx), std::max(alphabetic.cy, categorized.cy)};
     if (state.unicode)
         widest.cx = RoundToLong(static_cast<double>(widest.cx) * 2.5);
 

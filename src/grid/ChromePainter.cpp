@@ -103,7 +103,12 @@ void ChromePainter::DrawTabs(HDC dc) {
     front.focused = m_Grid.m_Input.TabsFocused();
 
     const TextGuard text(dc, ForeColor());
-    const SelectGuard font(dc, m_Grid.m_ResourceMgr.GetFont(state.font, L"TreeFont"));
+    const HFONT treeFont = m_Grid.m_ResourceMgr.GetFont(state.font, L"TreeFont");
+    const SelectGuard font(dc, treeFont);
+    if (!treeFont) {
+        behind.caption.clear();
+        front.caption.clear();
+    }
     DrawTab(dc, behind);
     DrawTab(dc, front);
     DrawPageFrame(dc);

@@ -63,7 +63,8 @@ void FocusOrder::LeaveHidden() {
     const HWND focus = GetFocus();
     const bool hidden = (focus == panes.m_picHeaderContainer.hWnd() && m_Grid.m_State.headers == omHeadersNone) ||
                         (focus == panes.m_picDescPane.hWnd() && !m_Grid.m_State.showDescription) ||
-                        (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs);
+                        (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs) ||
+                        (focus == panes.m_txtRecordNo.Hwnd() && !panes.RecordToolbarShown());
     if (hidden)
         SetFocus(panes.TreeWnd());
 }
@@ -76,10 +77,6 @@ void FocusOrder::Enter(bool backward) {
 // Leaving an editor commits it, so that the stop may be gone or the control ended afterwards.
 void FocusOrder::FocusTo(HWND stop) {
     Panes& panes = m_Grid.m_Panes;
-    if (stop == panes.m_picTabContainer.hWnd()) {
-        m_Grid.m_Input.FocusTabs();
-        return;
-    }
     SetFocus(stop);
     if (m_Grid.IsAlive() && stop == panes.m_TextEditor.Hwnd())
         panes.m_TextEditor.SelectAll();

@@ -59,12 +59,13 @@ void GridProperties::Apply(const PropertyEntry& entry) {
     const unsigned effects = entry.effects;
     if (effects & kChangesFrame)
         panes.ApplyFrame();
+    // First: hiding a window hands its focus to the one around it.
+    if (effects & (kShowsDescription | kShowsTabs | kShowsToolbar | kLaysOut))
+        m_Grid.m_FocusOrder.LeaveHidden();
     if (effects & kShowsDescription)
         panes.ApplyShowDescription();
     if (effects & kEnables)
         EnableWindow(panes.m_Control.hWnd(), m_Grid.m_State.enabled);
-    if (effects & (kShowsDescription | kShowsTabs | kLaysOut))
-        m_Grid.m_FocusOrder.LeaveHidden();
     if (effects & kMarksCategories) {
         m_Grid.m_ModelView.MarkCategories(entry.name);
         if (m_Grid.m_State.activeView != omAlphabetic)

@@ -56,6 +56,8 @@ void Input::PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::Mou
     const omHitItem item = HitItemOf(pane, event);
     if (stage == Stage::Down && event.button == 1 && (item == omAlphabeticTab || item == omCategorizedTab))
         TabMouseDown(item);
+    if (!m_Grid.IsAlive())
+        return;
     // Hosts know the value header by this: a move is told as a release, and a release as a press.
     if (&pane == &m_Grid.m_Panes.m_picValueHeader && stage != Stage::Down)
         stage = stage == Stage::Move ? Stage::Up : Stage::Down;
@@ -79,8 +81,9 @@ void Input::TabMouseDown(omHitItem tab) {
     if (m_Grid.m_State.activeView == view && m_bTabFocused)
         return;
     IgnoringFailures([&] { SwitchView(view); });
-    m_bTabFocused = true;
-    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
+    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
+    m_bTabFocused = strip.HasFocus(); // unless a handler took it elsewhere
+    strip.Invalidate(true);
 }
 
 void Input::TabKeyDown(int keyCode) {
@@ -92,11 +95,9 @@ void Input::TabKeyDown(int keyCode) {
         SwitchView(omCatagorized);
 }
 
-void Input::FocusTabs() {
-    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
-    strip.TakeFocus();
-    m_bTabFocused = strip.HasFocus();
-    strip.Invalidate(true);
+void Input::TabsGotFocus() {
+    m_bTabFocused = true;
+    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
 }
 
 void Input::TabsLostFocus() {

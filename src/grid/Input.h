@@ -24,7 +24,7 @@ public:
 
     // A key in any pane: the host hears it first and may change it.
     void PaneKeyDown(const Pane& pane, int& keyCode, int shift);
-    void FocusTabs(); // by the keyboard; the arrows then switch the view
+    void TabsGotFocus(); // the arrows then switch the view
     void TabsLostFocus();
     bool TabsFocused() const { return m_bTabFocused; }
     // An access key of the control was pressed.
@@ -58,7 +58,7 @@ private:
     Point CursorOnTree() const;
 
     Grid& m_Grid;
-    bool m_bTabFocused = false; // from a click on a tab, or TAB, until the strip loses the focus
+    bool m_bTabFocused = false; // while the strip has the focus
 };
 
 } // namespace ormisk

@@ -111,8 +111,12 @@ void Panes::OnFocusChange(Pane& pane, bool gained) {
     // The control itself has nothing to type into.
     if (gained && &pane == &m_Control)
         m_picTreeContainer.TakeFocus();
-    if (!gained && &pane == &m_picTabContainer)
-        m_Grid.m_Input.TabsLostFocus();
+    if (&pane == &m_picTabContainer) {
+        if (gained)
+            m_Grid.m_Input.TabsGotFocus();
+        else
+            m_Grid.m_Input.TabsLostFocus();
+    }
     // What has the focus shows it.
     if (&pane == &m_picHeaderContainer)
         m_picNameHeader.Invalidate(true);

@@ -90,6 +90,7 @@ LRESULT PaneMessages::WindowMsgListener(HWND hwnd, UINT Msg, WPARAM wParam, LPAR
         return 0;
     case WM_SYSCOLORCHANGE:
         panes.Refresh();
+        RedrawWindow(panes.m_picRSToolbar.hWnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
         return 0;
     case WM_CTLCOLORSCROLLBAR:
         if (reinterpret_cast<HWND>(lParam) != panes.m_VScroll.hWnd())

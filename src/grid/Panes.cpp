@@ -74,6 +74,7 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
     const auto bar = static_cast<float>(GetSystemMetrics(SM_CYFRAME));
     m_ContainerSplitter.Rescale(m_picBG.PixelsToUnitsY(oldUnitY), m_picBG.PixelsToUnitsX(bar));
     LayoutTabContainer();
+    m_picTabContainer.Invalidate(true); // its tabs are whole units wide
 }
 
 void Panes::FontChanged() {
@@ -81,6 +82,9 @@ void Panes::FontChanged() {
     RecalcRowHeight();
     RecalcLayout();
     m_ListEditor.SetFont(m_Grid.m_State.font); // Boolean rows get none of their own
+    // What keeps its size shows the font too, also while refresh is locked.
+    for (Pane* pane : {&m_picNameHeader, &m_picValueHeader, &m_picDescPane, &m_picTabContainer})
+        pane->Invalidate(true);
     m_Grid.m_Session.FontChanged();
 }
 

@@ -25,7 +25,7 @@ enum Effect : unsigned {
     kShowsToolbar = 1 << 13,
     kEnables = 1 << 14,
     kRepaintsAll = 1 << 15,
-    kAlways = 1 << 16, // also when the value is the present one
+    kAlways = 1 << 16,  // also when the value is the present one
     kTrimmed = 1 << 17, // blanks at both ends do not count, and a blank text is refused
     kSorts = 1 << 18    // at run time the rows are sorted when it is true; scroll range and rows anew
 };

@@ -126,7 +126,7 @@ void OrmiskListBox::SetForeColor(Color color) {
 }
 
 void OrmiskListBox::SetFont(const FontDescription& font) {
-    m_Font.UpdateInfo(font);
+    IgnoringFailures([&] { m_Font.UpdateInfo(font); }); // a name that is too long leaves the system's font
     Ask(WM_SETFONT, reinterpret_cast<WPARAM>(m_Font.hFont()), FALSE);
     const WindowDC dc(m_Window);
     const SelectGuard selected(dc.Get(), m_Font.hFont());

@@ -130,8 +130,10 @@ LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         m_Pressed = false;
         break;
     case WM_CAPTURECHANGED:
-        if (!m_Releasing && reinterpret_cast<HWND>(lParam) != window)
+        if (!m_Releasing && reinterpret_cast<HWND>(lParam) != window) {
+            m_Pressed = false; // a release that comes all the same makes no click
             m_Listener->OnCaptureLost(*this);
+        }
         return 0;
     case WM_SETCURSOR:
         if (LOWORD(lParam) == HTCLIENT && reinterpret_cast<HWND>(wParam) == window &&

@@ -131,8 +131,13 @@ void CSplitter::ContainerResize() {
             return 0.0f;
         return Horizontal() ? pane->Height() : pane->Width();
     };
-    SplitterLocation(
-        ProportionalSplitterLocation(m_Location, Extent(), extentOf(m_FirstPane), extentOf(m_SecondPane), m_BarSize));
+    // A pane that is alone fills the container; the other one's extent is from another time.
+    const bool firstHidden = m_HiddenPane == HiddenPane::Left || m_HiddenPane == HiddenPane::Top;
+    const bool secondHidden = m_HiddenPane == HiddenPane::Right || m_HiddenPane == HiddenPane::Bottom;
+    const float first = firstHidden ? 0.0f : extentOf(m_FirstPane);
+    const float second = secondHidden ? 0.0f : extentOf(m_SecondPane);
+    const float bar = m_HiddenPane == HiddenPane::None ? m_BarSize : 0.0f;
+    SplitterLocation(ProportionalSplitterLocation(m_Location, Extent(), first, second, bar));
 }
 
 void CSplitter::HidePane(HiddenPane pane) {

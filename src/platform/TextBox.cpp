@@ -96,7 +96,7 @@ HBRUSH TextBox::OnCtlColor(HDC dc) {
 }
 
 void TextBox::SetFont(const FontDescription& font) {
-    m_Font.UpdateInfo(font);
+    IgnoringFailures([&] { m_Font.UpdateInfo(font); }); // a name that is too long leaves the system's font
     SendMessageW(m_Window, WM_SETFONT, reinterpret_cast<WPARAM>(m_Font.hFont()), TRUE);
 }
 

@@ -1,6 +1,7 @@
 #include "GridContainer.h"
 
 #include "automation/Error.h"
+#include "automation/TypeLibrary.h"
 
 #include <cmath>
 #include <cstdio>
@@ -15,31 +16,13 @@ constexpr DISPID kScaleUnits = 7001;
 constexpr ULONGLONG kQuiet = 20;
 constexpr ULONGLONG kPatience = 1000;
 
-const std::map<DISPID, std::wstring>& EventNames() {
-    static const std::map<DISPID, std::wstring> names = {
-        {1, L"AddingProperty"},
-        {2, L"PropertyAdded"},
-        {3, L"PropertyDeleted"},
-        {4, L"PropertyDraw"},
-        {5, L"PropertyCompare"},
-        {6, L"PropertyValueChanged"},
-        {7, L"CategoryCompare"},
-        {8, L"CategoryExpanding"},
-        {9, L"CategoryCollapsing"},
-        {10, L"SelChanged"},
-        {11, L"HelpRequested"},
-        {12, L"ValidateValue"},
-        {13, L"ShowEditorDialog"},
-        {14, L"ActiveViewChanged"},
-        {15, L"DisplayError"},
-        {DISPID_KEYUP, L"KeyUp"},
-        {DISPID_KEYDOWN, L"KeyDown"},
-        {DISPID_KEYPRESS, L"KeyPress"},
-        {DISPID_MOUSEDOWN, L"MouseDown"},
-        {DISPID_MOUSEMOVE, L"MouseMove"},
-        {DISPID_MOUSEUP, L"MouseUp"},
-    };
-    return names;
+// As the library describes it.
+std::wstring NameOfEvent(DISPID id) {
+    static const ComPtr<ITypeInfo> events = TypeInfoOf(__uuidof(__OrmiskGrid));
+    _bstr_t name;
+    UINT found = 0;
+    events->GetNames(id, name.GetAddress(), 1, &found);
+    return FromBstr(name);
 }
 
 std::wstring TextOfArgument(const VARIANT& argument) {
@@ -132,8 +115,7 @@ HRESULT EventRecorder::QueryInterface(REFIID iid, void** object) {
 
 HRESULT EventRecorder::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO* exception,
                               UINT*) {
-    const auto name = EventNames().find(id);
-    const EventCall call(name == EventNames().end() ? L"unknown" : name->second, *parameters);
+    const EventCall call(NameOfEvent(id), *parameters);
     if (!quiet.contains(call.Name()))
         m_Log.push_back(call.Text());
     if (id == 15 && !messageBoxes)

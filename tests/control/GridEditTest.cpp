@@ -358,9 +358,10 @@ TEST_F(GridTest, AnEditorThatFailsToBeginOrTakesItsOwnKeyMeanwhileIsRegisteredAl
     GridContainer host;
     const auto editor = MakeObject<HostEditor>(log), nesting = MakeObject<HostEditor>(log);
     VARIANT_BOOL result = VARIANT_TRUE;
-    editor->onInit = [] { return E_FAIL; };
-    EXPECT_EQ(host->RegisterEditor(_bstr_t(L"k"), editor.Get(), &result), E_FAIL);
-    editor->onInit = [] { return S_OK; };
+    nesting->onInit = [] { return E_FAIL; };
+    EXPECT_EQ(host->RegisterEditor(_bstr_t(L"f"), nesting.Get(), &result), E_FAIL);
+    nesting->onInit = editor->onInit;
+    EXPECT_EQ(host->RegisterEditor(_bstr_t(L"f"), nesting.Get(), &result), S_OK) << "the key is still free";
     nesting->onInit = [&] { return host->RegisterEditor(_bstr_t(L"K"), editor.Get(), &result); };
     EXPECT_EQ(FailureOfCall(host->RegisterEditor(_bstr_t(L"k"), nesting.Get(), &result)),
               L"80040004|RegisterEditor : |Editor with this key is already present.");

@@ -352,6 +352,9 @@ TEST_F(GridTest, TabSkipsAPlaceOrNeverLeaves) {
     }
     host.RealKeys({VK_RIGHT});
     EXPECT_EQ(Read(host.grid.Get(), &OrmiskGrid::get_ActiveView), omCatagorized);
+    SetFocus(host.DescriptionPane());
+    host->put_ShowDescription(VARIANT_FALSE);
+    EXPECT_EQ(GetFocus(), host.Tree()) << "a place that goes gives the keys to the rows";
 }
 
 } // namespace

@@ -47,19 +47,6 @@ protected:
     UINT badArgument = 0;
 };
 
-TEST_F(LateBoundAdd, WhatIsLeftOutOrMissingTakesItsDefault) {
-    ASSERT_EQ(Call(L"Add", {_variant_t(L"A")}), S_OK);
-    ASSERT_TRUE(Added());
-    EXPECT_EQ(V_VT(&Added()->Value()), VT_EMPTY);
-    EXPECT_EQ(Added()->EditorKind(), omTextEditor);
-    EXPECT_TRUE(Added()->AutoUpdateSource());
-    ASSERT_EQ(Call(L"Add2", {_variant_t(L"B"), kMissing, kMissing, kMissing, kMissing, kMissing, kMissing,
-                             _variant_t(L"editor")}),
-              S_OK);
-    EXPECT_EQ(V_VT(&Added()->Value()), VT_EMPTY);
-    EXPECT_EQ(Added()->EditorKey(), L"editor");
-}
-
 TEST_F(LateBoundAdd, ArgumentsAreConvertedAndReferencesFollowed) {
     _variant_t value(7L), editor(L"3"), key(L" k ");
     VARIANT valueReference{}, editorReference{}, keyReference{};

@@ -426,11 +426,6 @@ TEST_F(SplitterTest, AbsentPartsAreSkippedAndDraggingLeavesNoHandle) {
     bare.ContainerResize();
     bare.ContainerMouseDown(1, 0, 1, 1);
     bare.HidePane(HiddenPane::Left);
-    EXPECT_EQ(bare.SplitterLocation(), 0);
-    bare.init(&Container, &First, nullptr, SplitterOrientation::Horizontal);
-    bare.ContainerResize();
-    EXPECT_GE(bare.SplitterLocation(), 15);
-
     {
         CSplitter dropped;
         dropped.init(&Container, &First, &Second, SplitterOrientation::Vertical);

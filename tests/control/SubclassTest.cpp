@@ -294,14 +294,4 @@ TEST_F(HookTest, ListenersMayLeaveAndJoinDuringTheWalk) {
     EXPECT_EQ(Second->Calls, heard + 1);
 }
 
-TEST_F(HookTest, CallerCanForbidAWindowThroughTheHook) {
-    AddWindowsHook(WH_CBT, First);
-    First->Answer = [](bool& noNext) { noNext = true; };
-    const HWND window = MakeWindow();
-    EXPECT_EQ(window, nullptr) << "a kept event answers 1";
-    RemoveWindowsHook(WH_CBT, First);
-    if (window)
-        DestroyWindow(window);
-}
-
 } // namespace ormisk::test
