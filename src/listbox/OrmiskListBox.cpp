@@ -67,7 +67,10 @@ WNDPROC OrmiskListBox::Subclass(HWND window) {
 HWND OrmiskListBox::Parent() const { return m_Window ? GetParent(m_Window) : nullptr; }
 
 void OrmiskListBox::Clear() {
+    const std::weak_ptr<char> life = m_Life;
     ShowList(false);
+    if (life.expired())
+        return;
     m_Index = -1;
     m_TypeAhead = {};
     Ask(CB_RESETCONTENT);
@@ -321,7 +324,11 @@ LRESULT OrmiskListBox::OnListMessage(HWND window, UINT message, WPARAM wParam, L
 
 LRESULT OrmiskListBox::OnKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
     auto key = static_cast<int>(wParam);
+    const bool open = m_Open;
     if (!Tell([&](ListBoxListener& to) { to.OnKeyDown(key, ShiftState()); }) || key == 0)
+        return 0;
+    // The key was for the list that a handler has closed: what the control shows now it must not change.
+    if (open && !m_Open)
         return 0;
     const bool alt = message == WM_SYSKEYDOWN;
     if (alt ? key == VK_UP || key == VK_DOWN : key == VK_F4) {
@@ -329,7 +336,8 @@ LRESULT OrmiskListBox::OnKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
             CloseList(Ending::Chosen);
         else
             ShowList(true);
-        return 0;
+        // The system must see that ALT was not pressed alone, or its release goes to the menu.
+        return alt ? DefWindowProcW(m_Window, message, wParam, lParam) : 0;
     }
     if (m_Open && (key == VK_RETURN || key == VK_ESCAPE)) {
         CloseList(key == VK_RETURN ? Ending::Chosen : Ending::Dismissed);
