@@ -88,10 +88,11 @@ void OrmiskListBox::AddItem(const std::wstring& text, const VARIANT& value, long
         Ask(CB_INITSTORAGE, more, static_cast<LPARAM>(more * 32));
     }
     const long position = IsPosition(index) ? index : ListCount();
+    Item item{text, _variant_t(value)}; // what may fail comes before either list has it
     const LRESULT added = Ask(CB_INSERTSTRING, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(text.c_str()));
     if (added < 0)
         Check(E_OUTOFMEMORY);
-    m_Items.insert(m_Items.begin() + position, Item{text, _variant_t(value)});
+    m_Items.insert(m_Items.begin() + position, std::move(item));
     if (position <= m_Index)
         SetListIndex(m_Index + 1);
 }
@@ -364,7 +365,10 @@ LRESULT OrmiskListBox::OnWheel(WPARAM wParam, LPARAM lParam) {
         return SendMessageW(m_List, WM_MOUSEWHEEL, wParam, lParam);
     if (GetFocus() != m_Window || !IsUnderCursor(m_Window))
         return SendMessageW(Parent(), WM_MOUSEWHEEL, wParam, lParam);
-    const long steps = -GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA;
+    // Fine wheels turn by parts of a notch.
+    m_Turned -= GET_WHEEL_DELTA_WPARAM(wParam);
+    const long steps = m_Turned / WHEEL_DELTA;
+    m_Turned %= WHEEL_DELTA;
     const long target = std::clamp(m_Index + steps, 0L, std::max(ListCount() - 1, 0L));
     if (steps != 0 && IsPosition(target))
         Highlight(target);
