@@ -432,6 +432,7 @@ Sub MakeToolbars()
     Shot "The mouse over a button"
     Grid.ShowTabs = False
     Host.MoveTo 1, 1
+    Host.Pump 600
     Shot "Without tabs"
     Save "toolbar", 3
 End Sub

@@ -258,7 +258,7 @@ _variant_t HostObject::WriteCell(const CallArguments& arguments) {
 }
 
 std::wstring HostObject::BesideScript(const std::wstring& path) const {
-    return IsAbsolute(path) ? path : FolderOf(m_Parts.options.script) + L"\\" + path;
+    return FullPath(IsAbsolute(path) ? path : FolderOf(m_Parts.options.script) + L"\\" + path);
 }
 
 _variant_t HostObject::Picture(const CallArguments& arguments) {

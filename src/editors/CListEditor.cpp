@@ -131,6 +131,10 @@ STDMETHODIMP CListEditor::get_Visible(VARIANT_BOOL* pValue) {
 
 STDMETHODIMP CListEditor::put_Visible(VARIANT_BOOL newValue) {
     return EditorCall([&] {
+        const ComPtr<_CEditor> self(this);
+        // The values of a row that has gone may be objects, and are not to be kept alive here.
+        if (m_ListBox && newValue == VARIANT_FALSE)
+            m_ListBox->Clear();
         if (m_ListBox)
             m_ListBox->SetVisible(newValue != VARIANT_FALSE);
     });

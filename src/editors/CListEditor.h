@@ -29,7 +29,7 @@ public:
     // A value that no entry has becomes an entry of its own, the first one, until the next Reset.
     STDMETHODIMP put_Value(VARIANT newValue) override;
     STDMETHODIMP get_Visible(VARIANT_BOOL* pValue) override;
-    STDMETHODIMP put_Visible(VARIANT_BOOL newValue) override;
+    STDMETHODIMP put_Visible(VARIANT_BOOL newValue) override; // hiding lets the entries go
     STDMETHODIMP get_hwnd(long* pValue) override;
     STDMETHODIMP put_hFont(long newValue) override; // ignored: the list has its font from TakeFont
     STDMETHODIMP Reset(_CProperty* aProperty, _CEditorListener* anEditorListener) override;

@@ -22,8 +22,8 @@ template <class T> MadeEditor Make() {
 }
 
 struct BuiltInKind {
-    omEditorType Type;
-    MadeEditor (*Make)();
+    omEditorType Type = omTextEditor;
+    MadeEditor (*Make)() = nullptr;
     std::optional<omEditorType> Also; // a second type that the same object serves
 };
 

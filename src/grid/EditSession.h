@@ -58,6 +58,7 @@ public:
     // The text box of the text and number editors.
     void TextLostFocus();
     // The list of the list and Boolean editors.
+    bool IsListEditorOpen() const;
     void ListItemChosen();
     void ListClosed(bool cancelled);
 
@@ -73,7 +74,6 @@ public:
     EditorRegistry m_Editors;
 
 private:
-    bool IsListEditorOpen() const;
     bool LoadEditorValue(CProperty& property, _CEditor* editor);
     _variant_t PicturePrompt(CProperty& property);
     void GiveFont(_CEditor* editor, const CNode& node, omEditorType type);

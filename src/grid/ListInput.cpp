@@ -24,7 +24,8 @@ void ListInput::OnKeyDown(int& keyCode, int shift) {
 void ListInput::OnKeyPress(int& keyAscii) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyPress(keyAscii);
-    if (keyAscii != 0 && m_Grid.IsAlive())
+    // The ENTER that chose may come when a handler has gone on to a row with another editor: it is not that one's.
+    if (keyAscii != 0 && m_Grid.IsAlive() && m_Grid.m_Session.IsListEditorOpen())
         m_Grid.m_Session.EditorKeyPress(keyAscii);
 }
 

@@ -67,7 +67,10 @@ WNDPROC OrmiskListBox::Subclass(HWND window) {
 HWND OrmiskListBox::Parent() const { return m_Window ? GetParent(m_Window) : nullptr; }
 
 void OrmiskListBox::Clear() {
+    const std::weak_ptr<char> life = m_Life;
     ShowList(false);
+    if (life.expired())
+        return;
     m_Index = -1;
     m_TypeAhead = {};
     Ask(CB_RESETCONTENT);
@@ -85,10 +88,11 @@ void OrmiskListBox::AddItem(const std::wstring& text, const VARIANT& value, long
         Ask(CB_INITSTORAGE, more, static_cast<LPARAM>(more * 32));
     }
     const long position = IsPosition(index) ? index : ListCount();
+    Item item{text, _variant_t(value)}; // what may fail comes before either list has it
     const LRESULT added = Ask(CB_INSERTSTRING, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(text.c_str()));
     if (added < 0)
         Check(E_OUTOFMEMORY);
-    m_Items.insert(m_Items.begin() + position, Item{text, _variant_t(value)});
+    m_Items.insert(m_Items.begin() + position, std::move(item));
     if (position <= m_Index)
         SetListIndex(m_Index + 1);
 }
@@ -321,7 +325,11 @@ LRESULT OrmiskListBox::OnListMessage(HWND window, UINT message, WPARAM wParam, L
 
 LRESULT OrmiskListBox::OnKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
     auto key = static_cast<int>(wParam);
+    const bool open = m_Open;
     if (!Tell([&](ListBoxListener& to) { to.OnKeyDown(key, ShiftState()); }) || key == 0)
+        return 0;
+    // The key was for the list that a handler has closed: what the control shows now it must not change.
+    if (open && !m_Open)
         return 0;
     const bool alt = message == WM_SYSKEYDOWN;
     if (alt ? key == VK_UP || key == VK_DOWN : key == VK_F4) {
@@ -329,7 +337,8 @@ LRESULT OrmiskListBox::OnKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
             CloseList(Ending::Chosen);
         else
             ShowList(true);
-        return 0;
+        // The system must see that ALT was not pressed alone, or its release goes to the menu.
+        return alt ? DefWindowProcW(m_Window, message, wParam, lParam) : 0;
     }
     if (m_Open && (key == VK_RETURN || key == VK_ESCAPE)) {
         CloseList(key == VK_RETURN ? Ending::Chosen : Ending::Dismissed);
@@ -356,7 +365,10 @@ LRESULT OrmiskListBox::OnWheel(WPARAM wParam, LPARAM lParam) {
         return SendMessageW(m_List, WM_MOUSEWHEEL, wParam, lParam);
     if (GetFocus() != m_Window || !IsUnderCursor(m_Window))
         return SendMessageW(Parent(), WM_MOUSEWHEEL, wParam, lParam);
-    const long steps = -GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA;
+    // Fine wheels turn by parts of a notch.
+    m_Turned -= GET_WHEEL_DELTA_WPARAM(wParam);
+    const long steps = m_Turned / WHEEL_DELTA;
+    m_Turned %= WHEEL_DELTA;
     const long target = std::clamp(m_Index + steps, 0L, std::max(ListCount() - 1, 0L));
     if (steps != 0 && IsPosition(target))
         Highlight(target);

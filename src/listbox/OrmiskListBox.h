@@ -112,6 +112,7 @@ private:
     std::shared_ptr<char> m_Life; // a callback that destroys the box is seen by a weak reference to it
     std::vector<Item> m_Items;
     long m_Index = -1; // while the list is open, the system's selection is only where the user looks
+    long m_Turned = 0; // of the wheel, less than a notch
     bool m_Open = false;
     bool m_ClosedUp = false; // and nobody has been told
     Ending m_Ending = Ending::Unknown;

@@ -45,7 +45,7 @@ private:
             OutOfOrder({first->IsCategory(), first->Name()}, {second->IsCategory(), second->Name()}, m_Descending);
         // What has to move on by the built-in order goes on, whatever the host says: a pair that only the host
         // exchanges is looked at once more.
-        const Ref<CNode> carry = swapped ? first : second;
+        Ref<CNode> carry = swapped ? first : second;
         if (first->IsCategory() == second->IsCategory() && first->Tree() && second->Tree())
             m_Ended = !m_Ask(*first, *second, swapped);
         if (!swapped || m_Ended)

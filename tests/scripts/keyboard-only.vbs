@@ -1,0 +1,127 @@
+' A session without a mouse: every row, both views, both orders, both bars, every entry of a list.
+Option Explicit
+Host.Include "lib/common.vbs"
+
+' The grid has no keys of its own for sorting and for its bars. A host gives them keys in a few lines, as here: F6 and F7 move
+' the column divider and the description pane, F8 sorts and turns the order. A code of 0 keeps the key from the open editor.
+Sub Grid_KeyDown(code, shift)
+    Dim way
+    way = 20
+    If shift = 1 Then way = -20
+    If code = 117 Then Grid.ColumnDividerPosition = Grid.ColumnDividerPosition + way
+    If code = 118 Then Grid.DescriptionPaneHeight = Grid.DescriptionPaneHeight + way
+    If code = 119 Then
+        If Grid.Sorted Then Grid.SortOrder = 1 - Grid.SortOrder
+        Grid.Sorted = True
+    End If
+    If code >= 117 And code <= 119 Then code = 0
+End Sub
+
+Sub Grid_SelChanged(aProperty)
+    Note NameOf(aProperty)
+End Sub
+
+Sub Grid_ActiveViewChanged()
+    Note "view " & Grid.ActiveView
+End Sub
+
+Sub Grid_PropertyValueChanged(aProperty)
+    Note aProperty.Name & "=" & aProperty.FormattedText
+End Sub
+
+' Down from the first row to the last one.
+Sub WalkDown(what, rows, expected)
+    Host.Keys "{HOME}"
+    EventLog = ""
+    Host.Keys "{DOWN " & rows & "}"
+    CheckEvents what, expected
+End Sub
+
+' The first colour of the line at x, from y on, that is not the one at y.
+Function EdgeBelow(x, y)
+    Dim color
+    color = Host.Pixel(x, y)
+    EdgeBelow = y
+    Do While Host.Pixel(x, EdgeBelow) = color And EdgeBelow < 295
+        EdgeBelow = EdgeBelow + 1
+    Loop
+End Function
+
+Dim all, choice, place, i
+Set all = Grid.Properties
+Host.Resize 300, 300
+Grid.HighlightBackColor = kHighlight
+Grid.AlphabeticTabCaption = "&List"
+Grid.CategorizedTabCaption = "&Tree"
+Grid.DescriptionPaneHeight = 60
+all.Add "delta", "4", "Two"
+all.Add "Bravo", "2", "One|Inner"
+Set choice = all.Add("charlie", "c", "One", "", Nothing, True, 9)
+all.Add "alpha", True, "Two", "", Nothing, True, 4
+For i = 1 To 12
+    choice.ListItems.Add "entry " & i, Chr(96 + i)
+Next
+Host.Pump 50
+EventLog = ""
+
+' The first key selects the first row; the arrow keys go to each of them and not past the last.
+Host.Keys "{DOWN}"
+CheckEvents "first key", "delta"
+WalkDown "alphabetic", 4, "Bravo, charlie, alpha"
+
+' The access keys of the tabs, and the categories that open and close on the way.
+Host.Keys "%t"
+CheckEvents "the other view", "view 1"
+WalkDown "categorized", 8, "delta, alpha, Nothing, Bravo, charlie"
+Host.Keys "{HOME}{LEFT}"
+EventLog = ""
+Host.Keys "{DOWN}{DOWN}{DOWN}"
+CheckEvents "past a closed category", "Bravo"
+Host.Keys "{HOME}{RIGHT}{DOWN}"
+CheckEqual "opened again", "delta", Selected()
+Host.Keys "%l"
+EventLog = ""
+
+' Sorting in both orders, by character code.
+Host.Keys "{F8}"
+WalkDown "ascending", 4, "alpha, charlie, delta"
+Host.Keys "{F8}"
+WalkDown "descending", 4, "charlie, alpha, Bravo"
+
+' Every entry of a list, one after the other, and back to the first by a letter; then the switch.
+Host.Keys "{HOME}{DOWN}{F4}{HOME}{ENTER}"
+CheckEqual "first entry", "a", choice.Value
+For i = 2 To 12
+    Host.Keys "%{DOWN}{DOWN}{ENTER}"
+    CheckEqual "entry " & i, "entry " & i, choice.FormattedText
+Next
+Host.Keys "{F4}{HOME}{ESC}"
+CheckEqual "escaped", "entry 12", choice.FormattedText
+EventLog = ""
+Host.Keys "{DOWN}{F4}{DOWN}{ENTER}"
+CheckEvents "the switch", "alpha, alpha=False"
+
+' Both bars, and what shows of them: the highlighted name ends at the divider, the rows' white at the pane.
+Host.Keys "{HOME}"
+place = Grid.ColumnDividerPosition
+Host.Keys "{F6}{F6}+{F6}"
+CheckEqual "divider", place + 20, Grid.ColumnDividerPosition
+Host.Pump 50
+For i = 60 To 295
+    If Host.Pixel(i, FirstRowY()) = kHighlight And Host.Pixel(i + 1, FirstRowY()) <> kHighlight Then Exit For
+Next
+CheckTrue "the selected name reaches to the divider: " & i, Abs(i - place - 20) <= 8
+place = EdgeBelow(20, 200)
+Host.Keys "{F7}"
+CheckEqual "the pane's top on screen", place - 20, EdgeBelow(20, 200 - 20)
+
+Finish
+
+' The middle of the first row on screen: the first highlighted place from the top.
+Function FirstRowY()
+    FirstRowY = 30
+    Do While Host.Pixel(60, FirstRowY) <> kHighlight And FirstRowY < 150
+        FirstRowY = FirstRowY + 1
+    Loop
+    FirstRowY = FirstRowY + 2
+End Function

@@ -1,0 +1,129 @@
+' A session without a keyboard: every row, both views, both orders, both bars, every entry of a list.
+Option Explicit
+Host.Include "lib/common.vbs"
+
+Sub Grid_SelChanged(aProperty)
+    Note NameOf(aProperty)
+End Sub
+
+Sub Grid_ActiveViewChanged()
+    Note "view " & Grid.ActiveView
+End Sub
+
+Sub Grid_PropertyValueChanged(aProperty)
+    Note aProperty.Name & "=" & aProperty.FormattedText
+End Sub
+
+Dim Part
+Sub Grid_MouseMove(button, shift, x, y, hit)
+    Part = hit
+End Sub
+
+' The rows from the first one on screen down, by a click on each.
+Sub ClickDown(what, rows, expected)
+    Dim i
+    Set Grid.SelectedProperty = Nothing
+    EventLog = ""
+    For i = 0 To rows - 1
+        ClickRow i
+    Next
+    CheckEvents what, expected
+End Sub
+
+' The first place of a part of the grid on the line down at x, from y on; the line to the right at y, from x on.
+Function FindDown(x, y, hit)
+    For FindDown = y To 296
+        Host.MoveTo x, FindDown
+        If Part = hit Then Exit Function
+    Next
+    FindDown = -1
+End Function
+
+Function FindRight(x, y, hit)
+    For FindRight = x To 296
+        Host.MoveTo FindRight, y
+        If Part = hit Then Exit Function
+    Next
+    FindRight = -1
+End Function
+
+Dim all, choice, i, x, y, place, boxX
+Set all = Grid.Properties
+Host.Resize 300, 300
+Grid.HighlightBackColor = kHighlight
+Grid.DescriptionPaneHeight = 60
+Grid.ColumnDividerPosition = 140
+MeasureRows
+all.Add "delta", "4", "Two"
+all.Add "Bravo", "2", "One|Inner"
+Set choice = all.Add("charlie", "c", "One", "", Nothing, True, 9)
+all.Add "alpha", True, "Two", "", Nothing, True, 4
+For i = 1 To 4
+    choice.ListItems.Add "entry " & i, Chr(96 + i)
+Next
+Host.Pump 50
+
+' Every row of both views; a box opens and closes its category.
+ClickDown "alphabetic", 4, "delta, Bravo, charlie, alpha"
+Set Grid.SelectedProperty = Nothing
+EventLog = ""
+Host.Click FindRight(100, 8, 2) + 5, 8
+CheckEvents "the other tab", "view 1"
+ClickDown "categorized", 7, "delta, alpha, Nothing, Bravo, charlie"
+boxX = 12
+Host.Click boxX, RowY(0)
+ClickDown "the first category closed", 5, "Bravo, charlie"
+Host.Click boxX, RowY(0)
+ClickDown "open again", 3, "delta, alpha"
+Host.Click 12, 8
+EventLog = ""
+
+' A header sorts, and turns the order.
+Host.Click 40, RowsTop - 8
+ClickDown "ascending", 4, "Bravo, alpha, charlie, delta"
+Host.Click 40, RowsTop - 8
+ClickDown "descending", 4, "delta, charlie, alpha, Bravo"
+
+' Every entry of a list: a click on the row, one on its button, one on the entry. A double click flips the switch.
+ClickRow 1
+EventLog = ""
+For i = 1 To 4
+    Host.Click 284, RowY(1)
+    Host.Pump 100
+    Host.Click 200, RowY(2) + (i - 1) * ListStep()
+    CheckEvents "entry " & i, "charlie=entry " & i
+Next
+Host.DoubleClick NameX(), RowY(2)
+CheckEvents "the switch", "alpha, alpha=False"
+
+' Both bars are dragged, and what is on screen goes with them; a double click on the divider fits the names.
+x = FindRight(100, RowsTop - 8, 14)
+Host.Drag x, RowsTop - 8, x + 40, RowsTop - 8
+CheckTrue "divider", Abs(Grid.ColumnDividerPosition - 180) <= 2
+Host.Pump 50
+CheckEqual "the highlight reaches farther", kHighlight, Host.Pixel(172, RowY(2))
+x = FindRight(100, RowsTop - 8, 14)
+Host.DoubleClick x, RowsTop - 8
+CheckTrue "fitted to the names", Grid.ColumnDividerPosition < 100
+y = FindDown(60, 200, 11)
+place = Grid.DescriptionPaneHeight
+Host.Drag 60, y, 60, y - 30
+CheckTrue "description pane", Abs(Grid.DescriptionPaneHeight - place - 30) <= 2
+CheckEqual "its bar on screen", y - 30, FindDown(60, 150, 11)
+
+' The wheel reaches the rows that do not fit.
+Host.Resize 300, 170
+y = FindDown(60, RowsTop, 11)
+place = (y - 4 - RowsTop) \ RowHeight
+CheckTrue "not all rows fit: " & place, place >= 1 And place < 4
+Host.MoveTo 60, RowY(0)
+Host.Wheel -4
+ClickRow place - 1
+CheckEqual "the last row", "Bravo", Selected()
+
+Finish
+
+' The height of an entry in an open list: less of a margin around the text than a row has.
+Function ListStep()
+    ListStep = RowHeight - 3
+End Function

@@ -1,0 +1,89 @@
+' The settings page of the examples, worked through by mouse and keyboard only.
+Option Explicit
+Host.Include "lib/checks.vbs"
+Host.Include "../../examples/settings.vbs"
+
+' The names on screen from the first row down, by clicks on the left of each row. Categories have no property.
+Function NamesDown()
+    Dim y, last, name
+    NamesDown = ""
+    last = ""
+    For y = FirstRow To 430 Step 9
+        Host.Click 60, y
+        name = Selected()
+        If name <> last And name <> "Nothing" Then NamesDown = NamesDown & "/" & name
+        last = name
+    Next
+    NamesDown = Mid(NamesDown, 2)
+End Function
+
+Function ValueOf(key)
+    ValueOf = RowOf(key).FormattedText
+End Function
+
+Dim FirstRow, HeaderY
+FirstRow = 52
+HeaderY = 36
+
+' The page comes up sorted: categories in the order of the page and before rows beside them, rows by name.
+CheckEqual "rows of the new page", "Language/Open at log-in/Theme/Version/Your name/Line width/Tab width/Wrap lines/" & _
+    "Check spelling/Dictionary/Keep backups/Folder/Save every", NamesDown()
+
+' Typing over a text; a limit keeps what it refuses in the editor, and ESC brings the value back.
+ClickOn "Your name"
+Host.Keys "B. Reader{ENTER}"
+CheckEqual "typed", "B. Reader", ValueOf("name")
+CheckTrue "a changed row is bold", RowOf("name").Bold
+ClickOn "Tab width"
+Host.Later "{ESC}", 600
+Host.Keys "17{ENTER}"
+Host.Keys "{ESC}"
+CheckEqual "17 is too wide", 4, RowOf("tab").Value
+Host.Keys "16{ENTER}"
+CheckEqual "16 is not", 16, RowOf("tab").Value
+ClickOn "Folder"
+Host.Keys "a?b{ENTER}"
+CheckEqual "refused by the script", "C:\Notes", ValueOf("folder")
+ClickOn "Save every"
+CheckEqual "still refused when the selection moves on", "C:\Notes", ValueOf("folder")
+
+' Lists by keyboard: the arrow keys and ENTER, ESC, a letter.
+ClickOn "Language"
+Host.Keys "%{DOWN}{DOWN}{ENTER}"
+CheckEqual "the next language", "fr", RowOf("language").Value
+Host.Keys "{F4}{DOWN}{DOWN}{ESC}"
+CheckEqual "escaped", "fr", RowOf("language").Value
+Host.Keys "{F4}p{ENTER}"
+CheckEqual "by its letter", "Polish", ValueOf("language")
+
+' Switches by mouse: a double click flips them. Rows come and go with them.
+ClickOn "Keep backups"
+Host.DoubleClick 60, LastY
+CheckEqual "flipped", "Keep", ValueOf("backups")
+CheckEqual "the value is a Boolean", "Boolean", TypeName(RowOf("backups").Value)
+CheckTrue "a row came", RowOf("copies").Visible
+ClickOn "Check spelling"
+Host.DoubleClick 60, LastY
+CheckTrue "a row went", Not RowOf("dictionary").Visible
+
+' The theme is on screen at once, the page's own parts with it.
+ClickOn "Theme"
+Host.Keys "{F4}{DOWN}{ENTER}"
+CheckEqual "paper", &HC8DCE6, Host.Pixel(300, 10)
+CheckEqual "paper under a row", &HF0F8FC, Host.Pixel(370, 425)
+
+' The read-only row opens no editor.
+ClickOn "Version"
+Host.Keys "9{ENTER}"
+CheckEqual "read-only", "4.2", ValueOf("version")
+
+' The value header sorts by the script: changed rows first, then by name. The page is sorted already, so the first click turns
+' the order.
+Host.Click 300, HeaderY
+CheckEqual "turned: unchanged rows first, names backwards", "Version/Open at log-in/Your name/Theme/Language/Wrap lines/" & _
+    "Line width/Tab width/Check spelling/Save every/Folder/Copies/Keep backups", NamesDown()
+Host.Click 300, HeaderY
+CheckEqual "changed rows first", "Language/Theme/Your name/Open at log-in/Version/Tab width/Line width/Wrap lines/" & _
+    "Check spelling/Keep backups/Copies/Folder/Save every", NamesDown()
+
+Finish
