@@ -52,4 +52,9 @@ STDMETHODIMP ScriptSite::GetWindow(HWND* window) {
 
 STDMETHODIMP ScriptSite::EnableModeless(BOOL) { return S_OK; }
 
+STDMETHODIMP ScriptSite::QueryService(REFGUID, REFIID, void** result) {
+    *result = nullptr;
+    return E_NOINTERFACE;
+}
+
 } // namespace ormisk

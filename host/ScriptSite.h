@@ -4,6 +4,7 @@
 #include "Run.h"
 
 #include <activscp.h>
+#include <servprov.h>
 #include <windows.h>
 
 #include <map>
@@ -13,7 +14,7 @@
 namespace ormisk {
 
 // What a script engine asks of us: the named objects, a window for its message boxes, and where its errors go.
-class ScriptSite final : public ComObject<IActiveScriptSite, IActiveScriptSiteWindow> {
+class ScriptSite final : public ComObject<IActiveScriptSite, IActiveScriptSiteWindow, IServiceProvider> {
 public:
     ScriptSite(HWND owner, Run& run) : m_Owner(owner), m_Run(run) {}
 
@@ -37,6 +38,9 @@ public:
 
     STDMETHODIMP GetWindow(HWND* window) override;
     STDMETHODIMP EnableModeless(BOOL enable) override;
+
+    // Engines make no object that wants to know its site without one that can be asked for services. It has none.
+    STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** result) override;
 
 private:
     HWND m_Owner;
