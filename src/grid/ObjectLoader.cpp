@@ -34,9 +34,10 @@ bool ObjectLoader::LoadObjectProperties(IDispatch* object, bool clear, bool auto
         return false;
     const Loading loading(*this);
     const bool done =
-        ObjectWalk(*this).InspectObject(nullptr, object, clear, autoUpdate, m_Grid.m_State.inspectionDepth);
+        ObjectWalk(*this, m_Types).InspectObject(nullptr, object, clear, autoUpdate, m_Grid.m_State.inspectionDepth);
     if (m_Grid.IsAlive()) {
         m_Grid.m_Panes.RecalcLayout();
+        m_Grid.m_Panes.m_picDescPane.Invalidate(true); // a new row may be selected by now
         m_Grid.m_Panes.RepaintRows();
     }
     return done;

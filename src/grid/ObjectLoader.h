@@ -26,6 +26,7 @@ private:
     bool HasKey(const std::wstring& key) const override;
 
     Grid& m_Grid;
+    KnownTypes m_Types;
     int m_Loads = 0; // one inside another
 };
 

@@ -70,9 +70,6 @@ public:
     void SetVisible(bool visible) { Change(m_Visible, visible, L"Visible"); }
     void SetReadOnly(bool readOnly) { Change(m_ReadOnly, readOnly, L"ReadOnly"); }
     void SetUnicode(bool byteExpanded) { Change(m_Unicode, byteExpanded, L"Unicode"); }
-    void SetHelp(const std::wstring& help) { Change(m_Help, help, L"Help"); }
-    void SetHelpFile(const std::wstring& file) { Change(m_HelpFile, file, L"HelpFile"); }
-    void SetHelpContext(long context) { Change(m_HelpContext, context, L"HelpContext"); }
 
     // These do not report. The name of a parameter counts in any case; a blank one raises InvalidKey.
     void SetEditorType(omEditorType type) { m_EditorType = type; }
@@ -80,6 +77,13 @@ public:
 
     // Operations of the library itself; none of them reports.
 
+    // The help of a row that is not on screen yet.
+    void InitHelp(std::wstring_view help, std::wstring_view file = {}, long context = 0) {
+        m_Help = help;
+        m_HelpFile = file;
+        m_HelpContext = context;
+    }
+    void InitReadOnly() { m_ReadOnly = true; }
     // Once, right after creation.
     void Init(const Ref<OwnerLink>& owner, std::wstring_view name, const VARIANT& value, IDispatch* source,
               bool autoUpdate, omEditorType editorType, bool readOnly);

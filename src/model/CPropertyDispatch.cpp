@@ -126,7 +126,7 @@ HRESULT CProperty::put_EditorType(omEditorType value) {
 
 HRESULT CProperty::get_Help(BSTR* value) { return GiveText(value, m_Help); }
 HRESULT CProperty::put_Help(BSTR value) {
-    return Member([&] { SetHelp(FromBstr(value)); });
+    return Member([&] { Change(m_Help, FromBstr(value), L"Help"); });
 }
 
 HRESULT CProperty::get_ListItems(_CListItems** value) {
@@ -195,12 +195,12 @@ HRESULT CProperty::GetEditorParam(BSTR name, BSTR* value) {
 }
 
 HRESULT CProperty::put_HelpFile(BSTR value) {
-    return Member([&] { SetHelpFile(FromBstr(value)); });
+    return Member([&] { Change(m_HelpFile, FromBstr(value), L"HelpFile"); });
 }
 HRESULT CProperty::get_HelpFile(BSTR* value) { return GiveText(value, m_HelpFile); }
 
 HRESULT CProperty::put_HelpContext(long value) {
-    return Member([&] { SetHelpContext(value); });
+    return Member([&] { Change(m_HelpContext, value, L"HelpContext"); });
 }
 HRESULT CProperty::get_HelpContext(long* value) { return Give(value, m_HelpContext); }
 

@@ -2,12 +2,12 @@
 
 #include "automation/Error.h"
 #include "model/NumberText.h"
+#include "model/UpperCase.h"
 
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <windows.h>
 
 namespace ormisk {
 
@@ -32,7 +32,7 @@ private:
         std::wstring upper(TrimBlanks(name));
         if (upper.empty())
             Raise(ErrorCode::InvalidKey);
-        CharUpperBuffW(upper.data(), static_cast<DWORD>(upper.size()));
+        MakeUpper(upper);
         return L"EDPARAM_" + upper + (editorType ? L"_" + std::to_wstring(*editorType) : std::wstring());
     }
 

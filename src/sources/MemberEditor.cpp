@@ -61,7 +61,7 @@ EditorChoice Choose(const MemberInfo& member) {
 void OfferConstants(const TypeInfo& enumeration, CListItems& items) {
     items.RemoveAll();
     for (const EnumConstant& constant : enumeration.Constants())
-        IgnoringFailures([&] { items.AddItem(TextOf(constant.value) + L" - " + constant.name, constant.value); });
+        IgnoringFailures([&] { items.AddItem(constant.valueText + L" - " + constant.name, constant.value); });
 }
 
 } // namespace
@@ -82,9 +82,7 @@ void ConfigurePropertyEditor(const MemberInfo& member, CProperty& row) {
 }
 
 void ApplyMemberInfo(const MemberInfo& member, CProperty& row) {
-    row.SetHelpFile(member.helpFile);
-    row.SetHelpContext(static_cast<long>(member.helpContext));
-    row.SetHelp(member.helpString);
+    row.InitHelp(member.helpString, member.helpFile, static_cast<long>(member.helpContext));
     ConfigurePropertyEditor(member, row);
 }
 

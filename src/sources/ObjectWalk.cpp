@@ -1,5 +1,6 @@
 #include "sources/ObjectWalk.h"
 
+#include "model/UpperCase.h"
 #include "sources/MemberEditor.h"
 #include "sources/SitedControl.h"
 
@@ -24,7 +25,7 @@ bool IsBrowsable(const MemberInfo& member) {
 
 std::wstring KeyOf(const CProperty* parent, const std::wstring& name) {
     std::wstring key = parent ? parent->Key() + L"_" + name : name;
-    CharUpperBuffW(key.data(), static_cast<DWORD>(key.size()));
+    MakeUpper(key);
     return key;
 }
 
@@ -56,27 +57,13 @@ void ObjectWalk::Enter(CProperty* parent, IDispatch* object, bool autoUpdate, lo
         level->target = inner ? *inner : level->object;
         level->autoUpdate = autoUpdate;
         level->depth = depth;
-        level->members = MembersOf(level->target.Get(), level->locale);
-        level->items = level->members->GetFilteredMembers(false);
+        level->type = m_Types.Of(level->target.Get());
+        level->items = level->type.members->GetFilteredMembers(false);
         if (level->items.empty())
             return;
         level->categories = Query<ICategorizeProperties>(level->target);
         m_Levels.push_back(std::move(level));
     });
-}
-
-std::shared_ptr<const Members> ObjectWalk::MembersOf(IDispatch* target, LCID& locale) {
-    const TypeInfo type = GetObjectTypeInfo(target);
-    const auto [place, fresh] = m_Types.try_emplace(type.Get());
-    KnownType& known = place->second;
-    if (fresh) {
-        known.type = type;
-        known.locale = type.Parent().Lcid();
-        known.members =
-            std::make_shared<const Members>(type.TypeKind() == TKIND_DISPATCH ? type : type.DefaultInterface());
-    }
-    locale = known.locale;
-    return known.members;
 }
 
 // The rows go below a parent that is still there and still holds the object.
@@ -112,13 +99,13 @@ void ObjectWalk::FinishRow(Level& level) {
 }
 
 void ObjectWalk::AddMember(Level& level, const SearchItem& item) {
-    const MemberInfo* member = level.members->Reader(item);
+    const MemberInfo* member = level.type.members->Reader(item);
     if (item.hidden || !IsReadableProperty(item.invokeKinds) || !member)
         return;
     if (!IsBrowsable(*member) || member->parameterCount != 0)
         return;
     std::wstring category;
-    if (MapMemberCategory(level.categories.Get(), *member, level.locale, category) == kNilCategory)
+    if (MapMemberCategory(level.categories.Get(), *member, level.type.locale, category) == kNilCategory)
         return;
     const NamedProperty property(level.object.Get(), item.name);
     NewProperty row{.name = item.name, .source = level.object.Get(), .autoUpdate = level.autoUpdate};

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "model/CProperties.h"
+#include "sources/KnownTypes.h"
 #include "sources/MemberCategory.h"
 #include "sources/StandardControlProperties.h"
 #include "sources/WriteTest.h"
-
-#include <map>
 
 namespace ormisk {
 
@@ -30,7 +29,7 @@ protected:
 // objects themselves; of a control on a form also the properties that the form gives it. What fails is passed over.
 class ObjectWalk {
 public:
-    explicit ObjectWalk(InspectionRows& rows) : m_Rows(rows) {}
+    ObjectWalk(InspectionRows& rows, KnownTypes& types) : m_Rows(rows), m_Types(types) {}
     ObjectWalk(const ObjectWalk&) = delete;
     ObjectWalk& operator=(const ObjectWalk&) = delete;
 
@@ -50,8 +49,7 @@ private:
         bool onForm = false;
         bool autoUpdate = true;
         long depth = 0;
-        LCID locale = 0;
-        std::shared_ptr<const Members> members;
+        KnownTypes::Type type;
         std::vector<const SearchItem*> items;
         std::size_t nextItem = 0;
         std::size_t nextStandard = 0;
@@ -66,7 +64,6 @@ private:
     bool Advance(Level& level);
     void FinishRow(Level& level);
     bool IsOpen(const Level& level) const;
-    std::shared_ptr<const Members> MembersOf(IDispatch* target, LCID& locale);
 
     void AddMember(Level& level, const SearchItem& item);
     void AddMemberRow(Level& level, const MemberInfo& member, NewProperty& row);
@@ -76,14 +73,8 @@ private:
     bool RaiseAddingProperty(const std::wstring& name, std::wstring& category, omEditorType& editorType);
 
     InspectionRows& m_Rows;
+    KnownTypes& m_Types;
     std::vector<std::unique_ptr<Level>> m_Levels;
-    // Of the types met so far, each held by itself.
-    struct KnownType {
-        TypeInfo type;
-        std::shared_ptr<const Members> members;
-        LCID locale = 0;
-    };
-    std::map<ITypeInfo*, KnownType> m_Types;
 };
 
 } // namespace ormisk

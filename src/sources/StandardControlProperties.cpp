@@ -164,9 +164,9 @@ constexpr StandardProperty kTable[] = {
 std::span<const StandardProperty> StandardControlProperties() { return kTable; }
 
 void ApplyStandardProperty(const StandardProperty& property, CProperty& row) {
-    row.SetHelp(property.help);
+    row.InitHelp(property.help);
     if (property.readOnly)
-        row.SetReadOnly(true);
+        row.InitReadOnly();
     if (property.picture)
         row.SetParam(kFilterParam, kPictureFilter);
     for (const wchar_t* text : property.items)

@@ -67,7 +67,13 @@ TypeInfo TypeInfo::DefaultInterface() const {
     return {};
 }
 
-std::vector<EnumConstant> TypeInfo::Constants() const {
+const std::vector<EnumConstant>& TypeInfo::Constants() const {
+    if (!m_Constants)
+        m_Constants = ReadConstants();
+    return *m_Constants;
+}
+
+std::vector<EnumConstant> TypeInfo::ReadConstants() const {
     std::vector<EnumConstant> constants;
     if (!m_Info || m_Kind != TKIND_ENUM)
         return constants;
@@ -78,7 +84,8 @@ std::vector<EnumConstant> TypeInfo::Constants() const {
         const Variable constant(m_Info.Get(), i);
         if (!constant || constant->varkind != VAR_CONST || !constant->lpvarValue)
             continue;
-        constants.push_back({NameOfMember(m_Info.Get(), constant->memid), Plain(*constant->lpvarValue)});
+        const VARIANT& value = *constant->lpvarValue;
+        constants.push_back({NameOfMember(m_Info.Get(), constant->memid), Plain(value), TextOf(value)});
     }
     return constants;
 }

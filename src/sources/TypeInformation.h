@@ -15,6 +15,7 @@ namespace ormisk {
 struct EnumConstant {
     std::wstring name;
     _variant_t value;
+    std::wstring valueText;
 };
 
 class Members;
@@ -33,11 +34,15 @@ public:
     TypeLibInfo Parent() const;
     // The interface of a class that hosts use, and the dispatch side of a dual interface; else no type.
     TypeInfo DefaultInterface() const;
-    std::vector<EnumConstant> Constants() const; // of an enumeration, in the order of the type
+    // Of an enumeration, in the order of the type; read when first asked for.
+    const std::vector<EnumConstant>& Constants() const;
 
 private:
+    std::vector<EnumConstant> ReadConstants() const;
+
     ComPtr<ITypeInfo> m_Info;
     TYPEKIND m_Kind = TKIND_MAX;
+    mutable std::optional<std::vector<EnumConstant>> m_Constants;
 };
 
 // A type library, perhaps none.

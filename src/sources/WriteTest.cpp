@@ -19,10 +19,9 @@ bool IsReadOnlyMember(const NamedProperty& property, unsigned invokeKinds) {
         return true;
     if (invokeKinds & INVOKE_PROPERTYPUTREF)
         return !HoldsObject(value) || FAILED(property.Put(DISPATCH_PROPERTYPUTREF, &value));
-    _variant_t written = value;
     VARIANT reference{};
     V_VT(&reference) = VT_BYREF | VT_VARIANT;
-    V_VARIANTREF(&reference) = &written;
+    V_VARIANTREF(&reference) = &value;
     return FAILED(property.Put(DISPATCH_PROPERTYPUT, &reference)) && !TakesTyped(property, value);
 }
 

@@ -1,0 +1,247 @@
+// Rows of objects: which there are, what they get, and that edits reach the object.
+
+#include "InspectTools.h"
+
+namespace ormisk::test {
+namespace {
+
+std::wstring Param(_CProperty* row, const wchar_t* name) {
+    BSTR value = nullptr;
+    row->GetEditorParam(_bstr_t(name), &value);
+    return FromBstr(_bstr_t(value, false));
+}
+
+// The rows with category, editor, sign and point of numbers, number of list items and protection.
+std::wstring Rows(const GridContainer& host) {
+    std::wstring all;
+    for (long i = 1; i <= host.Count(); ++i) {
+        const auto row = host.Item(i);
+        omEditorType editor = omCustomDialog;
+        VARIANT_BOOL readOnly = VARIANT_FALSE;
+        BSTR category = nullptr;
+        ComPtr<_CListItems> items;
+        long count = 0;
+        row->get_EditorType(&editor);
+        row->get_ReadOnly(&readOnly);
+        row->get_Category(&category);
+        row->get_ListItems(items.GetAddressOf());
+        items->get_Count(&count);
+        all += PropertyName(row.Get()) + L" " + FromBstr(_bstr_t(category, false)) + L" " + std::to_wstring(editor);
+        all += Param(row.Get(), L"AllowNegative") == L"True" ? L"-" : L"";
+        all += Param(row.Get(), L"AllowFloatingPoint") == L"True" ? L"." : L"";
+        all += count ? L" of " + std::to_wstring(count) : L"";
+        all += readOnly ? L" fixed\n" : L"\n";
+    }
+    return all;
+}
+
+TEST_F(InspectTest, EachMemberGetsTheRowOfItsTypeAndAttributesAndOthersGetNone) {
+    GridContainer host;
+    const Inspected object;
+    ASSERT_TRUE(Load(host.grid.Get(), object.Get()));
+    EXPECT_EQ(Rows(host), L"Inherited Misc 2\n"
+                          L"AByte Misc 3\n"
+                          L"ASignedByte Misc 3-\n"
+                          L"AShort Misc 3-\n"
+                          L"AnUnsignedShort Misc 3\n"
+                          L"ALong Misc 3-\n"
+                          L"AnInt Misc 3-\n"
+                          L"AHyper Misc 3-\n"
+                          L"ADecimal Misc 3-\n"
+                          L"ASingle Misc 3-.\n"
+                          L"ADouble Misc 3-.\n"
+                          L"ADate Misc 6\n"
+                          L"AText Misc 2\n"
+                          L"AFlag Misc 4 of 2\n"
+                          L"AColor Misc 10\n"
+                          L"APaint Misc 10\n"
+                          L"AFlavor Misc 9 of 3\n"
+                          L"ATaste Misc 9 of 3\n"
+                          L"ATristate Misc 9 of 3\n"
+                          L"AFont Misc 5\n"
+                          L"APicture Misc 11\n"
+                          L"AnAmount Misc 0\n"
+                          L"Anything Misc 0\n"
+                          L"Child Misc 0\n"
+                          L"ACrowd Misc 9 of 5000\n"
+                          L"ALost Misc 0\n" // its library is gone
+                          L"ReadOnly Misc 3- fixed\n"
+                          L"FailsRead Misc 3- fixed\n"
+                          L"FailsWrite Misc 3- fixed\n"
+                          L"Coerces Misc 3-\n"
+                          L"Counts Misc 3-\n"
+                          L"Noisy Misc 3-\n"
+                          L"Picky Misc 3-\n"
+                          L"Looks Appearance 3-\n"
+                          L"Own Flavours 3-\n"
+                          L"Unsorted Misc 3-\n" // the default category: it has no name
+                          L"Uncategorized Misc 3-\n"
+                          L"Stock Misc 3-\n"); // the object calls it nil, but is not asked
+    EXPECT_EQ(ValueText(host.Item(L"FailsRead").Get()), L"");
+    EXPECT_EQ(ValueText(host.Item(L"Counts").Get()), L"2") << "more was read than the write test and the value";
+    BSTR help = nullptr;
+    long context = 0;
+    host.Item(1L)->get_Help(&help);
+    host.Item(1L)->get_HelpContext(&context);
+    EXPECT_EQ(FromBstr(_bstr_t(help, false)), L"From the base.");
+    EXPECT_EQ(context, 7);
+    EXPECT_NE(Param(host.Item(L"APicture").Get(), L"Filter").find(L"*.bmp"), std::wstring::npos);
+}
+
+TEST_F(InspectTest, ListItemsAreTheConstantsInTheOrderOfTheType) {
+    GridContainer host;
+    const Inspected object;
+    Load(host.grid.Get(), object.Get());
+    ComPtr<_CListItems> items;
+    host.Item(L"ATaste")->get_ListItems(items.GetAddressOf());
+    std::wstring all;
+    for (long i = 1; i <= 3; ++i) {
+        ComPtr<_CListItem> item;
+        BSTR text = nullptr;
+        _variant_t value;
+        items->get_Item(i, item.GetAddressOf());
+        item->get_Text(&text);
+        item->get_Value(&value);
+        all += FromBstr(_bstr_t(text, false)) + L"=" + TextOf(value) + L" ";
+    }
+    EXPECT_EQ(all, L"3 - Sweet=3 -5 - Salty=-5 0 - Sour=0 ");
+}
+
+TEST_F(InspectTest, TypesAreFoundHoweverAnObjectDescribesItself) {
+    GridContainer host;
+    const Inspected object(1); // a pure dispatch interface, half of it variables
+    EXPECT_TRUE(Load(host.grid.Get(), object.Get()));
+    EXPECT_EQ(Rows(host), L"AText Misc 2\nALong Misc 3-\nChild Misc 0\nAFlavor Misc 9 of 3\n");
+    for (const long shape : {3L, 4L}) { // one side of a dual interface, a class
+        object.Put(L"Shape", shape);
+        EXPECT_TRUE(Load(host.grid.Get(), object.Get()));
+        EXPECT_EQ(host.Count(), 38) << shape;
+    }
+    object.Put(L"Shape", 5L); // fails in every call
+    EXPECT_TRUE(Load(host.grid.Get(), object.Get()));
+    EXPECT_EQ(Rows(host).find(L"AText Misc 2 fixed"), Rows(host).find(L"AText")) << "a failing member can be edited";
+    object.Put(L"Shape", 2L); // no type information
+    EXPECT_TRUE(Load(host.grid.Get(), object.Get()));
+    EXPECT_EQ(host.Count(), 0);
+    EXPECT_TRUE(Load(host.grid.Get(), nullptr));
+}
+
+TEST_F(InspectTest, EditsReachTheObjectAndShowWhatItTook) {
+    GridContainer host;
+    const Inspected object;
+    Load(host.grid.Get(), object.Get());
+    const auto edit = [&](const wchar_t* name, const _variant_t& value) {
+        const auto row = host.Item(name);
+        EXPECT_EQ(row->put_Value(value), S_OK);
+        return ValueText(row.Get());
+    };
+    EXPECT_EQ(edit(L"Coerces", 150L), L"100");
+    EXPECT_EQ(edit(L"Picky", 7L), L"7"); // takes a typed reference only
+    EXPECT_EQ(TextOf(object[L"Picky"]), L"7");
+    EXPECT_EQ(edit(L"FailsWrite", 7L), L"0");
+    EXPECT_EQ(edit(L"AShort", L"12"), L"12");
+    EXPECT_EQ(V_VT(&static_cast<const VARIANT&>(object[L"AShort"])), VT_I2);
+    const Inspected child;
+    EXPECT_EQ(host.Item(L"Child")->putref_Value(_variant_t(child.Get())), S_OK);
+    EXPECT_TRUE(SameObject(ObjectOf(object[L"Child"]), child.Get()));
+    object.Put(L"Child", static_cast<IDispatch*>(nullptr));
+}
+
+TEST_F(InspectTest, ObjectsInObjectsAreWalkedToTheDepthAndRowsFollowTheirObject) {
+    GridContainer host;
+    const Inspected outer(1), middle(1), inner(1), other(1);
+    outer.Put(L"Child", middle.Get());
+    middle.Put(L"Child", inner.Get());
+    Load(host.grid.Get(), outer.Get(), 2);
+    EXPECT_EQ(host.Count(), 8);
+    EXPECT_EQ(host.Item(L"child_child")->put_Help(_bstr_t(L"x")), S_OK);
+    Load(host.grid.Get(), outer.Get(), 3);
+    EXPECT_EQ(host.Count(), 12);
+    const auto deepest = host.Item(L"CHILD_CHILD_ATEXT");
+    deepest->put_Value(_variant_t(L"deep"));
+    EXPECT_EQ(TextOf(inner[L"AText"]), L"deep");
+
+    const auto row = host.Item(L"Child_Child");
+    row->putref_Value(_variant_t(other.Get()));
+    deepest->put_Value(_variant_t(L"elsewhere"));
+    EXPECT_EQ(TextOf(inner[L"AText"]), L"deep");
+    EXPECT_EQ(TextOf(other[L"AText"]), L"elsewhere");
+    for (const auto* object : {&outer, &middle})
+        object->Put(L"Child", static_cast<IDispatch*>(nullptr));
+}
+
+TEST_F(InspectTest, RowsNeverCallAnObjectThatIsGone) {
+    GridContainer host;
+    std::vector<ComPtr<_CProperty>> kept;
+    {
+        const Inspected object(1);
+        object.Put(L"Child", Inspected(1).Get());
+        Load(host.grid.Get(), object.Get(), 2);
+        const auto child = host.Item(L"Child_AText");
+        host.Item(L"Child")->putref_Value(_variant_t(static_cast<IDispatch*>(nullptr)));
+        EXPECT_EQ(child->put_Value(_variant_t(L"to whom?")), S_OK);
+        for (long i = 1; i <= host.Count(); ++i)
+            kept.push_back(host.Item(i));
+        host.Properties()->Remove(_variant_t(1L));
+        _variant_t nothing;
+        host.Properties()->Clear(&nothing);
+    }
+    EXPECT_TRUE(TestServer::IsIdle()) << "rows that are gone hold objects";
+    for (const auto& row : kept) {
+        ComPtr<IDispatch> source;
+        EXPECT_EQ(row->put_Value(_variant_t(L"1")), S_OK);
+        EXPECT_EQ(row->get_SourceObject(source.GetAddressOf()), S_OK);
+        EXPECT_EQ(source.Get(), nullptr);
+    }
+}
+
+TEST_F(InspectTest, AnObjectInItselfFillsAnyDepthAndGoesAgain) {
+    GridContainer host;
+    const Inspected object(1);
+    object.Put(L"Child", object.Get());
+    Load(host.grid.Get(), object.Get(), 1000);
+    EXPECT_EQ(host.Count(), 4000);
+    host.Properties()->Remove(_variant_t(3L));
+    EXPECT_EQ(host.Count(), 3);
+    object.Put(L"Child", static_cast<IDispatch*>(nullptr));
+}
+
+TEST_F(InspectTest, TheHostDecidesOnCategoryAndRowButNotOnTheEditorOfAMember) {
+    GridContainer host;
+    const Inspected object(1), child(1);
+    object.Put(L"Child", child.Get());
+    host.events.on[L"AddingProperty"] = [](const EventCall& call) {
+        const std::wstring name = TextOf(call[0]);
+        SysReAllocString(V_BSTRREF(&call[1]), L"Ours|Own");
+        *V_I4REF(&call[2]) = name == L"ALong" ? omDateEditor : omTextEditor; // 3 is no date
+        call.Set(3, name == L"Child");
+    };
+    host.events.quiet.insert(L"PropertyAdded");
+    Load(host.grid.Get(), object.Get(), 2);
+    EXPECT_EQ(host.Heard(), L"AddingProperty AText Misc 2 False; AddingProperty ALong Misc 3 False; "
+                            L"AddingProperty Child Misc 0 False; AddingProperty AFlavor Misc 9 False");
+    EXPECT_EQ(Rows(host), L"AText Ours|Own 2\nAFlavor Ours|Own 9 of 3\n");
+    object.Put(L"Child", static_cast<IDispatch*>(nullptr));
+}
+
+TEST_F(InspectTest, ALoadCancelsTheEditAndAddsOnlyWhatDoesNotClash) {
+    GridContainer host;
+    const Inspected object(1);
+    Load(host.grid.Get(), object.Get());
+    host.Select(host.Item(L"AText").Get());
+    host.TypeIntoEditor(L"typed");
+    host.Heard();
+    Load(host.grid.Get(), object.Get());
+    EXPECT_EQ(host.Heard().find(L"PropertyValueChanged"), std::wstring::npos);
+    EXPECT_EQ(host.EditText(), L"");
+    EXPECT_EQ(TextOf(object[L"AText"]), L"3") << "the edit was committed";
+    Load(host.grid.Get(), object.Get(), 1, false);
+    EXPECT_EQ(host.Count(), 4);
+    EXPECT_EQ(Read(host.grid.Get(), &OrmiskGrid::get_LockRefresh), VARIANT_FALSE);
+    host->put_LockRefresh(VARIANT_TRUE);
+    Load(host.grid.Get(), object.Get());
+    EXPECT_EQ(Read(host.grid.Get(), &OrmiskGrid::get_LockRefresh), VARIANT_TRUE);
+}
+
+} // namespace
+} // namespace ormisk::test

@@ -1,0 +1,82 @@
+' Objects of the system in the grid: loaded, edited in their rows, and read back.
+Option Explicit
+Host.Include "lib/common.vbs"
+
+Dim all, files, path, file, drive, document, font, i
+Set all = Grid.Properties
+
+Function RowNames()
+    Dim row
+    RowNames = ""
+    For Each row In all
+        RowNames = RowNames & row.Name & " "
+    Next
+End Function
+
+Sub Load(what, anObject, depth)
+    Grid.InspectionDepth = depth
+    CheckTrue what & " is loaded", Grid.LoadObjectProperties(anObject)
+    CheckEqual what & ": the view is free again", False, Grid.LockRefresh
+End Sub
+
+' A file: its attributes are a list to choose from, and what the system refuses is read-only.
+Set files = CreateObject("Scripting.FileSystemObject")
+path = files.BuildPath(files.GetSpecialFolder(2), "inspected.txt")
+files.CreateTextFile(path).Close
+Set file = files.GetFile(path)
+Load "file", file, 2
+CheckEqual "path", path, all("Path").Value
+CheckTrue "path is read-only", all("PATH").ReadOnly
+CheckEqual "editor of the attributes", 9, all("Attributes").EditorType
+CheckTrue "attributes can be chosen", all("Attributes").ListItems.Count >= 8
+CheckEqual "dates have their editor", 6, all("DateLastModified").EditorType
+all("Attributes").Value = 33
+CheckEqual "attributes written", 33, file.Attributes
+all("Attributes").Value = 32
+CheckEqual "attributes written back", 32, files.GetFile(path).Attributes
+
+Set drive = files.GetDrive("C:")
+Load "drive", drive, 2
+CheckEqual "letter", "C", all("DriveLetter").Value
+CheckTrue "letter is read-only", all("DriveLetter").ReadOnly
+files.DeleteFile path
+
+' An XML document.
+Set document = CreateObject("MSXML2.DOMDocument")
+document.loadXML "<a b='c'>text</a>"
+Load "document", document, 1
+CheckEqual "kind of node", 9, all("nodeType").Value
+CheckEqual "kind of node by name", "9 - NODE_DOCUMENT", all("nodeType").FormattedText
+CheckTrue "the element is an object", IsObject(all("documentElement").Value)
+all("async").Value = False
+CheckEqual "written to the document", False, document.async
+all("preserveWhiteSpace").Value = True
+CheckEqual "the other, too", True, document.preserveWhiteSpace
+
+' A font, whose properties are variables of a dispatch interface.
+Set font = CreateObject("StdFont")
+font.Name = "Tahoma"
+Load "font", font, 1
+CheckEqual "rows of a font", "Name Size Bold Italic Underline Strikethrough Weight Charset ", RowNames()
+all("Bold").Value = True
+CheckEqual "bold", True, font.Bold
+all("Name").Value = "Arial"
+CheckEqual "the name that the font took of it", font.Name, all("Name").Value
+
+' The grid in itself: a text is typed into its row, and shows at once.
+Load "grid", Grid, 1
+CheckEqual "caption in its row", Grid.NameCaption, all("NameCaption").Value
+Grid.StartPropertyEdit all("NameCaption")
+Host.Keys "^aSetting{ENTER}"
+CheckEqual "typed caption", "Setting", Grid.NameCaption
+all("Grid").Value = 1
+CheckEqual "grid lines", 1, Grid.Grid
+all("InspectionDepth").Value = -3
+CheckEqual "what the grid made of it", 1, all("InspectionDepth").Value
+CheckTrue "version is read-only", all("Version").ReadOnly
+
+' Nothing gives no rows.
+Load "nothing", Nothing, 3
+CheckEqual "rows of nothing", 0, all.Count
+
+Finish
