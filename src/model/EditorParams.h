@@ -29,11 +29,15 @@ public:
 
 private:
     static std::wstring KeyOf(std::wstring_view name, std::optional<long> editorType) {
-        std::wstring upper(TrimBlanks(name));
-        if (upper.empty())
+        const std::wstring_view trimmed = TrimBlanks(name);
+        if (trimmed.empty())
             Raise(ErrorCode::InvalidKey);
-        MakeUpper(upper);
-        return L"EDPARAM_" + upper + (editorType ? L"_" + std::to_wstring(*editorType) : std::wstring());
+        std::wstring key = L"EDPARAM_";
+        key += trimmed;
+        MakeUpper(key);
+        if (editorType)
+            key += L"_" + std::to_wstring(*editorType);
+        return key;
     }
 
     std::map<std::wstring, std::wstring> m_Values;

@@ -299,8 +299,16 @@ void Pane::SetBounds(float left, float top, float width, float height) {
                 y + RoundToLong(static_cast<double>(UnitsToPixelsY(height)))});
 }
 
+bool StandsAt(HWND window, const Rect& place) {
+    RECT now{};
+    if (!GetWindowRect(window, &now))
+        return false;
+    MapWindowPoints(HWND_DESKTOP, GetParent(window), reinterpret_cast<POINT*>(&now), 2);
+    return now.left == place.left && now.top == place.top && now.right == place.right && now.bottom == place.bottom;
+}
+
 void Pane::MovePixels(const Rect& place) {
-    if (m_hWnd)
+    if (m_hWnd && !StandsAt(m_hWnd, place))
         SetWindowPos(m_hWnd, nullptr, place.left, place.top, std::max(place.Width(), 0L), std::max(place.Height(), 0L),
                      SWP_NOZORDER | SWP_NOACTIVATE);
 }

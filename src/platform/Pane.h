@@ -121,4 +121,7 @@ private:
     bool m_Releasing = false; // the pane lets the mouse go by itself
 };
 
+// Whether a child window has exactly this place in its parent, so that moving it there would change nothing.
+bool StandsAt(HWND window, const Rect& place);
+
 } // namespace ormisk

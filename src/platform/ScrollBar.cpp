@@ -1,6 +1,7 @@
 #include "platform/ScrollBar.h"
 
 #include "automation/Error.h"
+#include "platform/Pane.h"
 
 #include <algorithm>
 #include <commctrl.h>
@@ -77,7 +78,8 @@ void ScrollBar::Show(bool show) {
 }
 
 void ScrollBar::MovePixels(const Rect& place) {
-    if (m_hWnd)
+    const bool onTop = m_hWnd && !GetWindow(m_hWnd, GW_HWNDPREV);
+    if (m_hWnd && !(onTop && StandsAt(m_hWnd, place)))
         SetWindowPos(m_hWnd, nullptr, place.left, place.top, std::max(place.Width(), 0L), std::max(place.Height(), 0L),
                      SWP_NOACTIVATE);
 }

@@ -68,7 +68,7 @@ private:
     void AddMember(Level& level, const SearchItem& item);
     void AddMemberRow(Level& level, const MemberInfo& member, NewProperty& row);
     bool AddStandardControlProperties(Level& level);
-    void AddStandardProperty(Level& level, const StandardProperty& property);
+    void AddStandardProperty(Level& level, const StandardProperty& standard);
     // False when the host drops the row.
     bool RaiseAddingProperty(const std::wstring& name, std::wstring& category, omEditorType& editorType);
 
