@@ -69,7 +69,6 @@ CheckTrue "a row went", Not RowOf("dictionary").Visible
 ' The theme is on screen at once, the page's own parts with it.
 ClickOn "Theme"
 Host.Keys "{F4}{DOWN}{ENTER}"
-Host.Pump 300
 CheckEqual "paper", &HC8DCE6, Host.Pixel(300, 10)
 CheckEqual "paper under a row", &HF0F8FC, Host.Pixel(370, 425)
 
