@@ -3,6 +3,8 @@
 #include "grid/PaintPrimitives.h"
 #include "platform/FontDescription.h"
 
+#include <shlwapi.h>
+
 namespace ormisk {
 
 namespace {
@@ -52,9 +54,12 @@ ComPtr<IFontDisp> CopyFont(IUnknown* font) {
 }
 
 ComPtr<IPictureDisp> LoadPictureFile(const std::wstring& path) {
+    // Not every system has the call that does both.
+    ComPtr<IStream> file;
     ComPtr<IPictureDisp> picture;
-    const _variant_t name = ToVariant(path);
-    if (FAILED(OleLoadPictureFile(name, reinterpret_cast<IDispatch**>(picture.GetAddressOf()))) ||
+    if (FAILED(SHCreateStreamOnFileW(path.c_str(), STGM_READ, file.GetAddressOf())) ||
+        FAILED(OleLoadPicture(file.Get(), 0, FALSE, IID_IPictureDisp,
+                              reinterpret_cast<void**>(picture.GetAddressOf()))) ||
         PictureType(picture.Get()) <= PICTYPE_NONE)
         return nullptr;
     return picture;

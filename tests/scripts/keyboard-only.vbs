@@ -2,21 +2,6 @@
 Option Explicit
 Host.Include "lib/common.vbs"
 
-' The grid has no keys of its own for sorting and for its bars. A host gives them keys in a few lines, as here: F6 and F7 move
-' the column divider and the description pane, F8 sorts and turns the order. A code of 0 keeps the key from the open editor.
-Sub Grid_KeyDown(code, shift)
-    Dim way
-    way = 20
-    If shift = 1 Then way = -20
-    If code = 117 Then Grid.ColumnDividerPosition = Grid.ColumnDividerPosition + way
-    If code = 118 Then Grid.DescriptionPaneHeight = Grid.DescriptionPaneHeight + way
-    If code = 119 Then
-        If Grid.Sorted Then Grid.SortOrder = 1 - Grid.SortOrder
-        Grid.Sorted = True
-    End If
-    If code >= 117 And code <= 119 Then code = 0
-End Sub
-
 Sub Grid_SelChanged(aProperty)
     Note NameOf(aProperty)
 End Sub
@@ -82,10 +67,10 @@ CheckEqual "opened again", "delta", Selected()
 Host.Keys "%l"
 EventLog = ""
 
-' Sorting in both orders, by character code.
-Host.Keys "{F8}"
+' Sorting in both orders, by character code: TAB backwards goes to the headers, where SPACE sorts.
+Host.Keys "+{TAB} {TAB}"
 WalkDown "ascending", 4, "alpha, charlie, delta"
-Host.Keys "{F8}"
+Host.Keys "+{TAB} {TAB}"
 WalkDown "descending", 4, "charlie, alpha, Bravo"
 
 ' Every entry of a list, one after the other, and back to the first by a letter; then the switch.
@@ -101,19 +86,24 @@ EventLog = ""
 Host.Keys "{DOWN}{F4}{DOWN}{ENTER}"
 CheckEvents "the switch", "alpha, alpha=False"
 
-' Both bars, and what shows of them: the highlighted name ends at the divider, the rows' white at the pane.
+' Both bars by the arrows, in the headers and in the description behind the editor; and what shows of them: the highlighted name ends at the divider, the rows' white at the pane.
 Host.Keys "{HOME}"
 place = Grid.ColumnDividerPosition
-Host.Keys "{F6}{F6}+{F6}"
-CheckEqual "divider", place + 20, Grid.ColumnDividerPosition
+Host.Keys "+{TAB}{RIGHT 3}{LEFT}{TAB}"
+CheckEqual "divider", place + 16, Grid.ColumnDividerPosition
 Host.Pump 50
 For i = 60 To 295
     If Host.Pixel(i, FirstRowY()) = kHighlight And Host.Pixel(i + 1, FirstRowY()) <> kHighlight Then Exit For
 Next
-CheckTrue "the selected name reaches to the divider: " & i, Abs(i - place - 20) <= 8
+CheckTrue "the selected name reaches to the divider: " & i, Abs(i - place - 16) <= 8
 place = EdgeBelow(20, 200)
-Host.Keys "{F7}"
-CheckEqual "the pane's top on screen", place - 20, EdgeBelow(20, 200 - 20)
+Host.Keys "{TAB 2}{UP 2}"
+CheckEqual "the pane's top on screen", place - 16, EdgeBelow(20, 200 - 16)
+
+' Behind the description comes the tab strip again, where the arrows switch the view.
+EventLog = ""
+Host.Keys "{TAB}{RIGHT}{LEFT}"
+CheckEvents "arrows on the tabs", "view 1, view 0"
 
 Finish
 
