@@ -142,6 +142,14 @@ IUnknown* ObjectOf(const VARIANT& v) {
     return V_UNKNOWN(&value);
 }
 
+ComPtr<IDispatch> DispatchOf(const VARIANT& v) {
+    IUnknown* const object = ObjectOf(v);
+    if (TypeOf(v) == VT_DISPATCH) {
+        return static_cast<IDispatch*>(object);
+    }
+    return Query<IDispatch>(object);
+}
+
 bool IsMissing(const VARIANT& v) {
     const VARIANT& value = Referred(v);
     return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;

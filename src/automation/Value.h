@@ -8,6 +8,9 @@ namespace ormisk {
 
 bool HoldsObject(const VARIANT& v);        // an object, Nothing included
 IUnknown* ObjectOf(const VARIANT& v);      // borrowed; null for Nothing and for a plain value
+// The object's IDispatch, null when it has none. Where the value holds one it is that very pointer, which lives as long
+// as the value: an interface asked for again may be another that does not.
+ComPtr<IDispatch> DispatchOf(const VARIANT& v);
 bool IsMissing(const VARIANT& v);          // an optional argument that was not given
 bool SameObject(IUnknown* a, IUnknown* b); // COM identity; two nulls are the same
 

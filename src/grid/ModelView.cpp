@@ -218,7 +218,7 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
 void ModelView::UpdateChildren(CProperty& property, CNode& node) {
     if (node.ChildCount() == 0)
         return;
-    const ComPtr<IDispatch> object = Query<IDispatch>(ObjectOf(property.Value()));
+    const ComPtr<IDispatch> object = DispatchOf(property.Value());
     const CProperty* firstChild = node.FirstChild()->Property();
     if (!object && firstChild)
         KeepFormer(firstChild->SourceObject());

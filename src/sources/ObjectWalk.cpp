@@ -133,7 +133,7 @@ void ObjectWalk::AddMemberRow(Level& level, const MemberInfo& member, NewPropert
 }
 
 void ObjectWalk::EnterValueOf(CProperty& row, const Level& level) {
-    if (const ComPtr<IDispatch> object = Query<IDispatch>(ObjectOf(row.Value())))
+    if (const ComPtr<IDispatch> object = DispatchOf(row.Value()))
         Enter(&row, object.Get(), true, level.depth - 1);
 }
 
@@ -154,7 +154,7 @@ void ObjectWalk::AddStandardProperty(Level& level, const StandardProperty& stand
         return;
     const NamedProperty property(level.object.Get(), name);
     _variant_t value;
-    if (FAILED(property.Get(value)) || (standard.isObject && !HoldsObject(value)))
+    if (FAILED(property.Get(value)) || HoldsObject(value) != standard.isObject)
         return;
     std::wstring category = standard.category;
     NewProperty row{.name = name, .value = &value, .source = level.object.Get(), .autoUpdate = level.autoUpdate};

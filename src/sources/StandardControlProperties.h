@@ -12,7 +12,7 @@ struct StandardProperty {
     const wchar_t* category;
     omEditorType editorType;
     const wchar_t* help;
-    bool isObject = false; // read as an object
+    bool isObject = false; // read as an object, which no other property may be
     bool readOnly = false;
     bool testsWriting = true;
     bool picture = false;                       // offers picture files

@@ -70,7 +70,8 @@ TEST_F(InspectTest, PropertiesOfTheFormFollowThoseOfTheControlUnlessItHasThemIts
     form.extender.values = {{L"Left", 10L},         {L"Visible", true},
                             {L"Align", 1L},         {L"Cancel", false},
                             {L"Enabled", true},     {L"DragIcon", static_cast<IDispatch*>(nullptr)},
-                            {L"HelpContextId", 0L}, {L"MousePointer", short{0}}};
+                            {L"HelpContextId", 0L}, {L"MousePointer", short{0}},
+                            {L"DragMode", static_cast<IDispatch*>(nullptr)}}; // no plain value, so no row
     host.events.on[L"AddingProperty"] = [](const EventCall& call) {
         if (TextOf(call[0]) == L"Left")
             *V_I4REF(&call[2]) = omTextEditor;

@@ -170,6 +170,42 @@ TEST_F(InspectTest, ObjectsInObjectsAreWalkedToTheDepthAndRowsFollowTheirObject)
         object->Put(L"Child", static_cast<IDispatch*>(nullptr));
 }
 
+// Gives another interface at each question for one, as objects do that make some of them when asked.
+class TornOff : public Function {
+public:
+    explicit TornOff(const Inspected& object) : Function([] {}), m_Object(object) {}
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
+        return m_Object.Get()->QueryInterface(iid, result);
+    }
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override {
+        return m_Object.Get()->GetTypeInfo(index, locale, info);
+    }
+    STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
+        return m_Object.Get()->GetIDsOfNames(iid, names, count, locale, ids);
+    }
+
+private:
+    const Inspected& m_Object;
+};
+
+TEST_F(InspectTest, ChildRowsMirrorTheInterfaceThatTheirParentHoldsForNoOtherLivesAsLong) {
+    const Inspected outer(1), inner(1);
+    TornOff torn(inner);
+    GridContainer host;
+    outer.Put(L"Child", &torn);
+    Load(host.grid.Get(), outer.Get(), 2);
+    const auto source = [&] {
+        ComPtr<IDispatch> object;
+        host.Item(L"Child_AText")->get_SourceObject(object.GetAddressOf());
+        return object;
+    };
+    EXPECT_EQ(source().Get(), &torn);
+    host.Item(L"Child")->putref_Value(_variant_t(static_cast<IDispatch*>(nullptr)));
+    host.Item(L"Child")->putref_Value(_variant_t(&torn));
+    EXPECT_EQ(source().Get(), &torn);
+    outer.Put(L"Child", static_cast<IDispatch*>(nullptr));
+}
+
 TEST_F(InspectTest, RowsNeverCallAnObjectThatIsGone) {
     GridContainer host;
     std::vector<ComPtr<_CProperty>> kept;
