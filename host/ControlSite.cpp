@@ -143,7 +143,7 @@ bool ControlSite::IsAccessKey(MSG& message) const {
 }
 
 void ControlSite::MoveTo(const RECT& place) {
-    if (m_Align == Align::None)
+    if (m_Align == Align::None && !EqualRect(&place, &m_Place))
         m_Fills = false;
     m_Place = place;
     m_Form.Layout();

@@ -46,7 +46,8 @@ public:
     bool Activate(LONG verb, MSG* cause);
     void DeactivateUi();
 
-    // Where it is, in pixels of the window. An aligned control keeps its edge and one measure.
+    // Where it is, in pixels of the window. An aligned control keeps its edge and one measure; one that fills what the
+    // others leave does so until it gets another place.
     const RECT& Place() const { return m_Place; }
     void MoveTo(const RECT& place);
     void TakeEdge(RECT& rest); // of an aligned control

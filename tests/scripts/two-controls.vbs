@@ -17,6 +17,7 @@ CheckEqual "placed", "0 0 120 90", Place(second)
 second.Align = 4
 second.Width = 150
 CheckEqual "aligned", "250 0 150 300", Place(second)
+first.Left = first.Left
 CheckEqual "the rest", "0 0 250 300", Place(first)
 second.Visible = False
 CheckEqual "all of it", "0 0 400 300", Place(first)
