@@ -202,10 +202,9 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
         m_Grid.m_Panes.m_picDescPane.Invalidate(true); // name and help
     const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
     Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node.Get()); });
-    if (node) {
-        Trapped([&] { UpdateChildren(property, *node); });
+    Trapped([&] { UpdateChildren(property); });
+    if (node)
         Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node->ParentNode()); });
-    }
     if (_wcsicmp(attribute, L"visible") == 0)
         VisibilityChanged(property);
     else if (_wcsicmp(attribute, L"value") == 0)
@@ -214,18 +213,21 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
         Trapped([&] { m_Grid.m_Panes.RepaintRows(); });
 }
 
-// The children of a property that holds an object follow the new object at once.
-void ModelView::UpdateChildren(CProperty& property, CNode& node) {
-    if (node.ChildCount() == 0)
+// The children of a property that holds an object follow the new object at once. They are those of the alphabetic tree:
+// in the other one a category can stand under the key of a property.
+void ModelView::UpdateChildren(CProperty& property) {
+    const Ref<CNode> node(m_Grid.m_AlphabeticNodes.ItemOf(property));
+    if (!node || node->ChildCount() == 0)
         return;
     const ComPtr<IDispatch> object = DispatchOf(property.Value());
-    const CProperty* firstChild = node.FirstChild()->Property();
+    const CProperty* firstChild = node->FirstChild()->Property();
     if (!object && firstChild)
         KeepFormer(firstChild->SourceObject());
-    for (Ref<CNode> child(node.FirstChild()); child; child = Ref<CNode>(child->NextSibling())) {
-        if (CProperty* childProperty = child->Property())
+    for (Ref<CNode> child(node->FirstChild()); child; child = Ref<CNode>(child->NextSibling())) {
+        if (CProperty* childProperty = child->Property()) {
             childProperty->SetSourceObject(object.Get());
-        m_Grid.m_Panes.InvalidateNodeRow(child.Get());
+            m_Grid.m_Panes.InvalidateNodeRow(m_Grid.m_ActiveNodes->ItemOf(*childProperty));
+        }
     }
 }
 

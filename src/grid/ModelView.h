@@ -48,7 +48,7 @@ private:
     void RemovePropertyNodes(CProperty& property);
     void RemoveCategorizedNode(CNode& node);
     bool AskHost(const CNode& first, const CNode& second, bool nameButtonClicked, bool& swap);
-    void UpdateChildren(CProperty& property, CNode& node);
+    void UpdateChildren(CProperty& property);
     void KeepFormer(ComPtr<IDispatch> object);
     void VisibilityChanged(CProperty& property);
     void ValueChanged(CProperty& property);

@@ -188,6 +188,22 @@ private:
     const Inspected& m_Object;
 };
 
+TEST_F(InspectTest, ObjectsGoToTheRowsBelowTheirRowAndNotToThoseOfACategoryWithItsKey) {
+    const Inspected outer(1), inner(1), other(1);
+    GridContainer host;
+    outer.Put(L"Child", inner.Get());
+    const auto stranger = host.Add(L"X", L"", L"Misc_Child");
+    Load(host.grid.Get(), outer.Get(), 2, false);
+    host->put_ActiveView(omCatagorized);
+    host.Item(L"Child")->putref_Value(_variant_t(other.Get()));
+    ComPtr<IDispatch> source;
+    stranger->get_SourceObject(source.GetAddressOf());
+    EXPECT_EQ(source.Get(), nullptr);
+    host.Item(L"Child_AText")->get_SourceObject(source.ReleaseAndGetAddressOf());
+    EXPECT_EQ(source.Get(), other.Get());
+    outer.Put(L"Child", static_cast<IDispatch*>(nullptr));
+}
+
 TEST_F(InspectTest, ChildRowsMirrorTheInterfaceThatTheirParentHoldsForNoOtherLivesAsLong) {
     const Inspected outer(1), inner(1);
     TornOff torn(inner);
