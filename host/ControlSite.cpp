@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace ormisk {
 namespace {
@@ -51,8 +52,8 @@ void InitNew(IUnknown* control) {
 
 } // namespace
 
-ControlSite::ControlSite(Form& form, const std::wstring& name, std::optional<RECT> place)
-    : m_Form(form), m_Extended(MakeCom<ExtendedControl>(*this)), m_Font(MakeAmbientFont()), m_Name(name),
+ControlSite::ControlSite(Form& form, std::wstring name, std::optional<RECT> place)
+    : m_Form(form), m_Extended(MakeCom<ExtendedControl>(*this)), m_Font(MakeAmbientFont()), m_Name(std::move(name)),
       m_Place(place.value_or(RECT{})), m_Fills(!place) {}
 
 void ControlSite::Load(const wchar_t* progId) {

@@ -23,7 +23,7 @@ public:
     enum class Align { None, Top, Bottom, Left, Right };
 
     // Without a place the control fills what the others leave.
-    ControlSite(Form& form, const std::wstring& name, std::optional<RECT> place);
+    ControlSite(Form& form, std::wstring name, std::optional<RECT> place);
 
     // Creates the control of that class, new and without stored state, and activates it in place. Throws a Failure.
     void Load(const wchar_t* progId);

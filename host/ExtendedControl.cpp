@@ -11,6 +11,7 @@
 #include <cwchar>
 #include <exception>
 #include <stdexcept>
+#include <string>
 
 namespace ormisk {
 namespace {
@@ -43,16 +44,25 @@ long Get(const ControlSite& site, Side from, Side to) {
     return place.*to - place.*from;
 }
 
+constexpr int kFarthest = 32000; // a place or a size, in pixels
+
+int Checked(int pixels) {
+    if (pixels < -kFarthest || pixels > kFarthest)
+        throw Failure{L"A place is at most " + std::to_wstring(kFarthest) + L" away"};
+    return pixels;
+}
+
 // The far side goes along when the near one moves.
 void Put(ControlSite& site, Side near_, Side far_, long origin) {
     RECT place = site.Place();
+    Checked(static_cast<int>(origin));
     place.*far_ += origin - place.*near_;
     place.*near_ = origin;
     site.MoveTo(place);
 }
 
 void PutSize(ControlSite& site, Side near_, Side far_, int size) {
-    if (size < 0)
+    if (Checked(size) < 0)
         throw Failure{L"A size is not negative"};
     RECT place = site.Place();
     place.*far_ = place.*near_ + size;
@@ -62,10 +72,10 @@ void PutSize(ControlSite& site, Side near_, Side far_, int size) {
 } // namespace
 
 struct ExtendedControl::Member {
-    const wchar_t* name;
-    DISPID id;
-    _variant_t (*get)(ControlSite&);
-    void (*put)(ControlSite&, const CallArguments&); // null when it is read only
+    const wchar_t* name = nullptr;
+    DISPID id = DISPID_UNKNOWN;
+    _variant_t (*get)(ControlSite&) = nullptr;
+    void (*put)(ControlSite&, const CallArguments&) = nullptr; // null when it is read only
     bool method = false;
 };
 
@@ -99,7 +109,9 @@ const ExtendedControl::Member ExtendedControl::kMembers[] = {
      [](ControlSite& s, const CallArguments& a) {
          if (a.Count() != 4)
              throw Failure{L"Move takes 4 arguments"};
-         const RECT place{a.Integer(0), a.Integer(1), a.Integer(0) + a.Integer(2), a.Integer(1) + a.Integer(3)};
+         const int left = Checked(a.Integer(0));
+         const int top = Checked(a.Integer(1));
+         const RECT place{left, top, left + Checked(a.Integer(2)), top + Checked(a.Integer(3))};
          s.MoveTo(place);
      },
      true},

@@ -115,6 +115,11 @@ void ObjectWalk::AddMember(Level& level, const SearchItem& item) {
         return;
     _variant_t value; // stays Empty when it cannot be read
     property.Get(value);
+    // The row holds the interface that its child rows are going to mirror.
+    if (V_VT(&value) == VT_UNKNOWN) {
+        if (const ComPtr<IDispatch> members = Query<IDispatch>(V_UNKNOWN(&value)))
+            value = static_cast<IDispatch*>(members.Get());
+    }
     row.value = &value;
     row.category = category;
     if (IsOpen(level))

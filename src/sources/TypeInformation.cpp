@@ -58,13 +58,17 @@ TypeInfo TypeInfo::DefaultInterface() const {
     const TypeAttributes attributes(m_Info.Get());
     if (m_Kind != TKIND_COCLASS || !attributes)
         return {};
+    // Without a mark it is the first that is no source of events.
+    std::optional<UINT> unmarked;
     for (UINT i = 0; i < attributes->cImplTypes; ++i) {
         INT flags = 0;
-        if (SUCCEEDED(m_Info->GetImplTypeFlags(i, &flags)) &&
-            (flags & (IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE)) == IMPLTYPEFLAG_FDEFAULT)
+        if (FAILED(m_Info->GetImplTypeFlags(i, &flags)) || flags & IMPLTYPEFLAG_FSOURCE)
+            continue;
+        if (flags & IMPLTYPEFLAG_FDEFAULT)
             return Implemented(m_Info.Get(), i);
+        unmarked = unmarked.value_or(i);
     }
-    return {};
+    return unmarked ? Implemented(m_Info.Get(), *unmarked) : TypeInfo{};
 }
 
 const std::vector<EnumConstant>& TypeInfo::Constants() const {
