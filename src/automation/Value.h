@@ -6,8 +6,8 @@ namespace ormisk {
 
 // What the library asks of an automation value (Variant). A value may be held by reference everywhere here.
 
-bool HoldsObject(const VARIANT& v);        // an object, Nothing included
-IUnknown* ObjectOf(const VARIANT& v);      // borrowed; null for Nothing and for a plain value
+bool HoldsObject(const VARIANT& v);   // an object, Nothing included
+IUnknown* ObjectOf(const VARIANT& v); // borrowed; null for Nothing and for a plain value
 // The object's IDispatch, null when it has none. Where the value holds one it is that very pointer, which lives as long
 // as the value: an interface asked for again may be another that does not.
 ComPtr<IDispatch> DispatchOf(const VARIANT& v);

@@ -58,8 +58,8 @@ ComPtr<IPictureDisp> LoadPictureFile(const std::wstring& path) {
     ComPtr<IStream> file;
     ComPtr<IPictureDisp> picture;
     if (FAILED(SHCreateStreamOnFileW(path.c_str(), STGM_READ, file.GetAddressOf())) ||
-        FAILED(OleLoadPicture(file.Get(), 0, FALSE, IID_IPictureDisp,
-                              reinterpret_cast<void**>(picture.GetAddressOf()))) ||
+        FAILED(
+            OleLoadPicture(file.Get(), 0, FALSE, IID_IPictureDisp, reinterpret_cast<void**>(picture.GetAddressOf()))) ||
         PictureType(picture.Get()) <= PICTYPE_NONE)
         return nullptr;
     return picture;

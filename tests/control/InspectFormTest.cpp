@@ -67,10 +67,14 @@ TEST_F(InspectTest, OnlyTheExtendedObjectOfASiteIsAControlOnAForm) {
 TEST_F(InspectTest, PropertiesOfTheFormFollowThoseOfTheControlUnlessItHasThemItself) {
     Form form;
     GridContainer host;
-    form.extender.values = {{L"Left", 10L},         {L"Visible", true},
-                            {L"Align", 1L},         {L"Cancel", false},
-                            {L"Enabled", true},     {L"DragIcon", static_cast<IDispatch*>(nullptr)},
-                            {L"HelpContextId", 0L}, {L"MousePointer", short{0}},
+    form.extender.values = {{L"Left", 10L},
+                            {L"Visible", true},
+                            {L"Align", 1L},
+                            {L"Cancel", false},
+                            {L"Enabled", true},
+                            {L"DragIcon", static_cast<IDispatch*>(nullptr)},
+                            {L"HelpContextId", 0L},
+                            {L"MousePointer", short{0}},
                             {L"DragMode", static_cast<IDispatch*>(nullptr)}}; // no plain value, so no row
     host.events.on[L"AddingProperty"] = [](const EventCall& call) {
         if (TextOf(call[0]) == L"Left")
