@@ -41,7 +41,7 @@ End Sub
 ' Clicks down the names until the row of that name is selected.
 Sub ClickOn(name)
     Dim y
-    For y = 50 To 600 Step 8
+    For y = 50 To 600 Step 16
         Host.Click 120, y
         If Not Grid.SelectedProperty Is Nothing Then
             If Grid.SelectedProperty.Name = name Then Exit Sub

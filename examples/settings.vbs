@@ -214,7 +214,7 @@ End Sub
 ' Clicks down the names until the row of that name is selected.
 Dim LastY
 Sub ClickOn(name)
-    For LastY = 56 To 430 Step 8
+    For LastY = 56 To 430 Step 16
         Host.Click 60, LastY
         If Not Grid.SelectedProperty Is Nothing Then
             If Grid.SelectedProperty.Name = name Then Exit Sub

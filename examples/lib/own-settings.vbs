@@ -28,7 +28,7 @@ Sub DoubleClickOn(name)
     Dim place, x, y
     Set place = Host.Control("Settings")
     x = place.Left + 60
-    For y = 50 To place.Height - 120 Step 8
+    For y = 50 To place.Height - 120 Step 16
         Host.Click x, y
         If Not place.SelectedProperty Is Nothing Then
             If place.SelectedProperty.Name = name Then

@@ -8,7 +8,7 @@ Function NamesDown()
     Dim y, last, name
     NamesDown = ""
     last = ""
-    For y = FirstRow To 430 Step 9
+    For y = FirstRow To 430 Step 16
         Host.Click 60, y
         name = Selected()
         If name <> last And name <> "Nothing" Then NamesDown = NamesDown & "/" & name
