@@ -10,7 +10,7 @@ constexpr int kMostLoads = 2;
 
 } // namespace
 
-// Counts the load and locks the view; what the host had set comes back at the end, and shows the rows.
+// Counts the load and locks the view; what the host had set comes back at the end.
 class ObjectLoader::Loading {
 public:
     explicit Loading(ObjectLoader& loader) : m_Loader(loader), m_Locked(loader.m_Grid.m_State.lockRefresh) {
@@ -21,7 +21,7 @@ public:
     Loading& operator=(const Loading&) = delete;
     ~Loading() {
         --m_Loader.m_Loads;
-        IgnoringFailures([&] { m_Loader.m_Grid.m_Properties.Put(L"LockRefresh", m_Locked); });
+        m_Loader.m_Grid.m_State.lockRefresh = m_Locked;
     }
 
 private:
@@ -32,9 +32,13 @@ private:
 bool ObjectLoader::LoadObjectProperties(IDispatch* object, bool clear, bool autoUpdate) {
     if (m_Loads == kMostLoads)
         return false;
-    const Loading loading(*this);
-    const bool done =
-        ObjectWalk(*this, m_Types).InspectObject(nullptr, object, clear, autoUpdate, m_Grid.m_State.inspectionDepth);
+    bool done = false;
+    {
+        const Loading loading(*this);
+        done = ObjectWalk(*this, m_Types)
+                   .InspectObject(nullptr, object, clear, autoUpdate, m_Grid.m_State.inspectionDepth);
+    }
+    // Once, with the rows unlocked again.
     if (m_Grid.IsAlive()) {
         m_Grid.m_Panes.RecalcLayout();
         m_Grid.m_Panes.m_picDescPane.Invalidate(true); // a new row may be selected by now
