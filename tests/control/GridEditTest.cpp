@@ -51,15 +51,33 @@ TEST_F(GridTest, ARefusedValueIsStoredOrReportedOrLosesItsText) {
     host.Select(row.Get());
     host.Heard();
     host.events.on[L"ValidateValue"] = [](const EventCall& call) { call.Set(2, true); };
+    SetFocus(host.EditBox());
     host.TypeIntoEditor(L"new");
     host.Enter();
     EXPECT_EQ(host.Heard(), L"ValidateValue A new False");
+    EXPECT_EQ(GetFocus(), host.Tree());
     EXPECT_EQ(ValueText(row.Get()), L"old");
     EXPECT_EQ(host.EditText(), L"new");
+    SetFocus(host.EditBox());
+    SetFocus(host.Tree());
+    EXPECT_EQ(host.Heard(), L"") << "the text is the one that was refused";
+    host.Enter();
+    EXPECT_EQ(host.Heard(), L"ValidateValue A new False") << "confirmed once more";
+    for (int round = 0; round < 2; ++round) {
+        SetFocus(host.EditBox());
+        host.TypeIntoEditor(L"New");
+        SetFocus(host.Tree());
+        EXPECT_EQ(host.Heard(), L"ValidateValue A New False") << "typed anew";
+    }
     host.Press(VK_DOWN);
-    EXPECT_EQ(host.Heard(), L"ValidateValue A new False; SelChanged B");
+    EXPECT_EQ(host.Heard(), L"SelChanged B");
     EXPECT_EQ(ValueText(row.Get()), L"old");
     EXPECT_EQ(host.EditText(), L"other");
+    host.TypeIntoEditor(L"New");
+    host.Press(VK_UP);
+    EXPECT_EQ(host.Heard(), L"ValidateValue B New False; SelChanged A") << "another row has not been asked about";
+    host.Press(VK_DOWN);
+    host.Heard();
     // The same value, typed anew, is no change.
     host.TypeIntoEditor(L"other");
     host.Enter();
@@ -333,6 +351,17 @@ TEST_F(GridTest, ACustomEditorIsRegisteredTwiceOrKeepsTheGridFromItsValue) {
     row->get_Value(&stored);
     EXPECT_EQ(V_VT(&stored), VT_DISPATCH);
     row->put_Value(_variant_t(L"plain"));
+    // A refused one is not asked about again, unless the editor says so itself.
+    host.events.on[L"ValidateValue"] = [](const EventCall& call) { call.Set(2, true); };
+    editor->value = L"refused";
+    host.Heard();
+    editor->Commit();
+    editor->Commit();
+    EXPECT_EQ(host.Heard(), L"ValidateValue A refused False; ValidateValue A refused False");
+    host.Select(nullptr);
+    EXPECT_EQ(host.Heard(), L"SelChanged Nothing");
+    host.events.on.clear();
+    host.Select(row.Get());
     // In twips, the place comes in twips.
     editor->scale = 1;
     host->put_ColumnDividerPosition(100);

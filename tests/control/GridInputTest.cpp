@@ -151,6 +151,38 @@ TEST_F(GridTest, AHostCannotEatOrReplaceAKeyOrIsNotAskedForHelp) {
     EXPECT_EQ(host.Heard(), L"KeyPress 97; KeyPress 98");
 }
 
+TEST_F(GridTest, AKeyTypedOnARowLosesItsModifierOnTheWayToTheEditor) {
+    GridContainer host;
+    host.Select(host.Add(L"A", L"old").Get());
+    host.events.quiet.erase(L"KeyPress");
+    bool slow = false;
+    host.events.on[L"KeyDown"] = [&](const EventCall& call) {
+        if (*V_I2REF(&call[0]) == 'B' && std::exchange(slow, false))
+            host.Pump();
+    };
+    // Everything is up again before the row hears of the key, or when the host has heard of it.
+    const auto type = [&](BYTE modifier) {
+        SetFocus(host.Tree());
+        host.Pump();
+        host.Heard();
+        keybd_event(modifier, 0, 0, 0);
+        for (const DWORD flags : {0, KEYEVENTF_KEYUP})
+            keybd_event('B', 0, flags, 0);
+        keybd_event(modifier, 0, KEYEVENTF_KEYUP, 0);
+        host.Pump();
+        EXPECT_GE(GetAsyncKeyState(modifier), 0);
+        return host.EditText();
+    };
+    for (const bool slowly : {false, true}) {
+        slow = slowly;
+        EXPECT_EQ(type(VK_SHIFT), L"B") << slowly;
+        EXPECT_EQ(host.Heard(), L"KeyPress 66; KeyPress 66") << "of the row and of the editor";
+        slow = slowly;
+        EXPECT_EQ(type(VK_CONTROL), L"") << slowly;
+        EXPECT_EQ(host.Heard(), L"KeyPress 2; KeyPress 2");
+    }
+}
+
 TEST_F(GridTest, TheMouseIsToldWithAnotherPartPlaceOrStage) {
     GridContainer host;
     AddRows(host, 2);
