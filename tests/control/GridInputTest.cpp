@@ -183,6 +183,27 @@ TEST_F(GridTest, AKeyTypedOnARowLosesItsModifierOnTheWayToTheEditor) {
     }
 }
 
+TEST_F(GridTest, ADisabledControlTakesTheKeysOfItsOpenEditor) {
+    GridContainer host;
+    host.Add(L"A", L"old");
+    const auto list = host.Add(L"B", true, L"", omBooleanEditor);
+    for (long row = 1; row <= 2; ++row) {
+        host->StartPropertyEdit(host.Item(row).Get());
+        const HWND editor = GetFocus();
+        EXPECT_NE(editor, host.Tree());
+        host->put_Enabled(VARIANT_FALSE);
+        EXPECT_FALSE(SendMessageW(editor, CB_GETDROPPEDSTATE, 0, 0)) << "the list is open";
+        host.Heard();
+        host.RealKeys({'F', VK_DOWN, VK_RETURN});
+        EXPECT_EQ(GetFocus(), editor);
+        EXPECT_EQ(host.Heard(), L"");
+        host->put_Enabled(VARIANT_TRUE);
+    }
+    host.Select(host.Item(1L).Get());
+    EXPECT_EQ(host.EditText(), L"old");
+    EXPECT_EQ(ValueText(list.Get()), L"True");
+}
+
 TEST_F(GridTest, TheMouseIsToldWithAnotherPartPlaceOrStage) {
     GridContainer host;
     AddRows(host, 2);
