@@ -64,6 +64,7 @@ Editor = 0
 Nested = True
 Grid.LoadObjectProperties subject
 Nested = False
+CheckEqual "rows of a load that is loaded into", 4, all.Count
 EventLog = ""
 
 ' The rows go before their object.
