@@ -310,6 +310,28 @@ TEST_F(GridTest, OneChoiceIsAskedAboutTwiceOrAgainWhenItsRowIsLeft) {
         }
 }
 
+TEST_F(GridTest, AListDoesNotFollowTheHostsValueOrStaysOpenWithoutItsRow) {
+    GridContainer host;
+    const auto row = AddList(host, L"A", 2L, kColors);
+    GoTo(host, row.Get());
+    row->put_Value(_variant_t(77L));
+    EXPECT_EQ(Shown(host), L"77") << "a value outside stands first";
+    host.RealKeys({VK_F4, VK_HOME, VK_DOWN, VK_RETURN});
+    EXPECT_EQ(ValueOf(row.Get()), _variant_t(1L));
+    for (const bool cleared : {false, true}) {
+        host->StartPropertyEdit(row.Get());
+        host.RealKeys({VK_DOWN});
+        EXPECT_TRUE(IsOpen(host));
+        host.Heard();
+        EXPECT_EQ(cleared ? host.Properties()->Clear(nullptr) : row->put_Visible(VARIANT_FALSE), S_OK);
+        EXPECT_FALSE(IsOpen(host));
+        EXPECT_EQ(host.Heard(), cleared ? L"" : L"SelChanged Nothing");
+        row->put_Visible(VARIANT_TRUE);
+    }
+    host.RealKeys({VK_RETURN, VK_ESCAPE, VK_F4});
+    EXPECT_EQ(host.Heard(), L"");
+}
+
 TEST_F(GridTest, TheHostDoesNotHearTheKeysOfAListOrCannotTakeThem) {
     GridContainer host;
     const auto row = AddList(host, L"A", 1L, kColors);
