@@ -153,7 +153,7 @@ TEST_F(GridTest, AReportShowsNoMessageBoxOrAnotherText) {
         host.Heard();
         host.Select(row.Get());
         EXPECT_EQ(host.Heard(), L"SelChanged A; DisplayError Editor is not registered. -2147221492 True");
-        const std::wstring told = s_BoxText;
+        std::wstring told = s_BoxText;
         // The box takes the focus from a text that it is about, which is no reason for another one.
         const auto text = host.Add(L"B", L"text");
         text->SetEditorParam(_bstr_t(L"MinLength"), _bstr_t(L"2"));
