@@ -174,6 +174,7 @@ Sub MakeSheets()
     MakeToolbars
     MakeLists
     MakeSchemes
+    MakeDisabled
 End Sub
 
 ' A grid as a new one is, of that size, with the rows that `fill` names; without the parts around the rows when bare.
@@ -483,4 +484,17 @@ Sub MakeSchemes()
         Shot Pick(i, Array("Blue grey", "Green", "Dark"))
     Next
     Save "schemes", 3
+End Sub
+
+Sub MakeDisabled()
+    Dim i
+    For i = 0 To 1
+        Start 220, 210, False, "few"
+        Grid.RecordsetToolbar = omShow
+        SelectRow Pick(i, Array("Station_Name", "Sensors_Wind unit"))
+        Grid.Enabled = False
+        Shot Pick(i, Array("A text row selected", "A list row selected"))
+        Grid.Enabled = True
+    Next
+    Save "disabled", 2
 End Sub

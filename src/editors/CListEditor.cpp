@@ -56,9 +56,7 @@ void CListEditor::KeyPress(int& keyAscii) {
     const ComPtr<_CEditor> self(this);
     if (keyAscii != VK_RETURN && keyAscii != VK_ESCAPE)
         return;
-    if (keyAscii == VK_RETURN)
-        Commit();
-    else
+    if (keyAscii == VK_ESCAPE)
         Cancel();
     if (m_ListBox)
         SetFocus(m_ListBox->Parent());
@@ -215,9 +213,7 @@ STDMETHODIMP CListEditor::Move(float nLeft, float nTop, float nWidth, float nHei
     });
 }
 
-STDMETHODIMP CListEditor::Commit() {
-    return EditorCall([&] { ListEditorChange(); });
-}
+STDMETHODIMP CListEditor::Commit() { return S_OK; }
 
 STDMETHODIMP CListEditor::Cancel() {
     return EditorCall([&] { Notify(&_CEditorListener::NotifyCancel); });

@@ -33,7 +33,7 @@ public:
     STDMETHODIMP get_hwnd(long* pValue) override;
     STDMETHODIMP put_hFont(long newValue) override; // ignored: the list has its font from TakeFont
     STDMETHODIMP Reset(_CProperty* aProperty, _CEditorListener* anEditorListener) override;
-    STDMETHODIMP Commit() override;
+    STDMETHODIMP Commit() override; // nothing: what was chosen was committed then
     STDMETHODIMP Cancel() override;
     STDMETHODIMP Move(float nLeft, float nTop, float nWidth, float nHeight) override;
     STDMETHODIMP init(long hParentWnd) override;

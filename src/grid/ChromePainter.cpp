@@ -77,7 +77,9 @@ struct ChromePainter::Tab {
 
 Color ChromePainter::BackColor() const { return TranslateColor(static_cast<Color>(m_Grid.m_State.backColor)); }
 
-Color ChromePainter::ForeColor() const { return TranslateColor(static_cast<Color>(m_Grid.m_State.foreColor)); }
+Color ChromePainter::ForeColor() const {
+    return TextColor(m_Grid.m_State, static_cast<Color>(m_Grid.m_State.foreColor));
+}
 
 std::wstring ChromePainter::CaptionText(const std::wstring& caption, const wchar_t* defaultCaption) const {
     return m_Grid.m_State.unicode && caption == defaultCaption ? ExpandText(caption) : caption;

@@ -8,6 +8,23 @@
 
 namespace ormisk {
 
+namespace {
+
+// Another value for a field, for the life of the guard.
+template <class T> class Meanwhile {
+public:
+    Meanwhile(T& field, T value) : m_Field(field), m_Before(std::exchange(field, value)) {}
+    Meanwhile(const Meanwhile&) = delete;
+    Meanwhile& operator=(const Meanwhile&) = delete;
+    ~Meanwhile() { m_Field = m_Before; }
+
+private:
+    T& m_Field;
+    T m_Before;
+};
+
+} // namespace
+
 EditSession::EditSession(Grid& grid) : m_Grid(grid), m_editListener(MakeObject<CEditorListener>(this)) {}
 
 void EditSession::CreateEditors() {
@@ -171,6 +188,7 @@ void EditSession::GiveFont(_CEditor* editor, const CNode& node, omEditorType typ
 
 // False when the value is not one for the property's editor.
 bool EditSession::LoadEditorValue(CProperty& property, _CEditor* editor) {
+    m_Asked.reset();
     if (!IsValueValidForEditor(property.Value(), property.EditorKind()))
         return false;
     EditorProxy proxy(editor);
@@ -264,7 +282,7 @@ void EditSession::ActivateEditor(bool dropDown) {
         builtIn->Activate(dropDown);
 }
 
-void EditSession::TypeInto(int keyCode) {
+void EditSession::TypeInto(int keyCode, int shift) {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     SetFocus(EditorProxy(editor.Get()).Hwnd());
     // An editor that cannot have the focus gets no key: it would come back here.
@@ -272,13 +290,18 @@ void EditSession::TypeInto(int keyCode) {
         return;
     if (BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get()))
         builtIn->BeginTyping();
-    // A quick hand has let go of Shift by now, and the key would come as a small letter.
-    const bool shiftLeft = GetKeyState(VK_SHIFT) < 0 && GetAsyncKeyState(VK_SHIFT) >= 0;
-    if (shiftLeft)
-        keybd_event(VK_SHIFT, 0, 0, 0);
+    // A quick hand has let go of them by now, and Shift or Ctrl and a letter would come as a small letter.
+    static constexpr std::pair<int, BYTE> kModifiers[] = {{1, VK_SHIFT}, {2, VK_CONTROL}, {4, VK_MENU}};
+    std::vector<BYTE> keys;
+    for (const auto& [bit, key] : kModifiers) {
+        if (shift & bit && GetAsyncKeyState(key) >= 0)
+            keys.push_back(key);
+    }
+    for (const BYTE key : keys)
+        keybd_event(key, 0, 0, 0);
     keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);
-    if (shiftLeft)
-        keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
+    for (const BYTE key : keys)
+        keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
 }
 
 void EditSession::CloseEditor(bool keepOpen) {
@@ -287,7 +310,7 @@ void EditSession::CloseEditor(bool keepOpen) {
         return;
     try {
         EditorProxy proxy(editor.Get());
-        proxy.Commit();
+        Collect(editor.Get());
         if (keepOpen || m_CurrentEditor != editor)
             return;
         // Hiding takes the focus away, and a lost focus commits the editor that is current.
@@ -337,7 +360,7 @@ void EditSession::CommitAndHide() {
     if (!editor)
         return;
     try {
-        EditorProxy(editor.Get()).Commit();
+        Collect(editor.Get());
     } catch (...) {
         m_Grid.ReportTrappedError(CurrentError());
     }
@@ -353,6 +376,11 @@ void EditSession::CancelAndHide() {
     EditorProxy proxy(editor.Get());
     proxy.SetVisible(false);
     proxy.Cancel();
+}
+
+void EditSession::Collect(_CEditor* editor) {
+    const Meanwhile<bool> collecting(m_Collecting, true);
+    EditorProxy(editor).Commit();
 }
 
 void EditSession::ApplyEditorValue(_CEditor* editor, bool cancel) {
@@ -375,8 +403,11 @@ void EditSession::ApplyValue(_CEditor* editor) {
     if (!property || property.Get() == m_Validated)
         return;
     _variant_t value = EditorProxy(editor).Value();
-    if (ValuesEqual(property->Value(), value))
+    if (ValuesEqual(property->Value(), value) || (m_Collecting && m_Asked && ValuesEqual(*m_Asked, value)))
         return;
+    m_Asked.reset();
+    if (!HoldsObject(value) && !V_ISARRAY(&value)) // these equal nothing, and are not to be kept alive here
+        m_Asked = value;
     const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
     const bool typed = !builtIn || builtIn->IsModified();
     if (!Validate(*property.Get(), value))
@@ -390,15 +421,7 @@ void EditSession::ApplyValue(_CEditor* editor) {
 }
 
 bool EditSession::Validate(CProperty& property, const VARIANT& value) {
-    struct Asking {
-        explicit Asking(const CProperty*& now) : now(now), before(now) {}
-        Asking(const Asking&) = delete;
-        Asking& operator=(const Asking&) = delete;
-        ~Asking() { now = before; }
-        const CProperty*& now;
-        const CProperty* before;
-    } asking(m_Validated);
-    m_Validated = &property;
+    const Meanwhile<const CProperty*> asking(m_Validated, &property);
     bool cancel = false;
     m_Grid.m_Events.ValidateValue(property, value, cancel);
     return !cancel;
@@ -450,19 +473,16 @@ bool EditSession::IsListEditorOpen() const {
     return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(omListEditor, {});
 }
 
-// There is no further step to a choice: it is committed.
+// There is no further step to a choice: its commit is not repeated when the list closes or the row is left.
 void EditSession::ListItemChosen() {
-    const ComPtr<_CEditor> editor = m_CurrentEditor;
     if (IsListEditorOpen())
-        EditorProxy(editor.Get()).Commit();
+        ApplyEditorValue(m_CurrentEditor.Get(), false);
 }
 
 void EditSession::ListClosed(bool cancelled) {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     if (cancelled && editor)
         EditorProxy(editor.Get()).Cancel();
-    else if (!cancelled)
-        ListItemChosen();
 }
 
 void EditSession::EditorKeyPress(int& keyAscii) {
@@ -470,6 +490,7 @@ void EditSession::EditorKeyPress(int& keyAscii) {
     if (!builtIn)
         return;
     const ComPtr<_CEditor> held = m_CurrentEditor;
+    m_Asked.reset(); // the same text, typed anew, is another one
     try {
         builtIn->KeyPress(keyAscii);
     } catch (...) {
@@ -483,7 +504,7 @@ void EditSession::TextLostFocus() {
     if (!editor || m_Grid.IsReporting())
         return;
     try {
-        EditorProxy(editor.Get()).Commit();
+        Collect(editor.Get());
     } catch (...) {
         m_Grid.ReportTrappedError(CurrentError());
     }

@@ -4,6 +4,8 @@
 #include "editors/EditorRegistry.h"
 #include "tree/CNode.h"
 
+#include <optional>
+
 namespace ormisk {
 
 class Grid;
@@ -42,8 +44,8 @@ public:
     }
     // Commits; then hides the editor unless it is kept. A failing commit is reported and hides it in any case.
     void CloseEditor(bool keepOpen);
-    // Focus to the editor, which starts from an empty text, and the key once more.
-    void TypeInto(int keyCode);
+    // Focus to the editor, which starts from an empty text, and the key once more, with the modifiers of its event.
+    void TypeInto(int keyCode, int shift);
     void PlaceOpenEditor();
     void Scrolled();
     void FontChanged();
@@ -79,6 +81,8 @@ private:
     void GiveFont(_CEditor* editor, const CNode& node, omEditorType type);
     ComPtr<_CEditor> FindEditor(CProperty& property);
     void PlaceEditor(_CEditor* editor, const CNode* node);
+    // A commit that is not the user's word: about a value that the host has refused it is not asked once more.
+    void Collect(_CEditor* editor);
     void ApplyEditorValue(_CEditor* editor, bool cancel);
     void ApplyValue(_CEditor* editor);
     bool Validate(CProperty& property, const VARIANT& value);
@@ -96,6 +100,8 @@ private:
     Ref<CNode> m_EditNode; // for which StartEditor last ran: the target of a commit, also of a late one
     ComPtr<_CEditor> m_CurrentEditor;
     const CProperty* m_Validated = nullptr; // about whose new value the host is being asked; for comparing only
+    std::optional<_variant_t> m_Asked;      // what the host was asked about, since a value was loaded or typed
+    bool m_Collecting = false;
     ComPtr<CEditorListener> m_editListener;
 };
 

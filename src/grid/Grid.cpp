@@ -38,7 +38,7 @@ void Grid::CreateWindows(HWND parent) {
     m_Session.CreateEditors();
     m_Panes.CreateSplitters();
     m_Panes.LayoutTabContainer();
-    EnableWindow(m_Panes.m_Control.hWnd(), m_State.enabled);
+    m_Panes.ApplyEnabled();
     m_Alive = true;
 }
 

@@ -65,7 +65,7 @@ void GridProperties::Apply(const PropertyEntry& entry) {
     if (effects & kShowsDescription)
         panes.ApplyShowDescription();
     if (effects & kEnables)
-        EnableWindow(panes.m_Control.hWnd(), m_Grid.m_State.enabled);
+        panes.ApplyEnabled();
     if (effects & kMarksCategories) {
         m_Grid.m_ModelView.MarkCategories(entry.name);
         if (m_Grid.m_State.activeView != omAlphabetic)

@@ -284,7 +284,7 @@ void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, R
         if (letterOrDigit)
             target = FindRowByInitial(*selected, keyCode);
     } else if (keyCode >= VK_SPACE && m_Grid.m_Session.IsEditorOpen() && !(shift & kAltKey)) {
-        m_Grid.m_Session.TypeInto(keyCode);
+        m_Grid.m_Session.TypeInto(keyCode, shift);
     }
 }
 

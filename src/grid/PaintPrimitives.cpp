@@ -1,6 +1,7 @@
 #include "grid/PaintPrimitives.h"
 
 #include "automation/ComPtr.h"
+#include "grid/GridState.h"
 #include "platform/Gdi.h"
 #include "platform/ResourceMgr.h"
 #include "platform/Rounding.h"
@@ -26,6 +27,10 @@ void Path(CResourceMgr& resources, HDC dc, Color color, const wchar_t* key, std:
 }
 
 } // namespace
+
+Color TextColor(const GridState& state, Color color) {
+    return state.enabled ? TranslateColor(color) : GetSysColor(COLOR_GRAYTEXT);
+}
 
 void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
     const Shades shades = ShadesOf(base);

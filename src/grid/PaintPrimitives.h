@@ -10,6 +10,10 @@
 namespace ormisk {
 
 class CResourceMgr;
+struct GridState;
+
+// What a text of the colour is drawn in: in a disabled control everything is gray.
+Color TextColor(const GridState& state, Color color);
 
 // A relief on the rectangle, in shades of the base colour, which is an RGB value.
 void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base);

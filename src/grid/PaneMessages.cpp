@@ -1,6 +1,7 @@
 #include "grid/PaneMessages.h"
 
 #include "grid/Grid.h"
+#include "grid/PaintPrimitives.h"
 
 #include <array>
 #include <cstring>
@@ -116,7 +117,7 @@ LRESULT PaneMessages::ColorOfStatic(WPARAM wParam, LPARAM lParam, bool& bRouteTo
         return 0;
     auto* dc = reinterpret_cast<HDC>(wParam);
     SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, TranslateColor(property->ResolvedForeColor()));
+    SetTextColor(dc, TextColor(m_Grid.m_State, property->ResolvedForeColor()));
     bRouteToOriginal = false;
     return reinterpret_cast<LRESULT>(
         m_Grid.m_ResourceMgr.GetBrush(TranslateColor(property->ResolvedBackColor()), L"EditorBackColor"));

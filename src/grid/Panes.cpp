@@ -196,6 +196,19 @@ void Panes::ApplyColors() {
         pane->SetBackColor(color);
 }
 
+// The windows in the control get no mouse then, but keys, and paint themselves as before.
+void Panes::ApplyEnabled() {
+    const bool enabled = m_Grid.m_State.enabled;
+    const HWND control = m_Control.hWnd();
+    if (!control)
+        return;
+    EnableWindow(control, enabled);
+    RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    m_TextEditor.SetEnabled(enabled);
+    m_txtRecordNo.SetEnabled(enabled);
+    m_ListEditor.SetEnabled(enabled);
+}
+
 void Panes::ApplyShowDescription() {
     m_ContainerSplitter.HidePane(m_Grid.m_State.showDescription ? HiddenPane::None : HiddenPane::Bottom);
 }

@@ -48,8 +48,9 @@ public:
     void LayoutTabContainer();
     void RecalcLayout();
     void UpdateScrollBar();
-    void ApplyFrame();  // border and appearance
-    void ApplyColors(); // back colours
+    void ApplyFrame();   // border and appearance
+    void ApplyColors();  // back colours
+    void ApplyEnabled(); // to the control's window, and to what needs to know in it
     void ApplyShowDescription();
     bool RecordToolbarShown() const;
 

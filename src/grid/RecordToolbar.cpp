@@ -128,12 +128,13 @@ void RecordToolbar::DrawToolbarButton(HDC dc, const CButton& button, Arrow arrow
     const Size size = surface.ClientSize();
     RECT rc{0, 0, size.cx, size.cy};
     Color color = TranslateColor(static_cast<Color>(m_Grid.m_State.foreColor));
-    if (!button.Enabled()) {
+    const bool enabled = button.Enabled() && m_Grid.m_State.enabled;
+    if (!enabled) {
         const Color back = TranslateColor(surface.BackColor());
         color = BlendColor(std::max(color, back), std::min(color, back), 0.75F);
     }
     DrawArrow(dc, rc, arrow, color, twoLines);
-    if (!button.Enabled())
+    if (!enabled)
         return;
     if (button.Pressed())
         DrawEdge(dc, &rc, BDR_SUNKENOUTER, BF_RECT);

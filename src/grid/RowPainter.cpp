@@ -167,10 +167,11 @@ Color RowPainter::FillColorOf(const Cell& cell) const {
 
 // The control's text colour stands in when the node's comes out as -1 after translation.
 Color RowPainter::TextColorOf(const Cell& cell) const {
+    const GridState& state = m_Grid.m_State;
     if (cell.selected)
-        return TranslateColor(m_Grid.m_State.highlightForeColor);
-    const Color color = TranslateColor(cell.node.ForeColor());
-    return color == static_cast<Color>(-1) ? TranslateColor(m_Grid.m_State.foreColor) : color;
+        return TextColor(state, state.highlightForeColor);
+    const Color color = TextColor(state, cell.node.ForeColor());
+    return color == static_cast<Color>(-1) ? TextColor(state, state.foreColor) : color;
 }
 
 // A handler that raises does not keep the rest of the rows off the screen.
@@ -190,7 +191,7 @@ void RowPainter::DrawCell(HDC dc, Cell& cell) {
     cell.textColor = TextColorOf(cell);
     // A read-only row keeps its colour also when it is selected.
     const bool readOnly = cell.property && (cell.property->IsReadOnly() || state.readOnly);
-    const TextColorGuard color(dc, readOnly ? TranslateColor(state.readOnlyPropertyColor) : cell.textColor);
+    const TextColorGuard color(dc, readOnly ? TextColor(state, state.readOnlyPropertyColor) : cell.textColor);
     const SelectGuard font(dc, FontOf(cell.node));
     cell.raise = cell.property && cell.property->CustomDraw() && !cell.nameCell;
 

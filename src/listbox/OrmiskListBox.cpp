@@ -18,6 +18,8 @@ bool IsDown(int key) { return GetKeyState(key) < 0; }
 
 int ShiftState() { return (IsDown(VK_SHIFT) ? 1 : 0) | (IsDown(VK_CONTROL) ? 2 : 0) | (IsDown(VK_MENU) ? 4 : 0); }
 
+bool IsInput(UINT message) { return (message >= WM_KEYFIRST && message <= WM_KEYLAST) || message == WM_MOUSEWHEEL; }
+
 Rect FromRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 bool IsUnderCursor(HWND window) {
@@ -173,6 +175,13 @@ void OrmiskListBox::SetHeight(int height) {
     Ask(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(height - frame, 1));
 }
 
+void OrmiskListBox::SetEnabled(bool enabled) {
+    m_Enabled = enabled;
+    Repaint();
+    if (!enabled)
+        ShowList(false);
+}
+
 void OrmiskListBox::ShowList(bool show) {
     if (!m_Window || show == m_Open)
         return;
@@ -245,6 +254,8 @@ LRESULT CALLBACK OrmiskListBox::WindowProc(HWND window, UINT message, WPARAM wPa
 }
 
 LRESULT OrmiskListBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (!m_Enabled && IsInput(message))
+        return DefWindowProcW(window, message, wParam, lParam);
     switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
@@ -478,7 +489,8 @@ void OrmiskListBox::Paint(HDC dc) {
     const SelectGuard font(dc, m_Font.hFont());
     RECT button = area;
     button.left = std::max(area.right - GetSystemMetrics(SM_CXVSCROLL), area.left);
-    DrawFrameControl(dc, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | (m_Open ? DFCS_PUSHED | DFCS_FLAT : 0U));
+    DrawFrameControl(dc, &button, DFC_SCROLL,
+                     DFCS_SCROLLCOMBOBOX | (m_Open ? DFCS_PUSHED | DFCS_FLAT : 0U) | (m_Enabled ? 0U : DFCS_INACTIVE));
     area.right = button.left;
     PaintText(dc, area, ItemText(m_Index), GetFocus() == m_Window && !m_Open);
 }
@@ -498,7 +510,9 @@ void OrmiskListBox::PaintText(HDC dc, const RECT& area, const std::wstring& text
     if (!highlighted)
         m_Background.UpdateInfo(TranslateColor(m_BackColor));
     FillRect(dc, &area, highlighted ? GetSysColorBrush(COLOR_HIGHLIGHT) : m_Background.hBrush());
-    SetTextColor(dc, highlighted ? GetSysColor(COLOR_HIGHLIGHTTEXT) : TranslateColor(m_ForeColor));
+    SetTextColor(dc, !m_Enabled    ? GetSysColor(COLOR_GRAYTEXT)
+                     : highlighted ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                                   : TranslateColor(m_ForeColor));
     SetBkMode(dc, TRANSPARENT);
     // Rows are of even height, and a text has its line of theirs: the line that the grid has taken counts.
     RECT rest = area;

@@ -69,6 +69,8 @@ public:
     void SetVisible(bool visible);
     // Pixels. An open list does not follow: it closes.
     void Move(int left, int top, int width, int height);
+    // A disabled control closes its list and takes no keys, but keeps the focus; its text is gray.
+    void SetEnabled(bool enabled);
     void ShowList(bool show); // closing dismisses
     bool IsListOpen() const { return m_Open; }
 
@@ -113,6 +115,7 @@ private:
     std::vector<Item> m_Items;
     long m_Index = -1; // while the list is open, the system's selection is only where the user looks
     long m_Turned = 0; // of the wheel, less than a notch
+    bool m_Enabled = true;
     bool m_Open = false;
     bool m_ClosedUp = false; // and nobody has been told
     Ending m_Ending = Ending::Unknown;

@@ -90,7 +90,7 @@ void TextBox::SetForeColor(Color color) {
 HBRUSH TextBox::OnCtlColor(HDC dc) {
     const Color background = TranslateColor(m_BackColor);
     m_Background.UpdateInfo(background);
-    SetTextColor(dc, TranslateColor(m_ForeColor));
+    SetTextColor(dc, m_Enabled ? TranslateColor(m_ForeColor) : GetSysColor(COLOR_GRAYTEXT));
     SetBkColor(dc, background);
     return m_Background.hBrush();
 }
@@ -101,6 +101,11 @@ void TextBox::SetFont(const FontDescription& font) {
 }
 
 void TextBox::SetLeftMargin(int pixels) { SendMessageW(m_Window, EM_SETMARGINS, EC_LEFTMARGIN, MAKELPARAM(pixels, 0)); }
+
+void TextBox::SetEnabled(bool enabled) {
+    m_Enabled = enabled;
+    Repaint();
+}
 
 bool TextBox::IsVisible() const { return m_Window && (GetWindowLongPtrW(m_Window, GWL_STYLE) & WS_VISIBLE) != 0; }
 
@@ -161,6 +166,8 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 }
 
 LRESULT TextBox::OnKey(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (!m_Enabled)
+        return DefWindowProcW(window, message, wParam, lParam);
     int key = static_cast<int>(wParam);
     const bool alive = Tell([&](TextBoxListener& to) {
         if (message == WM_CHAR)

@@ -58,6 +58,8 @@ public:
     void SetFont(const FontDescription& font);
     void SetLeftMargin(int pixels);
 
+    // A disabled box takes no keys, but keeps the focus; its text is gray.
+    void SetEnabled(bool enabled);
     bool IsVisible() const; // its own flag, whatever its parent's
     void SetVisible(bool visible);
     void Move(int left, int top, int width, int height); // the z-order stays
@@ -75,6 +77,7 @@ private:
     HWND m_Window = nullptr;
     TextBoxListener* m_Listener = nullptr;
     std::shared_ptr<char> m_Life; // a callback that destroys the box is seen by a weak reference to it
+    bool m_Enabled = true;
     Color m_BackColor;
     Color m_ForeColor;
     CBrush m_Background;

@@ -4,6 +4,7 @@
 
 #include "platform/Color.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace ormisk::test {
@@ -241,6 +242,47 @@ TEST_F(ChromeTest, AToolbarButtonLooksHotPressedOrEnabledWhenItIsNot) {
     EXPECT_EQ(edge(previous), Picture::kUntouched);
 }
 
+TEST_F(ChromeTest, ADisabledControlLooksAsIfItTookInput) {
+    GridContainer host;
+    constexpr COLORREF kInk = RGB(200, 0, 0);
+    host->put_ActiveView(omCatagorized);
+    host->put_RecordsetToolbar(omShow);
+    host->put_ForeColor(kInk);
+    host->put_PropertyForeColor(kInk);
+    host->put_CategoryForeColor(kInk);
+    host->put_HighlightForeColor(kInk);
+    host->put_ReadOnlyPropertyColor(kInk);
+    host->put_TreeStyle(omText);
+    const auto text = host.Add(L"Text", L"text", L"Group"), flag = host.Add(L"Flag", true, L"Group", omBooleanEditor);
+    host.Add(L"Fixed", L"fixed", L"Group")->put_ReadOnly(VARIANT_TRUE);
+    text->put_Help(_bstr_t(L"Help"));
+    // How much is drawn in a colour of tabs, headers, rows, description, button and open editor.
+    const auto drawn = [&](COLORREF color) {
+        std::vector<long> counts;
+        const HWND list = FindWindowExW(host.Tree(), nullptr, L"ComboBox", nullptr);
+        for (const HWND part :
+             {host.TabStrip(), PaneAt(host.HeaderStrip(), 0), PaneAt(host.HeaderStrip(), 1), host.Tree(),
+              host.DescriptionPane(), PaneAt(Toolbar(host), 0), IsWindowVisible(list) ? list : host.EditBox()}) {
+            const Picture picture(part);
+            counts.push_back(picture.Count(color, Whole(picture)));
+        }
+        return counts;
+    };
+    const std::vector<long> none(7);
+    for (const auto& row : {text, flag}) {
+        host.Select(row.Get());
+        const auto ink = drawn(kInk), gray = drawn(GetSysColor(COLOR_GRAYTEXT));
+        EXPECT_EQ(std::ranges::count(ink, 0), 0);
+        host->put_Enabled(VARIANT_FALSE);
+        EXPECT_EQ(drawn(kInk), none);
+        const auto grayed = drawn(GetSysColor(COLOR_GRAYTEXT));
+        for (std::size_t part = 0; part < none.size(); ++part)
+            EXPECT_EQ(grayed[part] > gray[part], part != 5) << part << ": a button has the look of a disabled one";
+        host->put_Enabled(VARIANT_TRUE);
+        EXPECT_EQ(drawn(kInk), ink);
+    }
+}
+
 TEST_F(ChromeTest, ScreenAndSnapshotAreNotTheSameAfterAChange) {
     GridContainer host;
     const auto a = host.Add(L"A", L"1", L"Group");
@@ -261,6 +303,8 @@ TEST_F(ChromeTest, ScreenAndSnapshotAreNotTheSameAfterAChange) {
         {"Help", [&] { a->put_Help(_bstr_t(L"Other help")); }},
         {"Name", [&] { a->put_Name(_bstr_t(L"Other name")); }},
         {"RecordsetToolbar", [&] { host->put_RecordsetToolbar(omShow); }},
+        {"disabled", [&] { host->put_Enabled(VARIANT_FALSE); }},
+        {"enabled", [&] { host->put_Enabled(VARIANT_TRUE); }},
         {"Sorted", [&] { host->put_Sorted(VARIANT_TRUE); }},
         {"SortOrder", [&] { host->put_SortOrder(omDescending); }},
         {"ActiveView", [&] { host->put_ActiveView(omCatagorized); }},

@@ -433,10 +433,12 @@ TEST_F(ControlInHost, AHostReadsAWrongIdentityOrVerb) {
     ComPtr<IEnumOLEVERB> verbs;
     ASSERT_EQ(object->EnumVerbs(verbs.GetAddressOf()), S_OK);
     OLEVERB verb{};
-    while (verbs->Next(1, &verb, nullptr) == S_OK) {
+    int count = 0;
+    for (; verbs->Next(1, &verb, nullptr) == S_OK; ++count) {
         EXPECT_NE(object->DoVerb(verb.lVerb, nullptr, nullptr, 0, nullptr, nullptr), E_NOTIMPL) << verb.lVerb;
         CoTaskMemFree(verb.lpszVerbName);
     }
+    EXPECT_GT(count, 0);
     EXPECT_EQ(object->DoVerb(OLEIVERB_PROPERTIES, nullptr, nullptr, 0, nullptr, nullptr), E_NOTIMPL);
 
     // Nothing is promised of untrusted callers.

@@ -42,6 +42,14 @@ TEST_F(GridTest, AnEditByMouseAndKeysTellsItsEventsInAnotherOrder) {
     host.RealKeys({'Q'});
     host.RealClick(host.Tree(), 30, host.RowTop(0) + 6);
     EXPECT_EQ(host.Heard(), L"ValidateValue B q False; PropertyValueChanged B; SelChanged A");
+    // A handler that selects another row wins; its row has the editor.
+    host.events.on[L"SelChanged"] = [&](const EventCall&) {
+        host.events.on.clear();
+        host.Select(host.Item(1L).Get());
+    };
+    host.Select(host.Item(2L).Get());
+    EXPECT_EQ(host.Heard(), L"SelChanged B; SelChanged A");
+    EXPECT_EQ(host.EditText(), L"one");
 }
 
 TEST_F(GridTest, ARefusedValueIsStoredOrReportedOrLosesItsText) {
@@ -51,15 +59,33 @@ TEST_F(GridTest, ARefusedValueIsStoredOrReportedOrLosesItsText) {
     host.Select(row.Get());
     host.Heard();
     host.events.on[L"ValidateValue"] = [](const EventCall& call) { call.Set(2, true); };
+    SetFocus(host.EditBox());
     host.TypeIntoEditor(L"new");
     host.Enter();
     EXPECT_EQ(host.Heard(), L"ValidateValue A new False");
+    EXPECT_EQ(GetFocus(), host.Tree());
     EXPECT_EQ(ValueText(row.Get()), L"old");
     EXPECT_EQ(host.EditText(), L"new");
+    SetFocus(host.EditBox());
+    SetFocus(host.Tree());
+    EXPECT_EQ(host.Heard(), L"") << "the text is the one that was refused";
+    host.Enter();
+    EXPECT_EQ(host.Heard(), L"ValidateValue A new False") << "confirmed once more";
+    for (int round = 0; round < 2; ++round) {
+        SetFocus(host.EditBox());
+        host.TypeIntoEditor(L"New");
+        SetFocus(host.Tree());
+        EXPECT_EQ(host.Heard(), L"ValidateValue A New False") << "typed anew";
+    }
     host.Press(VK_DOWN);
-    EXPECT_EQ(host.Heard(), L"ValidateValue A new False; SelChanged B");
+    EXPECT_EQ(host.Heard(), L"SelChanged B");
     EXPECT_EQ(ValueText(row.Get()), L"old");
     EXPECT_EQ(host.EditText(), L"other");
+    host.TypeIntoEditor(L"New");
+    host.Press(VK_UP);
+    EXPECT_EQ(host.Heard(), L"ValidateValue B New False; SelChanged A") << "another row has not been asked about";
+    host.Press(VK_DOWN);
+    host.Heard();
     // The same value, typed anew, is no change.
     host.TypeIntoEditor(L"other");
     host.Enter();
@@ -126,9 +152,19 @@ TEST_F(GridTest, AReportShowsNoMessageBoxOrAnotherText) {
         const UINT_PTR timer = SetTimer(nullptr, 0, 20, CloseBoxes);
         host.Heard();
         host.Select(row.Get());
-        KillTimer(nullptr, timer);
         EXPECT_EQ(host.Heard(), L"SelChanged A; DisplayError Editor is not registered. -2147221492 True");
-        return s_BoxText;
+        std::wstring told = s_BoxText;
+        // The box takes the focus from a text that it is about, which is no reason for another one.
+        const auto text = host.Add(L"B", L"text");
+        text->SetEditorParam(_bstr_t(L"MinLength"), _bstr_t(L"2"));
+        host->StartPropertyEdit(text.Get());
+        host.TypeIntoEditor(L"x");
+        host.Heard();
+        host.Enter();
+        SendMessageW(host.EditBox(), WM_CHAR, VK_ESCAPE, 1);
+        KillTimer(nullptr, timer);
+        EXPECT_EQ(host.Heard(), L"DisplayError Entered text is too small in length -2147221502 True");
+        return told;
     };
     report(true); // the system's box keeps handles from its first use on
     SetUp();
@@ -333,6 +369,17 @@ TEST_F(GridTest, ACustomEditorIsRegisteredTwiceOrKeepsTheGridFromItsValue) {
     row->get_Value(&stored);
     EXPECT_EQ(V_VT(&stored), VT_DISPATCH);
     row->put_Value(_variant_t(L"plain"));
+    // A refused one is not asked about again, unless the editor says so itself.
+    host.events.on[L"ValidateValue"] = [](const EventCall& call) { call.Set(2, true); };
+    editor->value = L"refused";
+    host.Heard();
+    editor->Commit();
+    editor->Commit();
+    EXPECT_EQ(host.Heard(), L"ValidateValue A refused False; ValidateValue A refused False");
+    host.Select(nullptr);
+    EXPECT_EQ(host.Heard(), L"SelChanged Nothing");
+    host.events.on.clear();
+    host.Select(row.Get());
     // In twips, the place comes in twips.
     editor->scale = 1;
     host->put_ColumnDividerPosition(100);

@@ -151,6 +151,59 @@ TEST_F(GridTest, AHostCannotEatOrReplaceAKeyOrIsNotAskedForHelp) {
     EXPECT_EQ(host.Heard(), L"KeyPress 97; KeyPress 98");
 }
 
+TEST_F(GridTest, AKeyTypedOnARowLosesItsModifierOnTheWayToTheEditor) {
+    GridContainer host;
+    host.Select(host.Add(L"A", L"old").Get());
+    host.events.quiet.erase(L"KeyPress");
+    bool slow = false;
+    host.events.on[L"KeyDown"] = [&](const EventCall& call) {
+        if (*V_I2REF(&call[0]) == 'B' && std::exchange(slow, false))
+            host.Pump();
+    };
+    // Everything is up again before the row hears of the key, or when the host has heard of it.
+    const auto type = [&](BYTE modifier) {
+        SetFocus(host.Tree());
+        host.Pump();
+        host.Heard();
+        keybd_event(modifier, 0, 0, 0);
+        for (const DWORD flags : {0, KEYEVENTF_KEYUP})
+            keybd_event('B', 0, flags, 0);
+        keybd_event(modifier, 0, KEYEVENTF_KEYUP, 0);
+        host.Pump();
+        EXPECT_GE(GetAsyncKeyState(modifier), 0);
+        return host.EditText();
+    };
+    for (const bool slowly : {false, true}) {
+        slow = slowly;
+        EXPECT_EQ(type(VK_SHIFT), L"B") << slowly;
+        EXPECT_EQ(host.Heard(), L"KeyPress 66; KeyPress 66") << "of the row and of the editor";
+        slow = slowly;
+        EXPECT_EQ(type(VK_CONTROL), L"") << slowly;
+        EXPECT_EQ(host.Heard(), L"KeyPress 2; KeyPress 2");
+    }
+}
+
+TEST_F(GridTest, ADisabledControlTakesTheKeysOfItsOpenEditor) {
+    GridContainer host;
+    host.Add(L"A", L"old");
+    const auto list = host.Add(L"B", true, L"", omBooleanEditor);
+    for (long row = 1; row <= 2; ++row) {
+        host->StartPropertyEdit(host.Item(row).Get());
+        const HWND editor = GetFocus();
+        EXPECT_NE(editor, host.Tree());
+        host->put_Enabled(VARIANT_FALSE);
+        EXPECT_FALSE(SendMessageW(editor, CB_GETDROPPEDSTATE, 0, 0)) << "the list is open";
+        host.Heard();
+        host.RealKeys({'F', VK_DOWN, VK_RETURN});
+        EXPECT_EQ(GetFocus(), editor);
+        EXPECT_EQ(host.Heard(), L"");
+        host->put_Enabled(VARIANT_TRUE);
+    }
+    host.Select(host.Item(1L).Get());
+    EXPECT_EQ(host.EditText(), L"old");
+    EXPECT_EQ(ValueText(list.Get()), L"True");
+}
+
 TEST_F(GridTest, TheMouseIsToldWithAnotherPartPlaceOrStage) {
     GridContainer host;
     AddRows(host, 2);

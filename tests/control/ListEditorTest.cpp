@@ -262,6 +262,76 @@ TEST_F(GridTest, ARefusedChoiceIsStoredOrForgottenAtOnce) {
     EXPECT_EQ(GetFocus(), host.Tree());
 }
 
+TEST_F(GridTest, OneChoiceIsAskedAboutTwiceOrAgainWhenItsRowIsLeft) {
+    GridContainer host;
+    const auto object = host.Add(L"X");
+    const auto row = AddList(host, L"A", 1L, {{L"one", 1L}, {L"other", 2L}});
+    _variant_t array;
+    V_VT(&array) = VT_ARRAY | VT_I4;
+    V_ARRAY(&array) = SafeArrayCreateVector(VT_I4, 0, 3);
+    const _variant_t values[] = {2L, static_cast<IDispatch*>(object.Get()), array};
+    const std::pair<const char*, std::function<void()>> choices[] = {
+        {"ENTER",
+         [&] {
+             host.RealKeys({VK_F4, VK_DOWN, VK_RETURN});
+         }},
+        {"a closed list",
+         [&] {
+             host.RealKeys({VK_F4, VK_DOWN, VK_F4});
+         }},
+        {"a click", [&] { host.RealKeys({VK_F4}), ClickEntry(host, 1); }},
+        {"an arrow", [&] { SetFocus(Box(host)), host.RealKeys({VK_DOWN}); }},
+        {"a double click", [&] { host.RealClick(host.Tree(), 30, host.RowTop(1) + 6, 2); }},
+    };
+    host.events.quiet.insert(L"ValidateValue");
+    bool refuse = false;
+    int asked = 0;
+    host.events.on[L"ValidateValue"] = [&](const EventCall& call) {
+        ++asked;
+        call.Set(2, refuse);
+    };
+    std::size_t turn = 0; // each value meets several ways to choose
+    for (const bool answer : {true, false})
+        for (const auto& [name, choose] : choices) {
+            refuse = answer;
+            const _variant_t& value = values[turn++ % std::size(values)];
+            SCOPED_TRACE(std::string(name) + (refuse ? ", refused, type " : ", type ") + std::to_string(V_VT(&value)));
+            Entry(row.Get(), 2)->put_Value(value);
+            row->put_Value(_variant_t(1L));
+            GoTo(host, row.Get());
+            asked = 0;
+            choose();
+            EXPECT_EQ(asked, 1);
+            host.RealKeys({VK_TAB});
+            EXPECT_EQ(host.Heard(), refuse ? L"" : L"PropertyValueChanged A");
+            host.Select(object.Get());
+            EXPECT_EQ(asked, 1);
+            EXPECT_EQ(host.Heard(), L"SelChanged X");
+        }
+}
+
+TEST_F(GridTest, AListDoesNotFollowTheHostsValueOrStaysOpenWithoutItsRow) {
+    GridContainer host;
+    const auto row = AddList(host, L"A", 2L, kColors);
+    GoTo(host, row.Get());
+    row->put_Value(_variant_t(77L));
+    EXPECT_EQ(Shown(host), L"77") << "a value outside stands first";
+    host.RealKeys({VK_F4, VK_HOME, VK_DOWN, VK_RETURN});
+    EXPECT_EQ(ValueOf(row.Get()), _variant_t(1L));
+    for (const bool cleared : {false, true}) {
+        host->StartPropertyEdit(row.Get());
+        host.RealKeys({VK_DOWN});
+        EXPECT_TRUE(IsOpen(host));
+        host.Heard();
+        EXPECT_EQ(cleared ? host.Properties()->Clear(nullptr) : row->put_Visible(VARIANT_FALSE), S_OK);
+        EXPECT_FALSE(IsOpen(host));
+        EXPECT_EQ(host.Heard(), cleared ? L"" : L"SelChanged Nothing");
+        row->put_Visible(VARIANT_TRUE);
+    }
+    host.RealKeys({VK_RETURN, VK_ESCAPE, VK_F4});
+    EXPECT_EQ(host.Heard(), L"");
+}
+
 TEST_F(GridTest, TheHostDoesNotHearTheKeysOfAListOrCannotTakeThem) {
     GridContainer host;
     const auto row = AddList(host, L"A", 1L, kColors);
@@ -365,14 +435,15 @@ TEST_F(GridTest, AHandlerThatEndsTheRowOrTheControlCatchesTheListOpen) {
          [](GridContainer& host) {
              host.RealKeys({VK_F4, VK_DOWN, VK_RETURN});
          }},
-        {"a click", [](GridContainer& host) { host.RealKeys({VK_F4}), ClickEntry(host, 1); }},
         {"an arrow", [](GridContainer& host) { SetFocus(Box(host)), host.RealKeys({VK_DOWN}); }},
+        {"a click", [](GridContainer& host) { host.RealKeys({VK_F4}), ClickEntry(host, 1); }},
     };
-    std::size_t turn = 0; // each event meets each deed, and each deed each way to choose
-    for (const auto* event : {L"ValidateValue", L"PropertyValueChanged", L"KeyDown"}) {
+    std::size_t turn = 0;                       // each event meets each deed, and each deed several ways to choose
+    constexpr const wchar_t* kKey = L"KeyDown"; // of those in the list, which a click has none of
+    for (const auto* event : {L"ValidateValue", L"PropertyValueChanged", kKey}) {
         ++turn;
         for (const auto& deed : deeds) {
-            const auto& [choice, choose] = choices[turn++ % choices.size()];
+            const auto& [choice, choose] = choices[turn++ % (event == kKey ? 2 : 3)];
             SCOPED_TRACE(std::string("a handler ") + deed.first + " at " + choice);
             GridContainer host;
             const auto row = AddList(host, L"A", 1L, kColors);
@@ -380,14 +451,14 @@ TEST_F(GridTest, AHandlerThatEndsTheRowOrTheControlCatchesTheListOpen) {
             GoTo(host, row.Get());
             bool done = false;
             host.events.on[event] = [&](const EventCall& call) {
-                // Of the keys, those in the open list.
-                if (done || (call.Name() == L"KeyDown" && !IsOpen(host)))
+                if (done || (call.Name() == kKey && GetFocus() != Box(host)))
                     return;
                 done = true;
                 deed.second(host);
             };
             choose(host);
             host.events.on.clear();
+            EXPECT_TRUE(done);
             if (!host.grid)
                 continue;
             // The grid goes on working.

@@ -208,14 +208,14 @@ TEST_F(SubclassTest, WindowsKeepTheirKindOfCharacters) {
         const HWND edit =
             wide ? CreateWindowExW(0, L"EDIT", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr)
                  : CreateWindowExA(0, "EDIT", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
-        const BOOL before = IsWindowUnicode(edit);
+        EXPECT_EQ(IsWindowUnicode(edit), wide);
         SubclassWindow(edit, Listener);
         AddMessageHook(edit, WM_SETTEXT);
-        EXPECT_EQ(IsWindowUnicode(edit), before);
+        EXPECT_EQ(IsWindowUnicode(edit), wide);
         SetWindowTextW(edit, L"\u0416\u65E5");
         wchar_t text[8] = L"";
         GetWindowTextW(edit, text, 8);
-        if (before) {
+        if (wide) {
             EXPECT_STREQ(text, L"\u0416\u65E5");
         }
         DestroyWindow(edit);

@@ -32,6 +32,7 @@ public:
         DISPID id = DISPID_UNKNOWN;
         auto* name = const_cast<LPOLESTR>(member);
         const HRESULT known = m_Object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
+        EXPECT_EQ(known, S_OK) << member;
         if (FAILED(known))
             return known;
         std::reverse(arguments.begin(), arguments.end());

@@ -11,6 +11,10 @@ Sub Grid_PropertyDeleted(aProperty)
     Note "deleted " & aProperty.Name & " leaving " & Grid.Properties.Count
 End Sub
 
+Sub Grid_KeyDown(code, shift)
+    Note "key " & code
+End Sub
+
 Dim all, item, names, thing, text
 Set all = Grid.Properties
 Set thing = CreateObject("Scripting.Dictionary")
@@ -78,4 +82,6 @@ CheckEqual "version is told as 1.23.4567", "7 2 5", Len(text) - InStr(text, ".")
     InStr(InStr(text, ".") + 1, text, ".")
 Host.Later "{ESC}", 500
 Grid.ShowAbout
+Host.Pump 700
+CheckEvents "the key was the About window's", ""
 Finish

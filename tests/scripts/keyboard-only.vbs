@@ -1,18 +1,6 @@
 ' A session without a mouse: every row, both views, both orders, both bars, every entry of a list.
 Option Explicit
-Host.Include "lib/common.vbs"
-
-Sub Grid_SelChanged(aProperty)
-    Note NameOf(aProperty)
-End Sub
-
-Sub Grid_ActiveViewChanged()
-    Note "view " & Grid.ActiveView
-End Sub
-
-Sub Grid_PropertyValueChanged(aProperty)
-    Note aProperty.Name & "=" & aProperty.FormattedText
-End Sub
+Host.Include "lib/session.vbs"
 
 ' Down from the first row to the last one.
 Sub WalkDown(what, rows, expected)
@@ -32,22 +20,10 @@ Function EdgeBelow(x, y)
     Loop
 End Function
 
-Dim all, choice, place, i
-Set all = Grid.Properties
-Host.Resize 300, 300
-Grid.HighlightBackColor = kHighlight
+Dim place, i
 Grid.AlphabeticTabCaption = "&List"
 Grid.CategorizedTabCaption = "&Tree"
-Grid.DescriptionPaneHeight = 60
-all.Add "delta", "4", "Two"
-all.Add "Bravo", "2", "One|Inner"
-Set choice = all.Add("charlie", "c", "One", "", Nothing, True, 9)
-all.Add "alpha", True, "Two", "", Nothing, True, 4
-For i = 1 To 12
-    choice.ListItems.Add "entry " & i, Chr(96 + i)
-Next
-Host.Pump 50
-EventLog = ""
+FillSession 12
 
 ' The first key selects the first row; the arrow keys go to each of them and not past the last.
 Host.Keys "{DOWN}"

@@ -1,18 +1,6 @@
 ' A session without a keyboard: every row, both views, both orders, both bars, every entry of a list.
 Option Explicit
-Host.Include "lib/common.vbs"
-
-Sub Grid_SelChanged(aProperty)
-    Note NameOf(aProperty)
-End Sub
-
-Sub Grid_ActiveViewChanged()
-    Note "view " & Grid.ActiveView
-End Sub
-
-Sub Grid_PropertyValueChanged(aProperty)
-    Note aProperty.Name & "=" & aProperty.FormattedText
-End Sub
+Host.Include "lib/session.vbs"
 
 Dim Part
 Sub Grid_MouseMove(button, shift, x, y, hit)
@@ -47,21 +35,10 @@ Function FindRight(x, y, hit)
     FindRight = -1
 End Function
 
-Dim all, choice, i, x, y, place, boxX
-Set all = Grid.Properties
-Host.Resize 300, 300
-Grid.HighlightBackColor = kHighlight
-Grid.DescriptionPaneHeight = 60
+Dim i, x, y, place, boxX
 Grid.ColumnDividerPosition = 140
 MeasureRows
-all.Add "delta", "4", "Two"
-all.Add "Bravo", "2", "One|Inner"
-Set choice = all.Add("charlie", "c", "One", "", Nothing, True, 9)
-all.Add "alpha", True, "Two", "", Nothing, True, 4
-For i = 1 To 4
-    choice.ListItems.Add "entry " & i, Chr(96 + i)
-Next
-Host.Pump 50
+FillSession 4
 
 ' Every row of both views; a box opens and closes its category.
 ClickDown "alphabetic", 4, "delta, Bravo, charlie, alpha"
