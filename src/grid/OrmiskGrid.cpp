@@ -4,6 +4,7 @@
 #include "grid/Version.h"
 #include "platform/About.h"
 #include "platform/VersionText.h"
+#include "win/Gdi.h"
 
 #include <olectl.h>
 
@@ -62,10 +63,9 @@ void OrmiskGrid::OnAmbientChange(DISPID id) {
 }
 
 void OrmiskGrid::OnDraw(HDC dc, const RECT& pixels) {
-    const int saved = SaveDC(dc);
+    const SavedDC saved(dc);
     OffsetWindowOrgEx(dc, -pixels.left, -pixels.top, nullptr);
     m_Grid.m_Panes.Draw(dc);
-    RestoreDC(dc, saved);
 }
 
 // The grid uses what moves the selection, edits and confirms; the rest goes by the host's rules.

@@ -1,6 +1,6 @@
 #include "platform/Splitter.h"
 
-#include "platform/Gdi.h"
+#include "win/Gdi.h"
 #include "platform/Rounding.h"
 
 namespace ormisk {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Color.h"
-#include "platform/Gdi.h"
+#include "win/Gdi.h"
 #include "platform/ResourceMgr.h"
 
 #include <memory>
