@@ -1,11 +1,11 @@
 #include "grid/PaintPrimitives.h"
 
 #include "automation/ComPtr.h"
-#include "win/Gdi.h"
 #include "platform/ResourceMgr.h"
 #include "platform/Rounding.h"
 #include "platform/Scale.h"
 #include "win/Dpi.h"
+#include "win/Gdi.h"
 
 #include <algorithm>
 #include <array>

@@ -298,13 +298,9 @@ void Pane::MovePixels(const Rect& place) {
                      SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-float Pane::Width() const {
-    return PixelsToUnitsX(static_cast<float>(WindowRect(m_hWnd).Width()));
-}
+float Pane::Width() const { return PixelsToUnitsX(static_cast<float>(WindowRect(m_hWnd).Width())); }
 
-float Pane::Height() const {
-    return PixelsToUnitsY(static_cast<float>(WindowRect(m_hWnd).Height()));
-}
+float Pane::Height() const { return PixelsToUnitsY(static_cast<float>(WindowRect(m_hWnd).Height())); }
 
 void Pane::SetVisible(bool visible) {
     if (m_hWnd)

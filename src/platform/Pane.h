@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Color.h"
-#include "win/Geometry.h"
 #include "platform/Scale.h"
 #include "platform/Splitter.h"
+#include "win/Geometry.h"
 
 #include <unknwn.h>
 #include <windows.h>
