@@ -1,36 +1,16 @@
 #pragma once
 
 #include "automation/DispatchObject.h"
+#include "automation/Unknown.h"
 
 namespace ormisk {
 
 // The class object of a creatable class.
-template <class T> class ClassFactory final : public IClassFactory, LiveObject {
+template <class T> class ClassFactory final : public Unknown<IClassFactory> {
 public:
     // For DllGetClassObject: gives a counted reference.
     static HRESULT Give(REFIID iid, void** object) {
         return Guarded(iid, [&] { return Adopt(new ClassFactory)->QueryInterface(iid, object); });
-    }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) {
-            return E_POINTER;
-        }
-        const bool answered = iid == __uuidof(IUnknown) || iid == __uuidof(IClassFactory);
-        *object = answered ? this : nullptr;
-        if (answered) {
-            AddRef();
-        }
-        return answered ? S_OK : E_NOINTERFACE;
-    }
-    // Class objects are called from any thread.
-    STDMETHODIMP_(ULONG) AddRef() override { return InterlockedIncrement(&m_References); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = InterlockedDecrement(&m_References);
-        if (left == 0) {
-            delete this;
-        }
-        return left;
     }
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
@@ -46,12 +26,6 @@ public:
         LockServerModule(lock != FALSE);
         return S_OK;
     }
-
-private:
-    ClassFactory() = default;
-    ~ClassFactory() = default;
-
-    volatile LONG m_References = 1;
 };
 
 } // namespace ormisk

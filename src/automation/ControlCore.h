@@ -9,9 +9,6 @@
 
 #include <objsafe.h>
 
-#include <memory>
-#include <type_traits>
-
 #ifdef __CRT_UUID_DECL // the toolchain's header leaves this one out
 __CRT_UUID_DECL(IObjectSafety, 0xcb5bdc81, 0x93c1, 0x11cf, 0x8f, 0x20, 0x00, 0x80, 0x5f, 0x2c, 0xd0, 0x64)
 #endif
@@ -174,10 +171,6 @@ protected:
     virtual ConnectionPoints& Points() = 0;
 
 private:
-    struct AcceleratorDeleter {
-        void operator()(HACCEL table) const { DestroyAcceleratorTable(table); }
-    };
-
     IUnknown* Self() { return static_cast<IOleObject*>(this); }
     void CreateWindows();
     void Initialize();
@@ -194,7 +187,7 @@ private:
     InPlaceSession m_Session;
     ControlPlacing m_Placing;
     SIZEL m_Extent = HimetricOf(kDefaultSize);
-    std::unique_ptr<std::remove_pointer_t<HACCEL>, AcceleratorDeleter> m_Accelerators;
+    Unique<HACCEL> m_Accelerators;
     DWORD m_SafetyEnabled = 0;
     bool m_WindowsMade = false;
     bool m_NewWanted = false; // InitNew came before there was a site

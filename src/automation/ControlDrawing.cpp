@@ -1,20 +1,10 @@
 #include "automation/ControlDrawing.h"
 
+#include "win/Gdi.h"
+
 namespace ormisk {
 
 namespace {
-
-class SavedContext {
-public:
-    explicit SavedContext(HDC dc) : m_Dc(dc), m_State(SaveDC(dc)) {}
-    ~SavedContext() { RestoreDC(m_Dc, m_State); }
-    SavedContext(const SavedContext&) = delete;
-    SavedContext& operator=(const SavedContext&) = delete;
-
-private:
-    HDC m_Dc;
-    int m_State;
-};
 
 // A metafile has no device to measure by: its window is laid so that one unit is one pixel of the picture.
 void MapByWindow(HDC dc, const RECTL& bounds, const RECTL& window, SIZE pixels) {
@@ -46,7 +36,7 @@ void DrawMapped(HDC dc, const RECTL& bounds, const RECTL* metafileWindow, SIZE p
     if (bounds.right == bounds.left || bounds.bottom == bounds.top || pixels.cx <= 0 || pixels.cy <= 0) {
         return;
     }
-    const SavedContext saved(dc);
+    const SavedDC saved(dc);
     if (GetObjectType(dc) == OBJ_METADC) {
         const RECTL whole{bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top};
         MapByWindow(dc, bounds, metafileWindow ? *metafileWindow : whole, pixels);

@@ -1,28 +1,23 @@
 #include "automation/ControlExtent.h"
 
+#include "win/Dpi.h"
+
 namespace ormisk {
 
 namespace {
 
 constexpr int kHimetricPerInch = 2540;
 
-SIZE PixelsPerInch() {
-    const HDC screen = GetDC(nullptr);
-    const SIZE result{GetDeviceCaps(screen, LOGPIXELSX), GetDeviceCaps(screen, LOGPIXELSY)};
-    ReleaseDC(nullptr, screen);
-    return result;
-}
-
 } // namespace
 
 SIZEL HimetricOf(SIZE pixels) {
-    const SIZE perInch = PixelsPerInch();
-    return {MulDiv(pixels.cx, kHimetricPerInch, perInch.cx), MulDiv(pixels.cy, kHimetricPerInch, perInch.cy)};
+    const int dpi = DpiOf(nullptr);
+    return {MulDiv(pixels.cx, kHimetricPerInch, dpi), MulDiv(pixels.cy, kHimetricPerInch, dpi)};
 }
 
 SIZE PixelsOf(SIZEL himetric) {
-    const SIZE perInch = PixelsPerInch();
-    return {MulDiv(himetric.cx, perInch.cx, kHimetricPerInch), MulDiv(himetric.cy, perInch.cy, kHimetricPerInch)};
+    const int dpi = DpiOf(nullptr);
+    return {MulDiv(himetric.cx, dpi, kHimetricPerInch), MulDiv(himetric.cy, dpi, kHimetricPerInch)};
 }
 
 } // namespace ormisk

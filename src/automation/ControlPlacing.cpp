@@ -1,8 +1,9 @@
 #include "automation/ControlPlacing.h"
 
 #include "automation/ControlExtent.h"
-#include "automation/Error.h"
-#include "automation/TypeLibrary.h"
+#include "win/Checked.h"
+#include "win/Module.h"
+#include "win/Rects.h"
 
 namespace ormisk {
 
@@ -16,9 +17,9 @@ bool IsClipped(HWND window) {
 // Cuts off what is outside the visible part, which is in the coordinates of the window; null shows it whole.
 void Clip(HWND window, const RECT* visible) {
     if (visible) {
-        const HRGN region = CreateRectRgnIndirect(visible);
-        if (!SetWindowRgn(window, region, TRUE)) {
-            DeleteObject(region);
+        Unique<HRGN> region(CreateRectRgnIndirect(visible));
+        if (SetWindowRgn(window, region.get(), TRUE)) {
+            region.release(); // it is the system's now
         }
     } else if (IsClipped(window)) {
         SetWindowRgn(window, nullptr, TRUE);
@@ -27,21 +28,12 @@ void Clip(HWND window, const RECT* visible) {
 
 } // namespace
 
-ControlPlacing::~ControlPlacing() {
-    if (m_Parking) {
-        DestroyWindow(m_Parking);
-    }
-}
-
 HWND ControlPlacing::Parking() {
     if (!m_Parking) {
-        m_Parking = CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP | WS_CLIPCHILDREN, 0, 0, 0, 0, nullptr,
-                                    nullptr, ThisModule(), nullptr);
-        if (!m_Parking) {
-            Check(HRESULT_FROM_WIN32(GetLastError()));
-        }
+        m_Parking.reset(Checked(CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP | WS_CLIPCHILDREN, 0, 0, 0,
+                                                0, nullptr, nullptr, ThisModule(), nullptr)));
     }
-    return m_Parking;
+    return m_Parking.get();
 }
 
 void ControlPlacing::Park(HWND window) {
@@ -53,7 +45,7 @@ void ControlPlacing::Park(HWND window) {
     }
     if (IsWindow(window)) {
         Clip(window, nullptr);
-        SetParent(window, m_Parking);
+        SetParent(window, m_Parking.get());
     }
 }
 
@@ -85,9 +77,7 @@ bool ControlPlacing::Resize(HWND window, SIZE size) {
     if (!IsWindow(window)) {
         return false;
     }
-    RECT present{};
-    GetWindowRect(window, &present);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&present), 2);
+    const Rect present = PlaceInParent(window);
     return Move(window, {present.left, present.top, present.left + size.cx, present.top + size.cy}, nullptr);
 }
 

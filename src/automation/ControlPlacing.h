@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "win/Handles.h"
 
 namespace ormisk {
 
@@ -8,11 +8,6 @@ namespace ormisk {
 // control's own. The control's window may be gone, or go, at any time: a null window is let pass everywhere.
 class ControlPlacing {
 public:
-    ControlPlacing() = default;
-    ~ControlPlacing();
-    ControlPlacing(const ControlPlacing&) = delete;
-    ControlPlacing& operator=(const ControlPlacing&) = delete;
-
     // The hidden top-level window; made at the first call. Raises.
     HWND Parking();
     // Hides the window and moves it to the parking window. A focus within goes to the host's window first.
@@ -25,7 +20,7 @@ public:
     bool Resize(HWND window, SIZE size);
 
 private:
-    HWND m_Parking = nullptr;
+    Unique<HWND> m_Parking;
     SIZE m_Size{-1, -1};
 };
 

@@ -1,6 +1,7 @@
 #include "automation/Events.h"
 
 #include "automation/SnapshotEnumerator.h"
+#include "automation/Unknown.h"
 
 #include <algorithm>
 #include <optional>
@@ -22,15 +23,7 @@ public:
     bool IsConnected(DWORD cookie) const { return Position(cookie) != m_Sinks.end(); }
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) {
-            return E_POINTER;
-        }
-        const bool answered = iid == __uuidof(IUnknown) || iid == __uuidof(IConnectionPoint);
-        *object = answered ? this : nullptr;
-        if (answered) {
-            AddRef();
-        }
-        return answered ? S_OK : E_NOINTERFACE;
+        return Answer<IConnectionPoint>(this, iid, object);
     }
     STDMETHODIMP_(ULONG) AddRef() override { return m_Owner.AddRef(); }
     STDMETHODIMP_(ULONG) Release() override { return m_Owner.Release(); }

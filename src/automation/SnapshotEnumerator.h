@@ -1,7 +1,7 @@
 #pragma once
 
 #include "automation/Error.h"
-#include "automation/LiveObject.h"
+#include "automation/Unknown.h"
 
 #include <algorithm>
 #include <memory>
@@ -12,7 +12,7 @@ namespace ormisk {
 // An IEnumXxx over a snapshot of items. Policy::Copy(const Stored &, Item *) hands an item out, with a reference of the
 // receiver's own, and returns an HRESULT; Policy::Clear(Item *) takes back what was handed out before a failure.
 template <class Interface, class Item, class Stored, class Policy>
-class SnapshotEnumerator final : public Interface, LiveObject {
+class SnapshotEnumerator final : public Unknown<Interface> {
 public:
     using Items = std::shared_ptr<const std::vector<Stored>>;
 
@@ -21,26 +21,6 @@ public:
     static ComPtr<Interface> Make(std::vector<Stored> items, size_t next = 0) {
         return Adopt<Interface>(
             new SnapshotEnumerator(std::make_shared<const std::vector<Stored>>(std::move(items)), next));
-    }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) {
-            return E_POINTER;
-        }
-        const bool answered = iid == __uuidof(IUnknown) || iid == __uuidof(Interface);
-        *object = answered ? this : nullptr;
-        if (answered) {
-            AddRef();
-        }
-        return answered ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_References; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --m_References;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
     }
 
     STDMETHODIMP Next(ULONG count, Item* items, ULONG* fetched) override {
@@ -84,11 +64,8 @@ public:
     }
 
 private:
-    ~SnapshotEnumerator() = default;
-
     Items m_Items;
     size_t m_Next;
-    ULONG m_References = 1;
 };
 
 // The policy of interface pointers.

@@ -1,25 +1,9 @@
 #include "automation/TypeLibrary.h"
 
 #include "automation/Value.h"
-
-// The linker's symbol for the start of the module.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
+#include "win/Module.h"
 
 namespace ormisk {
-
-namespace {} // namespace
-
-std::wstring ModulePath() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(ThisModule(), path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
-}
 
 namespace {
 
@@ -50,7 +34,5 @@ std::wstring NameOf(ITypeInfo* info) {
     std::wstring text = FromBstr(name.GetBSTR());
     return text.starts_with(L'_') ? text.substr(1) : text;
 }
-
-HMODULE ThisModule() { return reinterpret_cast<HMODULE>(&__ImageBase); }
 
 } // namespace ormisk

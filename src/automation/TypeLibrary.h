@@ -13,7 +13,5 @@ namespace ormisk {
 ITypeLib* Library();                      // borrowed; raises when the module carries none
 ComPtr<ITypeInfo> TypeInfoOf(REFGUID id); // of an interface or class of the library; raises
 std::wstring NameOf(ITypeInfo* info);     // without a leading underscore, "" when it has none
-HMODULE ThisModule();
-std::wstring ModulePath(); // of that module
 
 } // namespace ormisk

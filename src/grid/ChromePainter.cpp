@@ -227,19 +227,19 @@ void ChromePainter::DrawSortArrow(HDC dc, const RECT& client) {
     if (x + kArrowSize > client.right - 2)
         x -= kArrowSize;
     const long y = RoundToLong(static_cast<double>(client.bottom - kArrowSize) / 2.0);
-    const UniqueBitmap arrow = GetArrowBitmap(dc, m_Grid.m_State.sortOrder == omAscending);
+    const Unique<HBITMAP> arrow = GetArrowBitmap(dc, m_Grid.m_State.sortOrder == omAscending);
     if (arrow)
-        DrawStateA(dc, nullptr, nullptr, reinterpret_cast<LPARAM>(arrow.Get()), 0, x, y, 0, 0, DST_BITMAP);
+        DrawStateA(dc, nullptr, nullptr, reinterpret_cast<LPARAM>(arrow.get()), 0, x, y, 0, 0, DST_BITMAP);
 }
 
 // A raised triangle.
-UniqueBitmap ChromePainter::GetArrowBitmap(HDC dc, bool up) {
+Unique<HBITMAP> ChromePainter::GetArrowBitmap(HDC dc, bool up) {
     CResourceMgr& resources = m_Grid.m_ResourceMgr;
-    UniqueBitmap bitmap(CreateCompatibleBitmap(dc, kArrowSize, kArrowSize));
+    Unique<HBITMAP> bitmap(CreateCompatibleBitmap(dc, kArrowSize, kArrowSize));
     const MemoryDC memory(dc);
     if (!bitmap || !memory)
         return {};
-    const SelectGuard target(memory.Get(), bitmap.Get());
+    const SelectGuard target(memory.Get(), bitmap.get());
     const RECT area{0, 0, kArrowSize, kArrowSize};
     if (const HBRUSH brush = resources.GetBrush(BackColor(), L"ArrowColor"))
         FillRect(memory.Get(), &area, brush);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Color.h"
-#include "platform/Gdi.h"
+#include "win/Gdi.h"
 
 #include <string>
 
@@ -29,7 +29,7 @@ private:
     void DrawPageFrame(HDC dc);
     void DrawHeaderCaption(HDC dc, bool nameColumn, const RECT& client);
     void DrawSortArrow(HDC dc, const RECT& client);
-    UniqueBitmap GetArrowBitmap(HDC dc, bool up);
+    Unique<HBITMAP> GetArrowBitmap(HDC dc, bool up);
     void DrawHelp(HDC dc, const CProperty& property, const RECT& client);
     // A caption of the library's own is plain text, which Unicode mode does not take as it is.
     std::wstring CaptionText(const std::wstring& caption, const wchar_t* defaultCaption) const;

@@ -1,32 +1,17 @@
 #include "grid/ControlFont.h"
 
-#include "automation/ComPtr.h"
 #include "automation/Error.h"
+#include "automation/Unknown.h"
 
 namespace ormisk {
 
 // What the font object holds on to; the control cuts it off before it goes.
-class ControlFont::Sink final : public IPropertyNotifySink {
+class ControlFont::Sink final : public Unknown<IPropertyNotifySink> {
 public:
     Sink(ControlFont& font, ControlFontListener& listener) : m_Font(&font), m_Listener(listener) {}
-    virtual ~Sink() = default;
     void CutOff() { m_Font = nullptr; }
     void SetQuiet(bool quiet) { m_Quiet = quiet; }
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        const bool answered = iid == IID_IUnknown || iid == IID_IPropertyNotifySink;
-        *object = answered ? this : nullptr;
-        if (answered)
-            AddRef();
-        return answered ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_References; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --m_References;
-        if (left == 0)
-            delete this;
-        return left;
-    }
     STDMETHODIMP OnChanged(DISPID) override {
         if (m_Font && !m_Quiet)
             IgnoringFailures([&] { m_Listener.OnFontEdited(m_Font->Description()); });
@@ -38,7 +23,6 @@ private:
     ControlFont* m_Font;
     ControlFontListener& m_Listener;
     bool m_Quiet = false;
-    ULONG m_References = 1;
 };
 
 ControlFont::ControlFont(ControlFontListener& listener) : m_Sink(Adopt(new Sink(*this, listener))) {

@@ -5,6 +5,7 @@
 #include "grid/ValueStore.h"
 #include "model/ValueRules.h"
 #include "platform/Rounding.h"
+#include "win/Dpi.h"
 
 namespace ormisk {
 
@@ -228,16 +229,15 @@ void EditSession::PlaceEditor(_CEditor* editor, const CNode* node) {
     }
     const auto mode = static_cast<ScaleMode>(proxy.ScaleMode());
     const Rect place = EditorRect(m_Grid.m_Panes.GeometryOf(*node).value, m_Grid.m_State.grid != omGridNone);
-    const WindowDC screen(nullptr);
-    const auto scaled = [&](long pixels, int index, Axis axis) {
-        return RoundToLong(ConvertScale(static_cast<double>(pixels), ScaleMode::Pixel, mode,
-                                        GetDeviceCaps(screen.Get(), index), axis));
+    const int dpi = DpiOf(m_Grid.m_Panes.TreeWnd());
+    const auto scaled = [&](long pixels, Axis axis) {
+        return RoundToLong(ConvertScale(static_cast<double>(pixels), ScaleMode::Pixel, mode, dpi, axis));
     };
-    const long left = scaled(place.left, LOGPIXELSX, Axis::X);
+    const long left = scaled(place.left, Axis::X);
     // Without grid lines the top stays in pixels, whatever the editor's scale.
-    const long top = m_Grid.m_State.grid != omGridNone ? scaled(place.top, LOGPIXELSY, Axis::Y) : place.top;
-    const long right = scaled(place.right, LOGPIXELSX, Axis::X);
-    const long bottom = scaled(place.bottom, LOGPIXELSY, Axis::Y);
+    const long top = m_Grid.m_State.grid != omGridNone ? scaled(place.top, Axis::Y) : place.top;
+    const long right = scaled(place.right, Axis::X);
+    const long bottom = scaled(place.bottom, Axis::Y);
     proxy.Move(static_cast<float>(left), static_cast<float>(top), static_cast<float>(right - left),
                static_cast<float>(bottom - top));
 }

@@ -29,7 +29,7 @@ public:
     // The control as an object; who calls into the host holds it meanwhile.
     virtual IUnknown* Outer() = 0;
     virtual bool UserMode() = 0;
-    virtual void NotifyChanged(const wchar_t* propertyName) = 0;
+    virtual void NotifyChanged(DISPID id) = 0;
     virtual ConnectionPoints& Sinks() = 0;
     virtual void FocusEntered() = 0;      // a window of the control took the focus
     virtual void AccessKeysChanged() = 0; // the container should ask for them anew

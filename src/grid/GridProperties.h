@@ -11,27 +11,21 @@ class GridProperties {
 public:
     explicit GridProperties(Grid& grid) : m_Grid(grid) {}
 
-    PropertyValue Get(const wchar_t* name) const;
-    // Raises InvalidPropertyValue for what the property refuses; it then keeps its value.
-    void Put(const wchar_t* name, PropertyValue value);
-    void PutFont(IUnknown* font);
-    void PutPicture(IPictureDisp* picture); // one of type 0 counts as none
-
-    // Indentation in units of the control's scale. Raises InvalidPropertyValue when negative.
-    float Indentation() const;
-    void PutIndentation(float units);
+    // Put<&GridState::sorted>(true). Raises InvalidPropertyValue for what the property refuses; it then keeps its
+    // value.
+    template <auto Field, class T> void Put(T value) {
+        using Stored = std::remove_reference_t<decltype(std::declval<GridState&>().*Field)>;
+        Put(EntryOf<Field>(), PropertyValue(std::in_place_type<Stored>, std::move(value)));
+    }
 
     // What a new control without stored settings does.
     void RunFirstDefaults();
 
 private:
-    void Check(const PropertyEntry& entry, PropertyValue& value) const;
-    void PutActiveView(long view);
-    void PutCategorySeparator(std::wstring separator);
-    void PutLockRefresh(bool lock);
-    void Store(const PropertyEntry& entry, const PropertyValue& value);
+    void Put(const PropertyEntry& entry, PropertyValue value);
     void Apply(const PropertyEntry& entry);
     void Repaint(unsigned effects);
+    void TellOfView();
 
     Grid& m_Grid;
 };

@@ -74,7 +74,7 @@ void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents
                           control.PixelsToUnitsY(static_cast<float>(point.y)), hitItem);
 }
 
-void Input::SwitchView(omActiveView view) { m_Grid.m_Properties.Put(L"ActiveView", static_cast<long>(view)); }
+void Input::SwitchView(omActiveView view) { m_Grid.m_Properties.Put<&GridState::activeView>(view); }
 
 void Input::TabMouseDown(omHitItem tab) {
     const omActiveView view = tab == omAlphabeticTab ? omAlphabetic : omCatagorized;

@@ -10,12 +10,6 @@
 
 namespace ormisk {
 
-namespace {
-
-constexpr long kButtonFace = static_cast<long>(0x8000000F);
-
-} // namespace
-
 // Runs one statement. A failure is reported, the focus goes back to the rows, and the caller goes on.
 template <class F> void ModelView::Trapped(F&& statement) {
     try {
@@ -313,23 +307,13 @@ void ModelView::ExpandCategory(const std::wstring& path, bool expand) {
         node->SetExpanded(expand);
 }
 
-void ModelView::MarkCategories(std::wstring_view property) {
-    const GridState& state = m_Grid.m_State;
-    // Nodes that are there follow the rows' colour when the category colour is the default.
-    const auto backColor =
-        static_cast<OLE_COLOR>(state.categoryBackColor == kButtonFace ? -1 : state.categoryBackColor);
+void ModelView::MarkCategories(void (*mark)(CNode&, const GridState&)) {
     for (const Ref<CNode>& node : m_Grid.m_CategorizedNodes.All()) {
-        if (!node->IsCategory())
-            continue;
-        if (property == L"CategoryBold")
-            node->SetBold(state.categoryBold);
-        else if (property == L"CategoryForeColor")
-            node->SetForeColor(static_cast<OLE_COLOR>(state.categoryForeColor));
-        else if (property == L"CategoryBackColor")
-            node->SetBackColor(backColor);
-        else
-            node->SetAppearance(static_cast<omAppearance>(state.categoryAppearance));
+        if (node->IsCategory())
+            mark(*node, m_Grid.m_State);
     }
+    if (m_Grid.m_State.activeView != omAlphabetic)
+        m_Grid.m_Panes.RepaintRows();
 }
 
 void ModelView::ReplaceSeparator(const std::wstring& oldSeparator, const std::wstring& newSeparator) {

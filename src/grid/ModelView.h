@@ -6,6 +6,7 @@
 namespace ormisk {
 
 class Grid;
+struct GridState;
 
 // Keeps both trees, the selection and the screen in step with the model. It hears of every change of the properties and
 // of the nodes, and raises the public events that follow from them.
@@ -25,8 +26,8 @@ public:
     void ViewChanged();
     // Expands the whole path, or collapses its last category. A path that leads nowhere changes nothing.
     void ExpandCategory(const std::wstring& path, bool expand);
-    // Every category node takes one of the control's category settings, told by its property.
-    void MarkCategories(std::wstring_view property);
+    // Every category node takes one of the control's category settings.
+    void MarkCategories(void (*mark)(CNode&, const GridState&));
     // The separator in the category texts of all properties; rows stay where they are.
     void ReplaceSeparator(const std::wstring& oldSeparator, const std::wstring& newSeparator);
 

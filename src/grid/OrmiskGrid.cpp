@@ -1,9 +1,10 @@
 #include "grid/OrmiskGrid.h"
 
-#include "automation/Value.h"
+#include "automation/Give.h"
 #include "grid/Version.h"
 #include "platform/About.h"
 #include "platform/VersionText.h"
+#include "win/Gdi.h"
 
 #include <olectl.h>
 
@@ -39,7 +40,7 @@ void OrmiskGrid::OnInitNew() {
 void OrmiskGrid::AdoptFont(IUnknown* font, bool own) {
     m_Font.Take(DescribeFont(font));
     m_OwnFont = m_OwnFont || own;
-    m_Grid.m_Properties.PutFont(m_Font.Object());
+    m_Grid.m_Properties.Put<&GridState::font>(m_Font.Description());
 }
 
 void OrmiskGrid::AdoptScaleUnits() {
@@ -62,10 +63,9 @@ void OrmiskGrid::OnAmbientChange(DISPID id) {
 }
 
 void OrmiskGrid::OnDraw(HDC dc, const RECT& pixels) {
-    const int saved = SaveDC(dc);
+    const SavedDC saved(dc);
     OffsetWindowOrgEx(dc, -pixels.left, -pixels.top, nullptr);
     m_Grid.m_Panes.Draw(dc);
-    RestoreDC(dc, saved);
 }
 
 // The grid uses what moves the selection, edits and confirms; the rest goes by the host's rules.
@@ -109,25 +109,14 @@ void OrmiskGrid::OnTabbedInto(bool backward) {
         m_Grid.m_FocusOrder.Enter(backward);
 }
 
-void OrmiskGrid::NotifyChanged(const wchar_t* propertyName) {
-    DISPID id = DISPID_UNKNOWN;
-    std::wstring name = propertyName;
-    LPOLESTR names = name.data();
-    if (SUCCEEDED(GetIDsOfNames(IID_NULL, &names, 1, LOCALE_NEUTRAL, &id)))
-        ControlCore::NotifyChanged(id);
-}
-
 void OrmiskGrid::OnFontEdited(const FontDescription&) {
     const ComPtr<IUnknown> self(Outer());
     m_OwnFont = true;
-    m_Grid.m_Properties.PutFont(m_Font.Object());
+    m_Grid.m_Properties.Put<&GridState::font>(m_Font.Description());
 }
 
 STDMETHODIMP OrmiskGrid::get_Font(IFontDisp** value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = ComPtr<IFontDisp>(m_Font.Object()).Detach();
-    });
+    return Run([&] { Give(value, ComPtr<IFontDisp>(m_Font.Object())); });
 }
 
 STDMETHODIMP OrmiskGrid::putref_Font(IFontDisp* value) {
@@ -138,21 +127,16 @@ STDMETHODIMP OrmiskGrid::putref_Font(IFontDisp* value) {
 }
 
 STDMETHODIMP OrmiskGrid::get_hwnd(long* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = HandleToLong(Window());
-    });
+    return Run([&] { Give(value, HandleToLong(Window())); });
 }
 
 STDMETHODIMP OrmiskGrid::get_Indentation(float* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = m_Grid.m_Properties.Indentation();
-    });
+    return Run([&] { Give(value, m_Grid.m_Panes.m_Control.PixelsToUnitsX(m_Grid.m_State.indentation)); });
 }
 
 STDMETHODIMP OrmiskGrid::put_Indentation(float value) {
-    return Run([&] { m_Grid.m_Properties.PutIndentation(value); });
+    return Run(
+        [&] { m_Grid.m_Properties.Put<&GridState::indentation>(m_Grid.m_Panes.m_Control.UnitsToPixelsX(value)); });
 }
 
 STDMETHODIMP OrmiskGrid::LoadObjectProperties(IDispatch* object, VARIANT_BOOL clear, VARIANT_BOOL autoUpdate,
@@ -178,21 +162,15 @@ STDMETHODIMP OrmiskGrid::get_Recordset(IDispatch** value) {
 }
 
 STDMETHODIMP OrmiskGrid::get_Picture(IPictureDisp** value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = ComPtr<IPictureDisp>(m_Grid.m_State.picture).Detach();
-    });
+    return Run([&] { Give(value, m_Grid.m_State.picture); });
 }
 
 STDMETHODIMP OrmiskGrid::putref_Picture(IPictureDisp* value) {
-    return Run([&] { m_Grid.m_Properties.PutPicture(value); });
+    return Run([&] { m_Grid.m_Properties.Put<&GridState::picture>(ComPtr<IPictureDisp>(value)); });
 }
 
 STDMETHODIMP OrmiskGrid::get_Properties(_CProperties** value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = ComPtr<_CProperties>(m_Grid.m_CProperties.Get()).Detach();
-    });
+    return Run([&] { Give(value, m_Grid.m_CProperties); });
 }
 
 STDMETHODIMP OrmiskGrid::Refresh() {
@@ -215,10 +193,7 @@ STDMETHODIMP OrmiskGrid::UnRegisterEditor(BSTR key) {
 }
 
 STDMETHODIMP OrmiskGrid::get_SelectedProperty(_CProperty** value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = ComPtr<_CProperty>(m_Grid.m_Session.SelectedProperty()).Detach();
-    });
+    return Run([&] { Give(value, ComPtr<CProperty>(m_Grid.m_Session.SelectedProperty())); });
 }
 
 STDMETHODIMP OrmiskGrid::putref_SelectedProperty(_CProperty* value) {
@@ -235,10 +210,7 @@ STDMETHODIMP OrmiskGrid::ShowAbout() {
 }
 
 STDMETHODIMP OrmiskGrid::get_Version(BSTR* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = NewBstr(VersionText(kVersionMajor, kVersionMinor, kVersionRevision));
-    });
+    return Run([&] { Give(value, VersionText(kVersionMajor, kVersionMinor, kVersionRevision)); });
 }
 
 STDMETHODIMP OrmiskGrid::SetEditorParam(omEditorType editorType, BSTR name, BSTR value) {
@@ -246,10 +218,7 @@ STDMETHODIMP OrmiskGrid::SetEditorParam(omEditorType editorType, BSTR name, BSTR
 }
 
 STDMETHODIMP OrmiskGrid::GetEditorParam(omEditorType editorType, BSTR name, BSTR* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = NewBstr(m_Grid.m_EditorParams.Get(FromBstr(name), editorType));
-    });
+    return Run([&] { Give(value, m_Grid.m_EditorParams.Get(FromBstr(name), editorType)); });
 }
 
 STDMETHODIMP OrmiskGrid::RemoveEditorParam(omEditorType editorType, BSTR name) {
@@ -257,10 +226,7 @@ STDMETHODIMP OrmiskGrid::RemoveEditorParam(omEditorType editorType, BSTR name) {
 }
 
 STDMETHODIMP OrmiskGrid::get_ColumnDividerPosition(float* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = m_Grid.m_Panes.ColumnDividerPosition();
-    });
+    return Run([&] { Give(value, m_Grid.m_Panes.ColumnDividerPosition()); });
 }
 
 STDMETHODIMP OrmiskGrid::put_ColumnDividerPosition(float value) {
@@ -268,10 +234,7 @@ STDMETHODIMP OrmiskGrid::put_ColumnDividerPosition(float value) {
 }
 
 STDMETHODIMP OrmiskGrid::get_DescriptionPaneHeight(float* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = m_Grid.m_Panes.DescriptionPaneHeight();
-    });
+    return Run([&] { Give(value, m_Grid.m_Panes.DescriptionPaneHeight()); });
 }
 
 STDMETHODIMP OrmiskGrid::put_DescriptionPaneHeight(float value) {

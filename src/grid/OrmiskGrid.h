@@ -135,7 +135,7 @@ private:
     // GridHost
     IUnknown* Outer() override { return Identity(); }
     bool UserMode() override { return ControlCore::UserMode(); }
-    void NotifyChanged(const wchar_t* propertyName) override;
+    void NotifyChanged(DISPID id) override { ControlCore::NotifyChanged(id); }
     ConnectionPoints& Sinks() override { return *this; }
     void FocusEntered() override { UiActivate(); }
     void AccessKeysChanged() override { NotifyAccessKeysChanged(); }
@@ -147,10 +147,8 @@ private:
         const ComPtr<IUnknown> self(Outer());
         return Guarded(__uuidof(_OrmiskGrid), std::forward<F>(body));
     }
-    template <class T> HRESULT Read(const wchar_t* name, T* value);
-    HRESULT ReadFlag(const wchar_t* name, VARIANT_BOOL* value);
-    HRESULT ReadText(const wchar_t* name, BSTR* value);
-    HRESULT Write(const wchar_t* name, PropertyValue value);
+    template <auto Field, class T> HRESULT Read(T* value);
+    template <auto Field, class T> HRESULT Write(T value);
     void AdoptScaleUnits();
     void AdoptFont(IUnknown* font, bool own);
 

@@ -1,83 +1,72 @@
-// The properties that are plain values of the table: each hands its name to the setters that go by it.
+// The properties that are values of the state: each hands its field to the setters that go by the table.
 
-#include "automation/Value.h"
+#include "automation/Give.h"
 #include "grid/OrmiskGrid.h"
 
 namespace ormisk {
 
-template <class T> HRESULT OrmiskGrid::Read(const wchar_t* name, T* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = static_cast<T>(std::get<long>(m_Grid.m_Properties.Get(name)));
-    });
+namespace {
+
+long ToStored(long value) { return value; }
+template <class T>
+requires std::is_enum_v<T>
+long ToStored(T value) { return static_cast<long>(value); }
+long ToStored(OLE_COLOR value) { return static_cast<long>(value); }
+bool ToStored(VARIANT_BOOL value) { return value != VARIANT_FALSE; }
+std::wstring ToStored(BSTR value) { return FromBstr(value); }
+
+} // namespace
+
+template <auto Field, class T> HRESULT OrmiskGrid::Read(T* value) {
+    return Run([&] { Give(value, m_Grid.m_State.*Field); });
 }
 
-HRESULT OrmiskGrid::ReadFlag(const wchar_t* name, VARIANT_BOOL* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = std::get<bool>(m_Grid.m_Properties.Get(name)) ? VARIANT_TRUE : VARIANT_FALSE;
-    });
-}
-
-HRESULT OrmiskGrid::ReadText(const wchar_t* name, BSTR* value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = NewBstr(std::get<std::wstring>(m_Grid.m_Properties.Get(name)));
-    });
-}
-
-HRESULT OrmiskGrid::Write(const wchar_t* name, PropertyValue value) {
-    return Run([&] { m_Grid.m_Properties.Put(name, std::move(value)); });
+template <auto Field, class T> HRESULT OrmiskGrid::Write(T value) {
+    return Run([&] { m_Grid.m_Properties.Put<Field>(ToStored(value)); });
 }
 
 // One pair of accessors a property.
-#define ORMISK_NUMBER(Name, Type)                                                                                      \
-    STDMETHODIMP OrmiskGrid::get_##Name(Type* value) { return Read(L"" #Name, value); }                                \
-    STDMETHODIMP OrmiskGrid::put_##Name(Type value) { return Write(L"" #Name, static_cast<long>(value)); }
-#define ORMISK_FLAG(Name)                                                                                              \
-    STDMETHODIMP OrmiskGrid::get_##Name(VARIANT_BOOL* value) { return ReadFlag(L"" #Name, value); }                    \
-    STDMETHODIMP OrmiskGrid::put_##Name(VARIANT_BOOL value) { return Write(L"" #Name, value != VARIANT_FALSE); }
-#define ORMISK_TEXT(Name)                                                                                              \
-    STDMETHODIMP OrmiskGrid::get_##Name(BSTR* value) { return ReadText(L"" #Name, value); }                            \
-    STDMETHODIMP OrmiskGrid::put_##Name(BSTR value) { return Write(L"" #Name, FromBstr(value)); }
+#define ORMISK_PROPERTY(Name, field, Type)                                                                             \
+    STDMETHODIMP OrmiskGrid::get_##Name(Type* value) { return Read<&GridState::field>(value); }                        \
+    STDMETHODIMP OrmiskGrid::put_##Name(Type value) { return Write<&GridState::field>(value); }
 
-ORMISK_NUMBER(ActiveView, omActiveView)
-ORMISK_NUMBER(Appearance, omAppearance)
-ORMISK_NUMBER(BackColor, OLE_COLOR)
-ORMISK_NUMBER(BorderStyle, omBorderStyle)
-ORMISK_NUMBER(CategoryAppearance, omAppearance)
-ORMISK_NUMBER(CategoryBackColor, OLE_COLOR)
-ORMISK_NUMBER(CategoryForeColor, OLE_COLOR)
-ORMISK_NUMBER(ForeColor, OLE_COLOR)
-ORMISK_NUMBER(Grid, omGrid)
-ORMISK_NUMBER(Headers, omHeaders)
-ORMISK_NUMBER(HighlightBackColor, OLE_COLOR)
-ORMISK_NUMBER(HighlightForeColor, OLE_COLOR)
-ORMISK_NUMBER(LineColor, OLE_COLOR)
-ORMISK_NUMBER(PictureLayout, omPictureLayout)
-ORMISK_NUMBER(PropertyBackColor, OLE_COLOR)
-ORMISK_NUMBER(PropertyForeColor, OLE_COLOR)
-ORMISK_NUMBER(SortOrder, omSortOrder)
-ORMISK_NUMBER(TreeStyle, omTreeStyle)
-ORMISK_NUMBER(ReadOnlyPropertyColor, OLE_COLOR)
-ORMISK_NUMBER(RecordsetToolbar, omRecorsetToolbar)
-ORMISK_NUMBER(InspectionDepth, long)
-ORMISK_FLAG(CategoryBold)
-ORMISK_FLAG(CustomSort)
-ORMISK_FLAG(Enabled)
-ORMISK_FLAG(LockRefresh)
-ORMISK_FLAG(ShowDescription)
-ORMISK_FLAG(ShowTabs)
-ORMISK_FLAG(ShowToolTip)
-ORMISK_FLAG(Sorted)
-ORMISK_FLAG(SortOnHeaderClick)
-ORMISK_FLAG(ReadOnly)
-ORMISK_FLAG(Unicode)
-ORMISK_TEXT(AlphabeticTabCaption)
-ORMISK_TEXT(CategorizedTabCaption)
-ORMISK_TEXT(CategorySeparator)
-ORMISK_TEXT(DefaultCategory)
-ORMISK_TEXT(NameCaption)
-ORMISK_TEXT(ValueCaption)
+ORMISK_PROPERTY(ActiveView, activeView, omActiveView)
+ORMISK_PROPERTY(Appearance, appearance, omAppearance)
+ORMISK_PROPERTY(BackColor, backColor, OLE_COLOR)
+ORMISK_PROPERTY(BorderStyle, borderStyle, omBorderStyle)
+ORMISK_PROPERTY(CategoryAppearance, categoryAppearance, omAppearance)
+ORMISK_PROPERTY(CategoryBackColor, categoryBackColor, OLE_COLOR)
+ORMISK_PROPERTY(CategoryForeColor, categoryForeColor, OLE_COLOR)
+ORMISK_PROPERTY(ForeColor, foreColor, OLE_COLOR)
+ORMISK_PROPERTY(Grid, grid, omGrid)
+ORMISK_PROPERTY(Headers, headers, omHeaders)
+ORMISK_PROPERTY(HighlightBackColor, highlightBackColor, OLE_COLOR)
+ORMISK_PROPERTY(HighlightForeColor, highlightForeColor, OLE_COLOR)
+ORMISK_PROPERTY(LineColor, lineColor, OLE_COLOR)
+ORMISK_PROPERTY(PictureLayout, pictureLayout, omPictureLayout)
+ORMISK_PROPERTY(PropertyBackColor, propertyBackColor, OLE_COLOR)
+ORMISK_PROPERTY(PropertyForeColor, propertyForeColor, OLE_COLOR)
+ORMISK_PROPERTY(SortOrder, sortOrder, omSortOrder)
+ORMISK_PROPERTY(TreeStyle, treeStyle, omTreeStyle)
+ORMISK_PROPERTY(ReadOnlyPropertyColor, readOnlyPropertyColor, OLE_COLOR)
+ORMISK_PROPERTY(RecordsetToolbar, recordsetToolbar, omRecorsetToolbar)
+ORMISK_PROPERTY(InspectionDepth, inspectionDepth, long)
+ORMISK_PROPERTY(CategoryBold, categoryBold, VARIANT_BOOL)
+ORMISK_PROPERTY(CustomSort, customSort, VARIANT_BOOL)
+ORMISK_PROPERTY(Enabled, enabled, VARIANT_BOOL)
+ORMISK_PROPERTY(LockRefresh, lockRefresh, VARIANT_BOOL)
+ORMISK_PROPERTY(ShowDescription, showDescription, VARIANT_BOOL)
+ORMISK_PROPERTY(ShowTabs, showTabs, VARIANT_BOOL)
+ORMISK_PROPERTY(ShowToolTip, showToolTip, VARIANT_BOOL)
+ORMISK_PROPERTY(Sorted, sorted, VARIANT_BOOL)
+ORMISK_PROPERTY(SortOnHeaderClick, sortOnHeaderClick, VARIANT_BOOL)
+ORMISK_PROPERTY(ReadOnly, readOnly, VARIANT_BOOL)
+ORMISK_PROPERTY(Unicode, unicode, VARIANT_BOOL)
+ORMISK_PROPERTY(AlphabeticTabCaption, alphabeticTabCaption, BSTR)
+ORMISK_PROPERTY(CategorizedTabCaption, categorizedTabCaption, BSTR)
+ORMISK_PROPERTY(CategorySeparator, categorySeparator, BSTR)
+ORMISK_PROPERTY(DefaultCategory, defaultCategory, BSTR)
+ORMISK_PROPERTY(NameCaption, nameCaption, BSTR)
+ORMISK_PROPERTY(ValueCaption, valueCaption, BSTR)
 
 } // namespace ormisk

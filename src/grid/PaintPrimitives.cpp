@@ -2,10 +2,11 @@
 
 #include "automation/ComPtr.h"
 #include "grid/GridState.h"
-#include "platform/Gdi.h"
 #include "platform/ResourceMgr.h"
 #include "platform/Rounding.h"
 #include "platform/Scale.h"
+#include "win/Dpi.h"
+#include "win/Gdi.h"
 
 #include <algorithm>
 #include <array>
@@ -45,14 +46,14 @@ void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
 }
 
 bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Size size, Color maskColor) {
-    const UniqueBitmap mask(CreateBitmap(size.cx, size.cy, 1, 1, nullptr));
-    const UniqueBitmap copy(CreateCompatibleBitmap(target, size.cx, size.cy));
+    const Unique<HBITMAP> mask(CreateBitmap(size.cx, size.cy, 1, 1, nullptr));
+    const Unique<HBITMAP> copy(CreateCompatibleBitmap(target, size.cx, size.cy));
     const MemoryDC maskDc(target);
     const MemoryDC copyDc(target);
     if (!mask || !copy || !maskDc || !copyDc)
         return false;
-    const SelectGuard maskSelected(maskDc.Get(), mask.Get());
-    const SelectGuard copySelected(copyDc.Get(), copy.Get());
+    const SelectGuard maskSelected(maskDc.Get(), mask.get());
+    const SelectGuard copySelected(copyDc.Get(), copy.get());
     BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, source, origin.x, origin.y, SRCCOPY);
     SetBkColor(copyDc.Get(), maskColor);
     BitBlt(maskDc.Get(), 0, 0, size.cx, size.cy, copyDc.Get(), 0, 0, SRCCOPY);
@@ -113,7 +114,7 @@ Size PicturePixels(IPicture* picture) {
         return {};
     const auto pixels = [](long himetric, Axis axis) {
         return RoundToLong(
-            ConvertScale(static_cast<double>(himetric), ScaleMode::Himetric, ScaleMode::Pixel, ScreenDpi(axis), axis));
+            ConvertScale(static_cast<double>(himetric), ScaleMode::Himetric, ScaleMode::Pixel, DpiOf(nullptr), axis));
     };
     return {pixels(width, Axis::X), pixels(height, Axis::Y)};
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Color.h"
-#include "platform/Geometry.h"
+#include "win/Geometry.h"
 
 #include <windows.h>
 

@@ -1,97 +1,24 @@
 #include "grid/PropertyTable.h"
 
+#include "automation/Error.h"
+#include "grid/PaintPrimitives.h"
+#include "model/NumberText.h"
+#include "tree/CNode.h"
+
 #include <algorithm>
-#include <cwchar>
-#include <stdexcept>
 
 namespace ormisk {
 
 namespace {
 
-constexpr unsigned kCategory = kNotifies | kMarksCategories;
+constexpr long kButtonFace = static_cast<long>(0x8000000F);
 
-constexpr PropertyEntry kTable[] = {
-    {L"ActiveView", &GridState::activeView, kNotifies},
-    {L"AlphabeticTabCaption", &GridState::alphabeticTabCaption, kNotifies | kTrimmed | kChangesTabs},
-    {L"Appearance", &GridState::appearance, kNotifies | kChangesFrame | kLaysOut},
-    {L"BackColor", &GridState::backColor, kNotifies | kColorsPanes},
-    {L"BorderStyle", &GridState::borderStyle, kNotifies | kChangesFrame},
-    {L"CategorizedTabCaption", &GridState::categorizedTabCaption, kNotifies | kTrimmed | kChangesTabs},
-    {L"CategoryAppearance", &GridState::categoryAppearance, kCategory},
-    {L"CategoryBackColor", &GridState::categoryBackColor, kCategory},
-    {L"CategoryBold", &GridState::categoryBold, kCategory},
-    {L"CategoryForeColor", &GridState::categoryForeColor, kCategory},
-    {L"CustomSort", &GridState::customSort, kNotifies},
-    {L"DefaultCategory", &GridState::defaultCategory, kNotifies},
-    {L"Enabled", &GridState::enabled, kNotifies | kEnables},
-    {L"ForeColor", &GridState::foreColor, kNotifies | kColorsPanes},
-    {L"Grid", &GridState::grid, kNotifies | kRepaintsRows},
-    {L"Headers", &GridState::headers, kNotifies | kRepaintsNameHeader | kRepaintsValueHeader | kLaysOut},
-    {L"HighlightBackColor", &GridState::highlightBackColor, kNotifies | kRepaintsSelection},
-    {L"HighlightForeColor", &GridState::highlightForeColor, kNotifies | kRepaintsSelection},
-    {L"InspectionDepth", &GridState::inspectionDepth, 0},
-    {L"LineColor", &GridState::lineColor, kNotifies | kRepaintsLines},
-    {L"LockRefresh", &GridState::lockRefresh, 0},
-    {L"NameCaption", &GridState::nameCaption, kNotifies | kRepaintsNameHeader},
-    {L"PictureLayout", &GridState::pictureLayout, kNotifies | kRepaintsRows},
-    {L"PropertyBackColor", &GridState::propertyBackColor, kNotifies | kRepaintsRows},
-    {L"PropertyForeColor", &GridState::propertyForeColor, kNotifies | kRepaintsRows},
-    {L"ReadOnly", &GridState::readOnly, kNotifies | kRepaintsRows},
-    {L"ReadOnlyPropertyColor", &GridState::readOnlyPropertyColor, kNotifies | kRepaintsRows},
-    {L"RecordsetToolbar", &GridState::recordsetToolbar, kShowsToolbar},
-    {L"ShowDescription", &GridState::showDescription, kNotifies | kShowsDescription | kLaysOut},
-    {L"ShowTabs", &GridState::showTabs, kNotifies | kShowsTabs | kLaysOut},
-    {L"ShowToolTip", &GridState::showToolTip, kNotifies},
-    {L"Sorted", &GridState::sorted, kNotifies | kAlways | kRepaintsNameHeader | kSorts},
-    {L"SortOnHeaderClick", &GridState::sortOnHeaderClick, kAlways},
-    {L"SortOrder", &GridState::sortOrder, kNotifies | kRepaintsNameHeader},
-    {L"TreeStyle", &GridState::treeStyle, kNotifies | kRepaintsRows},
-    {L"Unicode", &GridState::unicode,
-     kNotifies | kShowsTabs | kRepaintsNameHeader | kRepaintsValueHeader | kRepaintsAll},
-    {L"ValueCaption", &GridState::valueCaption, kNotifies | kRepaintsValueHeader},
-    {L"CategorySeparator", &GridState::categorySeparator, kNotifies},
-    {L"Indentation", &GridState::indentation, kNotifies | kAlways | kRepaintsRows},
-};
-
-constexpr const wchar_t* kFirstDefaults[] = {
-    L"ActiveView",
-    L"AlphabeticTabCaption",
-    L"Appearance",
-    L"BackColor",
-    L"BorderStyle",
-    L"CategorizedTabCaption",
-    L"CategoryAppearance",
-    L"CategoryBackColor",
-    L"CategoryBold",
-    L"CategoryForeColor",
-    L"CategorySeparator",
-    L"CustomSort",
-    L"DefaultCategory",
-    L"Enabled",
-    L"ForeColor",
-    L"Grid",
-    L"Headers",
-    L"HighlightBackColor",
-    L"HighlightForeColor",
-    L"Indentation",
-    L"LineColor",
-    L"NameCaption",
-    L"PropertyBackColor",
-    L"PropertyForeColor",
-    L"ReadOnlyPropertyColor",
-    L"Picture",
-    L"PictureLayout",
-    L"ReadOnly",
-    L"TreeStyle",
-    L"ShowDescription",
-    L"ShowTabs",
-    L"ShowToolTip",
-    L"Sorted",
-    L"SortOnHeaderClick",
-    L"ValueCaption",
-    L"RecordsetToolbar",
-    L"InspectionDepth",
-};
+// True when anything but blanks is left.
+bool Trim(PropertyValue& value) {
+    auto& text = std::get<std::wstring>(value);
+    text = std::wstring(TrimBlanks(text));
+    return !text.empty();
+}
 
 } // namespace
 
@@ -99,25 +26,52 @@ PropertyValue PropertyEntry::Read(const GridState& state) const {
     return std::visit([&](auto member) { return PropertyValue(state.*member); }, field);
 }
 
-void PropertyEntry::Write(GridState& state, const PropertyValue& value) const {
+void PropertyEntry::Write(GridState& state, PropertyValue value) const {
     std::visit(
         [&](auto member) {
             using T = std::remove_reference_t<decltype(state.*member)>;
-            state.*member = std::get<T>(value);
+            state.*member = std::get<T>(std::move(value));
         },
         field);
 }
 
-std::span<const PropertyEntry> PropertyTable() { return kTable; }
-
-const PropertyEntry& PropertyNamed(const wchar_t* name) {
-    const auto found =
-        std::ranges::find_if(kTable, [&](const PropertyEntry& entry) { return std::wcscmp(entry.name, name) == 0; });
-    if (found == std::end(kTable))
-        throw std::logic_error("no such property");
-    return *found;
+void checks::Caption(PropertyValue& value) {
+    if (!Trim(value))
+        Raise(ErrorCode::InvalidPropertyValue);
 }
 
-std::span<const wchar_t* const> FirstDefaults() { return kFirstDefaults; }
+void checks::Separator(PropertyValue& value) {
+    if (!Trim(value))
+        Raise(ErrorNumber(ErrorCode::InvalidPropertyValue),
+              std::wstring(L"CategorySeparator : ") + ErrorText(ErrorCode::InvalidPropertyValue), kLibraryTitle, L"16");
+}
+
+void checks::Indentation(PropertyValue& value) {
+    if (!(std::get<float>(value) >= 0)) // also what is no number
+        Raise(ErrorCode::InvalidPropertyValue, L"Indentation : ");
+}
+
+void checks::Depth(PropertyValue& value) { value = std::max(std::get<long>(value), 1L); }
+
+void checks::Picture(PropertyValue& value) {
+    auto& picture = std::get<ComPtr<IPictureDisp>>(value);
+    if (PictureType(picture.Get()) == PICTYPE_NONE)
+        picture = nullptr;
+}
+
+void marks::Appearance(CNode& category, const GridState& state) {
+    category.SetAppearance(static_cast<omAppearance>(state.categoryAppearance));
+}
+
+void marks::BackColor(CNode& category, const GridState& state) {
+    category.SetBackColor(
+        static_cast<OLE_COLOR>(state.categoryBackColor == kButtonFace ? -1 : state.categoryBackColor));
+}
+
+void marks::Bold(CNode& category, const GridState& state) { category.SetBold(state.categoryBold); }
+
+void marks::ForeColor(CNode& category, const GridState& state) {
+    category.SetForeColor(static_cast<OLE_COLOR>(state.categoryForeColor));
+}
 
 } // namespace ormisk

@@ -2,7 +2,7 @@
 
 #include "platform/Color.h"
 #include "platform/FontDescription.h"
-#include "platform/Geometry.h"
+#include "win/Geometry.h"
 
 #include <windows.h>
 

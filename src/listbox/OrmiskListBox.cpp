@@ -3,6 +3,9 @@
 #include "automation/Error.h"
 #include "listbox/ListPlace.h"
 #include "platform/TextOutput.h"
+#include "win/Checked.h"
+#include "win/Module.h"
+#include "win/Rects.h"
 
 #include <algorithm>
 #include <windowsx.h>
@@ -19,8 +22,6 @@ bool IsDown(int key) { return GetKeyState(key) < 0; }
 int ShiftState() { return (IsDown(VK_SHIFT) ? 1 : 0) | (IsDown(VK_CONTROL) ? 2 : 0) | (IsDown(VK_MENU) ? 4 : 0); }
 
 bool IsInput(UINT message) { return (message >= WM_KEYFIRST && message <= WM_KEYLAST) || message == WM_MOUSEWHEEL; }
-
-Rect FromRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 bool IsUnderCursor(HWND window) {
     RECT place{};
@@ -43,16 +44,14 @@ void OrmiskListBox::Create(HWND parent, ListBoxListener* listener) {
     m_Listener = listener;
     constexpr DWORD kStyle = WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED |
                              CBS_HASSTRINGS | CBS_NOINTEGRALHEIGHT;
-    HWND window =
-        CreateWindowExW(0, L"COMBOBOX", L"", kStyle, 0, 0, 0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
-    if (!window)
-        Check(HRESULT_FROM_WIN32(GetLastError()));
+    const HWND window =
+        Checked(CreateWindowExW(0, L"COMBOBOX", L"", kStyle, 0, 0, 0, 0, parent, nullptr, ThisModule(), nullptr));
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;
     if (!GetComboBoxInfo(window, &parts)) {
         const HRESULT failure = HRESULT_FROM_WIN32(GetLastError());
         DestroyWindow(window);
-        Check(failure);
+        CheckSystem(failure);
     }
     m_Window = window;
     m_List = parts.hwndList;
@@ -93,7 +92,7 @@ void OrmiskListBox::AddItem(const std::wstring& text, const VARIANT& value, long
     Item item{text, _variant_t(value)}; // what may fail comes before either list has it
     const LRESULT added = Ask(CB_INSERTSTRING, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(text.c_str()));
     if (added < 0)
-        Check(E_OUTOFMEMORY);
+        CheckSystem(E_OUTOFMEMORY);
     m_Items.insert(m_Items.begin() + position, std::move(item));
     if (position <= m_Index)
         SetListIndex(m_Index + 1);
@@ -151,10 +150,7 @@ void OrmiskListBox::SetVisible(bool visible) {
 }
 
 void OrmiskListBox::Move(int left, int top, int width, int height) {
-    RECT now{};
-    GetWindowRect(m_Window, &now);
-    MapWindowPoints(nullptr, Parent(), reinterpret_cast<POINT*>(&now), 2);
-    if (!m_Window || FromRect(now) == Rect{left, top, left + width, top + height})
+    if (!m_Window || PlaceInParent(m_Window) == Rect{left, top, left + width, top + height})
         return;
     const std::weak_ptr<char> life = m_Life;
     ShowList(false);
@@ -169,9 +165,7 @@ void OrmiskListBox::Move(int left, int top, int width, int height) {
 void OrmiskListBox::SetHeight(int height) {
     const int item = std::max(height, 1);
     Ask(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), item);
-    RECT tried{};
-    GetWindowRect(m_Window, &tried);
-    const int frame = static_cast<int>(tried.bottom - tried.top) - item;
+    const int frame = static_cast<int>(WindowRect(m_Window).Height()) - item;
     Ask(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(height - frame, 1));
 }
 
@@ -465,8 +459,6 @@ void OrmiskListBox::Settle() {
 }
 
 Rect OrmiskListBox::ListPlace() {
-    RECT control{};
-    GetWindowRect(m_Window, &control);
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoW(MonitorFromWindow(m_Window, MONITOR_DEFAULTTONEAREST), &monitor);
@@ -479,13 +471,12 @@ Rect OrmiskListBox::ListPlace() {
     const SelectGuard font(dc.Get(), m_Font.hFont());
     for (const Item& item : m_Items)
         wish.textWidth = std::max(wish.textWidth, MeasureText(dc.Get(), item.Text, false).cx + 2L * kTextMargin);
-    return PlaceList(FromRect(control), FromRect(monitor.rcWork), wish);
+    return PlaceList(WindowRect(m_Window), FromRect(monitor.rcWork), wish);
 }
 
 // The whole face of the closed control: the text, and the button at the right.
 void OrmiskListBox::Paint(HDC dc) {
-    RECT area{};
-    GetClientRect(m_Window, &area);
+    RECT area = ToRect(ClientRect(m_Window));
     const SelectGuard font(dc, m_Font.hFont());
     RECT button = area;
     button.left = std::max(area.right - GetSystemMetrics(SM_CXVSCROLL), area.left);
@@ -506,7 +497,7 @@ void OrmiskListBox::PaintItem(const DRAWITEMSTRUCT& item) {
 }
 
 void OrmiskListBox::PaintText(HDC dc, const RECT& area, const std::wstring& text, bool highlighted) {
-    const int saved = SaveDC(dc);
+    const SavedDC saved(dc);
     if (!highlighted)
         m_Background.UpdateInfo(TranslateColor(m_BackColor));
     FillRect(dc, &area, highlighted ? GetSysColorBrush(COLOR_HIGHLIGHT) : m_Background.hBrush());
@@ -520,7 +511,6 @@ void OrmiskListBox::PaintText(HDC dc, const RECT& area, const std::wstring& text
     rest.left += kTextMargin;
     rest.right -= kTextMargin;
     DrawTextMultiLang(dc, text, rest, kTextFormat, false);
-    RestoreDC(dc, saved);
 }
 
 } // namespace ormisk

@@ -2,8 +2,8 @@
 
 #include "listbox/TypeAhead.h"
 #include "platform/Color.h"
-#include "platform/Gdi.h"
-#include "platform/Geometry.h"
+#include "win/Gdi.h"
+#include "win/Geometry.h"
 #include "platform/ResourceMgr.h"
 #include "platform/Scale.h"
 

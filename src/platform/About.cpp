@@ -1,67 +1,26 @@
 #include "platform/About.h"
 
-#include "automation/Error.h"
-#include "platform/Gdi.h"
+#include "win/Checked.h"
+#include "win/Handles.h"
+#include "win/Module.h"
+#include "win/Rects.h"
 
 #include <algorithm>
-#include <string_view>
-#include <vector>
 
 namespace ormisk {
 
 namespace {
 
-constexpr WORD kProductId = 100;
-constexpr WORD kVersionId = 101;
-// Dialog units.
-constexpr short kWidth = 190, kHeight = 92, kHeaderHeight = 58, kMargin = 12, kButtonWidth = 50, kButtonHeight = 14;
-
-// A dialog described in memory, in the format of a dialog resource.
-class DialogTemplate {
-public:
-    DialogTemplate(std::wstring_view title, DWORD style, WORD items) {
-        AddLong(style);
-        AddLong(0);
-        m_Words.push_back(items);
-        AddPlace(0, 0, kWidth, kHeight);
-        m_Words.insert(m_Words.end(), {0, 0}); // no menu, the standard class
-        AddText(title);
-        m_Words.push_back(9);
-        AddText(L"MS Shell Dlg");
-    }
-
-    void AddItem(WORD windowClass, WORD id, DWORD style, short x, short y, short width, short height,
-                 std::wstring_view text) {
-        if (m_Words.size() % 2)
-            m_Words.push_back(0);
-        AddLong(style | WS_CHILD | WS_VISIBLE);
-        AddLong(0);
-        AddPlace(x, y, width, height);
-        m_Words.insert(m_Words.end(), {id, 0xFFFF, windowClass});
-        AddText(text);
-        m_Words.push_back(0); // no creation data
-    }
-
-    const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(m_Words.data()); }
-
-private:
-    void AddLong(DWORD value) { m_Words.insert(m_Words.end(), {LOWORD(value), HIWORD(value)}); }
-    void AddPlace(short x, short y, short width, short height) {
-        for (short value : {x, y, width, height})
-            m_Words.push_back(static_cast<WORD>(value));
-    }
-    void AddText(std::wstring_view text) {
-        m_Words.insert(m_Words.end(), text.begin(), text.end());
-        m_Words.push_back(0);
-    }
-
-    std::vector<WORD> m_Words;
-};
+// The dialog resource and its items.
+constexpr WORD kDialog = 100, kProductId = 101, kVersionId = 102;
+constexpr long kHeaderHeight = 58; // dialog units
 
 // What the window needs while it is up.
 struct AboutState {
     HWND Owner;
-    UniqueFont ProductFont;
+    const std::wstring& Product;
+    const std::wstring& Version;
+    Unique<HFONT> ProductFont;
 };
 
 // Over the middle of the owner, inside the work area of its screen.
@@ -82,21 +41,24 @@ void Centre(HWND dialog, HWND owner) {
 }
 
 void Initialise(HWND dialog, AboutState& state) {
+    SetWindowTextW(dialog, (L"About " + state.Product).c_str());
+    SetDlgItemTextW(dialog, kProductId, state.Product.c_str());
+    SetDlgItemTextW(dialog, kVersionId, (L"Version " + state.Version).c_str());
     LOGFONTW font{};
     const auto dialogFont = reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0));
     if (GetObjectW(dialogFont, sizeof font, &font)) {
         font.lfHeight = MulDiv(font.lfHeight, 8, 5);
         font.lfWeight = FW_BOLD;
-        state.ProductFont = UniqueFont(CreateFontIndirectW(&font));
-        SendDlgItemMessageW(dialog, kProductId, WM_SETFONT, reinterpret_cast<WPARAM>(state.ProductFont.Get()), FALSE);
+        state.ProductFont.reset(CreateFontIndirectW(&font));
+        SendDlgItemMessageW(dialog, kProductId, WM_SETFONT, reinterpret_cast<WPARAM>(state.ProductFont.get()), FALSE);
     }
     Centre(dialog, state.Owner);
 }
 
 // A light field above, the button's field below.
 void Erase(HWND dialog, HDC dc) {
-    RECT client{}, header{0, 0, kWidth, kHeaderHeight};
-    GetClientRect(dialog, &client);
+    const RECT client = ToRect(ClientRect(dialog));
+    RECT header{0, 0, 0, kHeaderHeight};
     MapDialogRect(dialog, &header);
     header.right = client.right;
     FillRect(dc, &client, GetSysColorBrush(COLOR_3DFACE));
@@ -127,36 +89,14 @@ INT_PTR CALLBACK AboutProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
     }
 }
 
-DialogTemplate AboutTemplate(const std::wstring& product, const std::wstring& version) {
-    constexpr WORD kButton = 0x0080, kStatic = 0x0082;
-    constexpr short kTextWidth = kWidth - 2 * kMargin;
-    DialogTemplate window(L"About " + product,
-                          WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT | DS_FIXEDSYS, 3);
-    window.AddItem(kButton, IDOK, BS_DEFPUSHBUTTON | WS_TABSTOP, kWidth - kMargin - kButtonWidth,
-                   (kHeaderHeight + kHeight - kButtonHeight) / 2, kButtonWidth, kButtonHeight, L"OK");
-    window.AddItem(kStatic, kProductId, SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, kMargin, 12, kTextWidth, 18, product);
-    window.AddItem(kStatic, kVersionId, SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, kMargin, 34, kTextWidth, 10,
-                   L"Version " + version);
-    return window;
-}
-
-HINSTANCE OwnModule() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&OwnModule), &module);
-    return module;
-}
-
 } // namespace
 
 void ShowAboutWindow(HWND owner, const std::wstring& product, const std::wstring& version) {
-    AboutState state{owner ? GetAncestor(owner, GA_ROOT) : nullptr, {}};
-    const DialogTemplate window = AboutTemplate(product, version);
+    AboutState state{owner ? GetAncestor(owner, GA_ROOT) : nullptr, product, version, {}};
     const HWND focus = GetFocus();
-    const INT_PTR closedBy =
-        DialogBoxIndirectParamW(OwnModule(), window.Get(), state.Owner, AboutProc, reinterpret_cast<LPARAM>(&state));
-    if (closedBy == -1)
-        Check(HRESULT_FROM_WIN32(GetLastError()));
+    if (DialogBoxParamW(ThisModule(), MAKEINTRESOURCEW(kDialog), state.Owner, AboutProc,
+                        reinterpret_cast<LPARAM>(&state)) == -1)
+        ThrowLastError();
     if (IsWindow(focus))
         SetFocus(focus);
 }

@@ -2,25 +2,21 @@
 
 #include "automation/ComPtr.h"
 #include "automation/Error.h"
-#include "platform/Gdi.h"
 #include "platform/Rounding.h"
+#include "win/Checked.h"
+#include "win/Dpi.h"
+#include "win/Gdi.h"
+#include "win/Module.h"
+#include "win/Rects.h"
 
 #include <algorithm>
 #include <windowsx.h>
-
-extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace ormisk {
 
 namespace {
 
 constexpr wchar_t kClassName[] = L"OrmiskPane";
-
-HINSTANCE Module() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
-
-float Convert(float value, ScaleMode from, ScaleMode to, Axis axis) {
-    return static_cast<float>(ConvertScale(static_cast<double>(value), from, to, ScreenDpi(axis), axis));
-}
 
 int ButtonOf(UINT message) {
     switch (message) {
@@ -54,13 +50,12 @@ public:
         windowClass.cbSize = sizeof windowClass;
         windowClass.style = CS_DBLCLKS;
         windowClass.lpfnWndProc = procedure;
-        windowClass.hInstance = Module();
+        windowClass.hInstance = ThisModule();
         windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
         windowClass.lpszClassName = kClassName;
-        if (!RegisterClassExW(&windowClass))
-            Check(HRESULT_FROM_WIN32(GetLastError()));
+        Checked(RegisterClassExW(&windowClass));
     }
-    ~WindowClass() { UnregisterClassW(kClassName, Module()); }
+    ~WindowClass() { UnregisterClassW(kClassName, ThisModule()); }
     WindowClass(const WindowClass&) = delete;
     WindowClass& operator=(const WindowClass&) = delete;
 };
@@ -79,8 +74,7 @@ void Pane::Create(HWND parent, PaneListener& listener, Options options) {
     m_Listener = &listener;
     m_Options = options;
     const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | (options.visible ? WS_VISIBLE : 0);
-    if (!CreateWindowExW(0, kClassName, L"", style, 0, 0, 0, 0, parent, nullptr, Module(), this))
-        Check(HRESULT_FROM_WIN32(GetLastError()));
+    Checked(CreateWindowExW(0, kClassName, L"", style, 0, 0, 0, 0, parent, nullptr, ThisModule(), this));
 }
 
 void Pane::Destroy() {
@@ -169,10 +163,9 @@ bool Pane::HandlePainting(UINT message, WPARAM wParam, LRESULT& result) {
         result = 1;
         if (!m_Options.erases)
             return true;
-        RECT client;
-        GetClientRect(m_hWnd, &client);
-        const UniqueBrush brush(CreateSolidBrush(TranslateColor(m_BackColor)));
-        FillRect(reinterpret_cast<HDC>(wParam), &client, brush.Get());
+        const RECT client = ToRect(ClientRect(m_hWnd));
+        const Unique<HBRUSH> brush(CreateSolidBrush(TranslateColor(m_BackColor)));
+        FillRect(reinterpret_cast<HDC>(wParam), &client, brush.get());
         return true;
     }
     case WM_PAINT: {
@@ -182,9 +175,7 @@ bool Pane::HandlePainting(UINT message, WPARAM wParam, LRESULT& result) {
         return true;
     }
     case WM_PRINTCLIENT: {
-        RECT client;
-        GetClientRect(m_hWnd, &client);
-        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), client);
+        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), ToRect(ClientRect(m_hWnd)));
         return true;
     }
     default:
@@ -274,15 +265,17 @@ bool Pane::HandleKey(UINT message, WPARAM wParam) {
 }
 
 Size Pane::ClientSize() const {
-    RECT client{};
-    if (m_hWnd)
-        GetClientRect(m_hWnd, &client);
+    const Rect client = ClientRect(m_hWnd);
     return {client.right, client.bottom};
 }
 
 float Pane::ScaleWidth() const { return PixelsToUnitsX(static_cast<float>(ClientSize().cx)); }
 
 float Pane::ScaleHeight() const { return PixelsToUnitsY(static_cast<float>(ClientSize().cy)); }
+
+float Pane::Convert(float value, ScaleMode from, ScaleMode to, Axis axis) const {
+    return static_cast<float>(ConvertScale(static_cast<double>(value), from, to, DpiOf(m_hWnd), axis));
+}
 
 float Pane::PixelsToUnitsX(float pixels) const { return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::X); }
 
@@ -299,33 +292,15 @@ void Pane::SetBounds(float left, float top, float width, float height) {
                 y + RoundToLong(static_cast<double>(UnitsToPixelsY(height)))});
 }
 
-bool StandsAt(HWND window, const Rect& place) {
-    RECT now{};
-    if (!GetWindowRect(window, &now))
-        return false;
-    MapWindowPoints(HWND_DESKTOP, GetParent(window), reinterpret_cast<POINT*>(&now), 2);
-    return now.left == place.left && now.top == place.top && now.right == place.right && now.bottom == place.bottom;
-}
-
 void Pane::MovePixels(const Rect& place) {
-    if (m_hWnd && !StandsAt(m_hWnd, place))
+    if (m_hWnd && PlaceInParent(m_hWnd) != place)
         SetWindowPos(m_hWnd, nullptr, place.left, place.top, std::max(place.Width(), 0L), std::max(place.Height(), 0L),
                      SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-float Pane::Width() const {
-    RECT window{};
-    if (m_hWnd)
-        GetWindowRect(m_hWnd, &window);
-    return PixelsToUnitsX(static_cast<float>(window.right - window.left));
-}
+float Pane::Width() const { return PixelsToUnitsX(static_cast<float>(WindowRect(m_hWnd).Width())); }
 
-float Pane::Height() const {
-    RECT window{};
-    if (m_hWnd)
-        GetWindowRect(m_hWnd, &window);
-    return PixelsToUnitsY(static_cast<float>(window.bottom - window.top));
-}
+float Pane::Height() const { return PixelsToUnitsY(static_cast<float>(WindowRect(m_hWnd).Height())); }
 
 void Pane::SetVisible(bool visible) {
     if (m_hWnd)
@@ -361,7 +336,7 @@ void Pane::Invalidate(bool erase) {
 }
 
 void Pane::Invalidate(const Rect& part, bool erase) {
-    const RECT rect{part.left, part.top, part.right, part.bottom};
+    const RECT rect = ToRect(part);
     if (m_hWnd)
         InvalidateRect(m_hWnd, &rect, erase);
 }

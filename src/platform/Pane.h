@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Color.h"
-#include "platform/Geometry.h"
 #include "platform/Scale.h"
 #include "platform/Splitter.h"
+#include "win/Geometry.h"
 
 #include <unknwn.h>
 #include <windows.h>
@@ -104,6 +104,7 @@ public:
 
 private:
     static LRESULT CALLBACK WindowProc(HWND, UINT, WPARAM, LPARAM);
+    float Convert(float value, ScaleMode from, ScaleMode to, Axis axis) const;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleKey(UINT message, WPARAM wParam);
@@ -120,8 +121,5 @@ private:
     bool m_Pressed = false;   // the left button went down here and a click may follow
     bool m_Releasing = false; // the pane lets the mouse go by itself
 };
-
-// Whether a child window has exactly this place in its parent, so that moving it there would change nothing.
-bool StandsAt(HWND window, const Rect& place);
 
 } // namespace ormisk

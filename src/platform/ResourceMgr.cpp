@@ -1,6 +1,7 @@
 #include "platform/ResourceMgr.h"
 
 #include "platform/Rounding.h"
+#include "win/Dpi.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -20,8 +21,7 @@ LOGFONTA LogicalFont(const FontDescription& font) {
                                             sizeof bytes, nullptr, nullptr);
     std::copy_n(bytes, std::min<std::size_t>(written, font.Name.size()), logical.lfFaceName);
 
-    if (const WindowDC screen(GetDesktopWindow()); screen)
-        logical.lfHeight = -MulDiv(RoundToLong(font.Size), GetDeviceCaps(screen.Get(), LOGPIXELSY), 72);
+    logical.lfHeight = -MulDiv(RoundToLong(font.Size), DpiOf(nullptr), 72);
     logical.lfItalic = font.Italic;
     logical.lfWeight = font.Bold ? FW_BOLD : FW_NORMAL;
     logical.lfUnderline = font.Underline;
@@ -30,12 +30,12 @@ LOGFONTA LogicalFont(const FontDescription& font) {
     return logical;
 }
 
-UniqueBrush MakePatternBrush(BrushPattern pattern) {
+Unique<HBRUSH> MakePatternBrush(BrushPattern pattern) {
     constexpr int kWidth = 16, kHeight = 8, kRowBytes = 2;
     if (pattern.size_bytes() < kHeight * kRowBytes)
         throw std::length_error("brush pattern");
-    const UniqueBitmap bitmap(CreateBitmap(kWidth, kHeight, 1, 1, pattern.data()));
-    return UniqueBrush(bitmap ? CreatePatternBrush(bitmap.Get()) : nullptr);
+    const Unique<HBITMAP> bitmap(CreateBitmap(kWidth, kHeight, 1, 1, pattern.data()));
+    return Unique<HBRUSH>(bitmap ? CreatePatternBrush(bitmap.get()) : nullptr);
 }
 
 // The object of a key with the given attributes: a new key is entered only with a live object.
@@ -63,7 +63,7 @@ template <class Cache> void Remove(Cache& cache, std::wstring_view key) noexcept
 } // namespace
 
 bool CBrush::init(Color color) {
-    UniqueBrush made(CreateSolidBrush(color));
+    Unique<HBRUSH> made(CreateSolidBrush(color));
     if (!made)
         return false;
     m_Handle = std::move(made);
@@ -74,13 +74,13 @@ bool CBrush::init(Color color) {
 void CBrush::UpdateInfo(Color color) {
     if (isSame(color))
         return;
-    m_Handle.Reset();
-    m_Handle = UniqueBrush(CreateSolidBrush(color));
+    m_Handle.reset();
+    m_Handle = Unique<HBRUSH>(CreateSolidBrush(color));
     m_Color = color;
 }
 
 bool CPen::init(Color color, int style, int width) {
-    UniquePen made(CreatePen(style, width, color));
+    Unique<HPEN> made(CreatePen(style, width, color));
     if (!made)
         return false;
     m_Handle = std::move(made);
@@ -93,18 +93,18 @@ bool CPen::init(Color color, int style, int width) {
 void CPen::UpdateInfo(Color color, int style, int width) {
     if (isSame(color, style, width))
         return;
-    m_Handle.Reset();
-    m_Handle = UniquePen(CreatePen(style, width, color));
+    m_Handle.reset();
+    m_Handle = Unique<HPEN>(CreatePen(style, width, color));
     m_Color = color;
     m_Style = style;
     m_Width = width;
 }
 
 void CFont::MakeFont(const FontDescription& font) {
-    m_Handle.Reset();
+    m_Handle.reset();
     m_Description = font;
     const LOGFONTA logical = LogicalFont(font);
-    m_Handle = UniqueFont(CreateFontIndirectA(&logical));
+    m_Handle = Unique<HFONT>(CreateFontIndirectA(&logical));
 }
 
 bool CFont::init(const FontDescription& font) {
@@ -120,7 +120,7 @@ void CFont::UpdateInfo(const FontDescription& font) {
 bool CPatternBrush::isSame(BrushPattern pattern) const { return std::ranges::equal(pattern, m_Pattern); }
 
 bool CPatternBrush::init(BrushPattern pattern) {
-    UniqueBrush made = MakePatternBrush(pattern);
+    Unique<HBRUSH> made = MakePatternBrush(pattern);
     if (!made)
         return false;
     m_Handle = std::move(made);
@@ -131,7 +131,7 @@ bool CPatternBrush::init(BrushPattern pattern) {
 void CPatternBrush::UpdateInfo(BrushPattern pattern) {
     if (isSame(pattern))
         return;
-    m_Handle.Reset();
+    m_Handle.reset();
     m_Pattern.assign(pattern.begin(), pattern.end());
     m_Handle = MakePatternBrush(pattern);
 }

@@ -2,7 +2,7 @@
 
 #include "platform/Color.h"
 #include "platform/FontDescription.h"
-#include "platform/Gdi.h"
+#include "win/Gdi.h"
 
 #include <cstdint>
 #include <map>
@@ -19,13 +19,13 @@ namespace ormisk {
 
 class CBrush {
 public:
-    HBRUSH hBrush() const { return m_Handle.Get(); }
+    HBRUSH hBrush() const { return m_Handle.get(); }
     bool isSame(Color color) const { return color == m_Color; }
     bool init(Color color);
     void UpdateInfo(Color color);
 
 private:
-    UniqueBrush m_Handle;
+    Unique<HBRUSH> m_Handle;
     Color m_Color = static_cast<Color>(-1);
 };
 
@@ -36,10 +36,10 @@ public:
     }
     bool init(Color color, int style, int width);
     void UpdateInfo(Color color, int style, int width);
-    HPEN hPen() const { return m_Handle.Get(); }
+    HPEN hPen() const { return m_Handle.get(); }
 
 private:
-    UniquePen m_Handle;
+    Unique<HPEN> m_Handle;
     Color m_Color = 0;
     int m_Style = 0;
     int m_Width = 0;
@@ -47,7 +47,7 @@ private:
 
 class CFont {
 public:
-    HFONT hFont() const { return m_Handle.Get(); }
+    HFONT hFont() const { return m_Handle.get(); }
     bool isSame(const FontDescription& font) const { return m_Description == font; }
     bool init(const FontDescription& font);
     void UpdateInfo(const FontDescription& font);
@@ -55,7 +55,7 @@ public:
 private:
     void MakeFont(const FontDescription& font);
 
-    UniqueFont m_Handle;
+    Unique<HFONT> m_Handle;
     std::optional<FontDescription> m_Description;
 };
 
@@ -64,13 +64,13 @@ using BrushPattern = std::span<const std::uint32_t>;
 
 class CPatternBrush {
 public:
-    HBRUSH hBrush() const { return m_Handle.Get(); }
+    HBRUSH hBrush() const { return m_Handle.get(); }
     bool isSame(BrushPattern pattern) const;
     bool init(BrushPattern pattern);
     void UpdateInfo(BrushPattern pattern);
 
 private:
-    UniqueBrush m_Handle;
+    Unique<HBRUSH> m_Handle;
     std::vector<std::uint32_t> m_Pattern;
 };
 

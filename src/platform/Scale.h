@@ -26,7 +26,4 @@ ScaleMode ScaleModeFromText(std::wstring_view text);
 // size of its own counts as pixels. The result is not rounded.
 double ConvertScale(double value, ScaleMode from, ScaleMode to, double dpi, Axis axis);
 
-// The screen's pixels per inch.
-double ScreenDpi(Axis axis);
-
 } // namespace ormisk

@@ -1,20 +1,18 @@
 #include "platform/ScrollBar.h"
 
 #include "automation/Error.h"
-#include "platform/Pane.h"
+#include "win/Checked.h"
+#include "win/Module.h"
+#include "win/Rects.h"
 
 #include <algorithm>
 #include <commctrl.h>
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;
-
 namespace ormisk {
 
 void ScrollBar::Create(HWND parent, ScrollBarListener& listener) {
-    m_hWnd = CreateWindowExW(0, L"SCROLLBAR", L"", WS_CHILD | WS_CLIPSIBLINGS | SBS_VERT, 0, 0, 0, 0, parent, nullptr,
-                             reinterpret_cast<HINSTANCE>(&__ImageBase), nullptr);
-    if (!m_hWnd)
-        Check(HRESULT_FROM_WIN32(GetLastError()));
+    m_hWnd = Checked(CreateWindowExW(0, L"SCROLLBAR", L"", WS_CHILD | WS_CLIPSIBLINGS | SBS_VERT, 0, 0, 0, 0, parent,
+                                     nullptr, ThisModule(), nullptr));
     m_Listener = &listener;
     SetWindowSubclass(m_hWnd, SubclassProc, 1, reinterpret_cast<DWORD_PTR>(this));
 }
@@ -79,7 +77,7 @@ void ScrollBar::Show(bool show) {
 
 void ScrollBar::MovePixels(const Rect& place) {
     const bool onTop = m_hWnd && !GetWindow(m_hWnd, GW_HWNDPREV);
-    if (m_hWnd && !(onTop && StandsAt(m_hWnd, place)))
+    if (m_hWnd && !(onTop && PlaceInParent(m_hWnd) == place))
         SetWindowPos(m_hWnd, nullptr, place.left, place.top, std::max(place.Width(), 0L), std::max(place.Height(), 0L),
                      SWP_NOACTIVATE);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Geometry.h"
+#include "win/Geometry.h"
 
 #include <windows.h>
 

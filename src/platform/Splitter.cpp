@@ -1,7 +1,7 @@
 #include "platform/Splitter.h"
 
-#include "platform/Gdi.h"
 #include "platform/Rounding.h"
+#include "win/Gdi.h"
 
 namespace ormisk {
 

@@ -1,6 +1,7 @@
 #include "platform/SubclassWnd.h"
 
 #include "automation/Error.h"
+#include "win/Checked.h"
 
 #include <algorithm>
 #include <memory>
@@ -102,7 +103,7 @@ void SubclassWindow(HWND hWnd, _cSubclassListener* aListener) {
     if (!anInfo->Install(SubclassWndProc)) {
         const HRESULT failure = HRESULT_FROM_WIN32(GetLastError());
         Forget(hWnd);
-        Check(failure);
+        CheckSystem(failure);
     }
 }
 
@@ -121,7 +122,7 @@ void AddMessageHook(HWND hWnd, UINT nMsg) {
         return;
     const std::shared_ptr<cSubclassInfo> anInfo = FindInfo(hWnd);
     if (!anInfo)
-        Check(E_INVALIDARG);
+        CheckSystem(E_INVALIDARG);
     anInfo->AddMessage(nMsg);
 }
 

@@ -1,6 +1,8 @@
 #include "platform/TextBox.h"
 
 #include "automation/Error.h"
+#include "win/Checked.h"
+#include "win/Module.h"
 
 #include <algorithm>
 #include <commctrl.h>
@@ -27,13 +29,11 @@ TextBox::~TextBox() {
 void TextBox::Create(HWND parent, TextBoxListener* listener) {
     m_Life = std::make_shared<char>();
     m_Listener = listener;
-    HWND window = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL, 0, 0, 0, 0, parent,
-                                  nullptr, GetModuleHandleW(nullptr), nullptr);
-    if (!window)
-        Check(HRESULT_FROM_WIN32(GetLastError()));
+    const HWND window = Checked(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL, 0, 0, 0,
+                                                0, parent, nullptr, ThisModule(), nullptr));
     if (!SetWindowSubclass(window, WindowProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) {
         DestroyWindow(window);
-        Check(E_OUTOFMEMORY);
+        CheckSystem(E_OUTOFMEMORY);
     }
     m_Window = window;
     SetMaxLength(0);

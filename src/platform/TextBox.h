@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Color.h"
-#include "platform/Gdi.h"
 #include "platform/ResourceMgr.h"
+#include "win/Gdi.h"
 
 #include <memory>
 #include <string>

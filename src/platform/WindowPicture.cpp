@@ -1,5 +1,7 @@
 #include "platform/WindowPicture.h"
 
+#include "win/Gdi.h"
+
 namespace ormisk {
 
 namespace {
@@ -7,20 +9,16 @@ namespace {
 // Moves the origin, of brushes too, and the clipping of a context for the life of the guard.
 class Frame {
 public:
-    Frame(HDC dc, POINT origin, SIZE size) : m_Dc(dc), m_State(SaveDC(dc)) {
+    Frame(HDC dc, POINT origin, SIZE size) : m_Saved(dc) {
         OffsetWindowOrgEx(dc, -origin.x, -origin.y, nullptr);
         IntersectClipRect(dc, 0, 0, size.cx, size.cy);
         POINT corner{};
         if (LPtoDP(dc, &corner, 1))
             SetBrushOrgEx(dc, corner.x, corner.y, nullptr);
     }
-    Frame(const Frame&) = delete;
-    Frame& operator=(const Frame&) = delete;
-    ~Frame() { RestoreDC(m_Dc, m_State); }
 
 private:
-    HDC m_Dc;
-    int m_State;
+    SavedDC m_Saved;
 };
 
 bool Has(HWND window, int index, LONG style) { return (GetWindowLongW(window, index) & style) != 0; }

@@ -2,6 +2,7 @@
 
 #include "automation/ControlCore.h"
 #include "automation/TypeLibrary.h"
+#include "win/Module.h"
 
 #include <array>
 #include <string>
@@ -43,17 +44,10 @@ public:
     explicit Writer(HKEY root) : m_Root(root) {}
 
     void Set(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
-        if (FAILED(m_Result))
-            return;
-        HKEY opened = nullptr;
-        LONG error =
-            RegCreateKeyExW(m_Root, (kClasses + key).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr);
-        if (error == ERROR_SUCCESS) {
-            error = RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
-                                   static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-            RegCloseKey(opened);
-        }
-        m_Result = HRESULT_FROM_WIN32(error);
+        const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+        if (SUCCEEDED(m_Result))
+            m_Result = HRESULT_FROM_WIN32(
+                RegSetKeyValueW(m_Root, (kClasses + key).c_str(), name, REG_SZ, value.c_str(), bytes));
     }
     HRESULT Result() const { return m_Result; }
 

@@ -1,5 +1,7 @@
 #include "ControlHost.h"
 
+#include "win/Module.h"
+
 #include <utility>
 
 namespace ormisk::test {

@@ -5,7 +5,7 @@
 #include "automation/ComPtr.h"
 #include "platform/About.h"
 #include "platform/FontDescription.h"
-#include "platform/Gdi.h"
+#include "win/Gdi.h"
 #include "platform/ResourceMgr.h"
 #include "platform/Splitter.h"
 #include "platform/TextForms.h"
@@ -46,9 +46,9 @@ public:
         BITMAPINFO info{};
         info.bmiHeader = {sizeof(BITMAPINFOHEADER), kWidth, -kHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
         void* bits = nullptr;
-        m_Bitmap = UniqueBitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+        m_Bitmap = Unique<HBITMAP>(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
         m_Pixels = static_cast<std::uint32_t*>(bits);
-        m_Previous = SelectObject(m_Dc.Get(), m_Bitmap.Get());
+        m_Previous = SelectObject(m_Dc.Get(), m_Bitmap.get());
         PatBlt(m_Dc.Get(), 0, 0, kWidth, kHeight, WHITENESS);
         SetBkMode(m_Dc.Get(), TRANSPARENT);
     }
@@ -62,7 +62,7 @@ public:
 
 private:
     MemoryDC m_Dc;
-    UniqueBitmap m_Bitmap;
+    Unique<HBITMAP> m_Bitmap;
     std::uint32_t* m_Pixels = nullptr;
     HGDIOBJ m_Previous = nullptr;
 };

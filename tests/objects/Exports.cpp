@@ -2,6 +2,7 @@
 
 #include "TestObject.h"
 #include "automation/TypeLibrary.h"
+#include "win/Module.h"
 
 namespace {
 

@@ -1,41 +1,9 @@
 #pragma once
 
-#include <utility>
-#include <windows.h>
+#include "win/Handles.h"
 
-// Owners of drawing handles: the destructor of each is the only place that frees what it holds.
+// Drawing contexts, and what is changed in one for a time.
 namespace ormisk {
-
-// A pen, brush, font or bitmap.
-template <class Handle> class GdiObject {
-public:
-    GdiObject() = default;
-    explicit GdiObject(Handle handle) : m_Handle(handle) {}
-    GdiObject(GdiObject&& other) noexcept : m_Handle(std::exchange(other.m_Handle, nullptr)) {}
-    GdiObject& operator=(GdiObject&& other) noexcept {
-        std::swap(m_Handle, other.m_Handle);
-        return *this;
-    }
-    ~GdiObject() { Reset(); }
-
-    Handle Get() const { return m_Handle; }
-    explicit operator bool() const { return m_Handle != nullptr; }
-
-    // Frees the present object before the caller makes its successor.
-    void Reset() {
-        if (Handle old = std::exchange(m_Handle, nullptr))
-            DeleteObject(old);
-    }
-
-private:
-    Handle m_Handle = nullptr;
-};
-
-using UniqueBrush = GdiObject<HBRUSH>;
-using UniquePen = GdiObject<HPEN>;
-using UniqueFont = GdiObject<HFONT>;
-using UniqueBitmap = GdiObject<HBITMAP>;
-using UniqueRegion = GdiObject<HRGN>;
 
 // Selects an object into a context for the life of the guard. No object: nothing is selected.
 class SelectGuard {
@@ -51,6 +19,19 @@ public:
 private:
     HDC m_Dc;
     HGDIOBJ m_Previous;
+};
+
+// Whatever is changed in a context during the life of the guard is undone.
+class SavedDC {
+public:
+    explicit SavedDC(HDC dc) : m_Dc(dc), m_State(SaveDC(dc)) {}
+    SavedDC(const SavedDC&) = delete;
+    SavedDC& operator=(const SavedDC&) = delete;
+    ~SavedDC() { RestoreDC(m_Dc, m_State); }
+
+private:
+    HDC m_Dc;
+    int m_State;
 };
 
 // The context of a window's client area, or of the screen for no window.

@@ -1,0 +1,23 @@
+#include "win/Rects.h"
+
+namespace ormisk {
+
+Rect ClientRect(HWND window) {
+    RECT rect{};
+    GetClientRect(window, &rect);
+    return FromRect(rect);
+}
+
+Rect WindowRect(HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return FromRect(rect);
+}
+
+Rect PlaceInParent(HWND window) {
+    RECT rect = ToRect(WindowRect(window));
+    MapWindowPoints(HWND_DESKTOP, GetParent(window), reinterpret_cast<POINT*>(&rect), 2);
+    return FromRect(rect);
+}
+
+} // namespace ormisk
