@@ -2,10 +2,10 @@
 
 #include "listbox/TypeAhead.h"
 #include "platform/Color.h"
-#include "win/Gdi.h"
-#include "win/Geometry.h"
 #include "platform/ResourceMgr.h"
 #include "platform/Scale.h"
+#include "win/Gdi.h"
+#include "win/Geometry.h"
 
 #include <memory>
 #include <optional>

@@ -5,11 +5,11 @@
 #include "automation/ComPtr.h"
 #include "platform/About.h"
 #include "platform/FontDescription.h"
-#include "win/Gdi.h"
 #include "platform/ResourceMgr.h"
 #include "platform/Splitter.h"
 #include "platform/TextForms.h"
 #include "platform/TextOutput.h"
+#include "win/Gdi.h"
 
 #include <gtest/gtest.h>
 
