@@ -9,6 +9,19 @@ namespace ormisk {
 // the control implements Primary and the hooks of ControlCore.
 template <class Primary, class CoClass, class Source>
 class ControlBase : public DispatchObject<Primary, CoClass, Source, ControlCore> {
+    using Base = DispatchObject<Primary, CoClass, Source, ControlCore>;
+
+public:
+    STDMETHODIMP_(ULONG) Release() override {
+        const ULONG left = Base::Release();
+        if (left == 0 || !this->OwnsReferences(left)) {
+            return left;
+        }
+        this->AddRef();
+        IgnoringFailures([&] { this->OnUseEnded(); });
+        return Base::Release();
+    }
+
 protected:
     ControlBase() { this->AddSource(__uuidof(IPropertyNotifySink)); }
 

@@ -42,6 +42,7 @@ HRESULT ControlCore::SetClientSite(IOleClientSite* site) {
         Deactivate(); // the activation belongs to the old site
         m_Site.Attach(site);
         if (!site) {
+            OnUseEnded();
             return;
         }
         if (!m_WindowsMade) {

@@ -146,6 +146,11 @@ protected:
     virtual void OnInitNew() = 0;
     // An ambient property changed; DISPID_UNKNOWN when several did, or when the site is another one.
     virtual void OnAmbientChange(DISPID id) = 0;
+    // The host has done with the control, for good or for now: it was closed, lost its site, or is held by nobody but
+    // itself. What is held of the host's objects has to go, as any of them may hold the control.
+    virtual void OnUseEnded() {}
+    // Whether these references to the control are all its own, held by parts of it.
+    virtual bool OwnsReferences(ULONG /*count*/) const { return false; }
     // The control's window has been given a new outer size, in pixels.
     virtual void OnSize(int cx, int cy) = 0;
     // Draws the whole control. The context may be a metafile: it must not be read, and moved only by its window origin.

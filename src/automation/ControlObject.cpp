@@ -51,6 +51,7 @@ HRESULT ControlCore::Close(DWORD saveOption) {
         }
         Deactivate();
         m_Advises.TellClosed();
+        OnUseEnded();
     });
 }
 

@@ -156,7 +156,12 @@ bool IsMissing(const VARIANT& v) {
 }
 
 bool SameObject(IUnknown* a, IUnknown* b) {
-    return a == b || (a && b && Query<IUnknown>(a).Get() == Query<IUnknown>(b).Get());
+    if (a == b || !a || !b) {
+        return a == b;
+    }
+    const ComPtr<IUnknown> first(a); // while they are asked who they are
+    const ComPtr<IUnknown> second(b);
+    return Query<IUnknown>(first).Get() == Query<IUnknown>(second).Get();
 }
 
 Comparison CompareValues(const VARIANT& a, const VARIANT& b) {

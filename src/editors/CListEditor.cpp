@@ -11,10 +11,8 @@ template <class F> HRESULT EditorCall(F&& body) { return Guarded(__uuidof(_CEdit
 
 // Objects by identity; nothing equals Null.
 bool IsSameValue(const VARIANT& a, const VARIANT& b) {
-    if (HoldsObject(a) || HoldsObject(b)) {
-        const ComPtr<IUnknown> held(ObjectOf(a)); // while it is asked who it is
-        return HoldsObject(a) && HoldsObject(b) && SameObject(held.Get(), ObjectOf(b));
-    }
+    if (HoldsObject(a) || HoldsObject(b))
+        return HoldsObject(a) && HoldsObject(b) && SameObject(ObjectOf(a), ObjectOf(b));
     return CompareValues(a, b) == Comparison::Equal;
 }
 
@@ -103,9 +101,10 @@ STDMETHODIMP CListEditor::put_Value(VARIANT newValue) {
         if (!m_ListBox)
             return;
         const ComPtr<_CEditor> self(this);
+        const unsigned row = m_Row;
         const long found = Find(newValue);
         if (found >= 0) {
-            if (m_ListBox)
+            if (Serves(row))
                 m_ListBox->SetListIndex(found);
             return;
         }
@@ -113,7 +112,7 @@ STDMETHODIMP CListEditor::put_Value(VARIANT newValue) {
         // asked.
         std::wstring text;
         IgnoringFailures([&] { text = TextOf(newValue); });
-        if (!m_ListBox)
+        if (!Serves(row))
             return;
         m_ListBox->AddItem(text, Plain(newValue), 0);
         m_ListBox->SetListIndex(0);
@@ -130,10 +129,13 @@ STDMETHODIMP CListEditor::get_Visible(VARIANT_BOOL* pValue) {
 STDMETHODIMP CListEditor::put_Visible(VARIANT_BOOL newValue) {
     return EditorCall([&] {
         const ComPtr<_CEditor> self(this);
+        unsigned row = m_Row;
         // The values of a row that has gone may be objects, and are not to be kept alive here.
-        if (m_ListBox && newValue == VARIANT_FALSE)
+        if (m_ListBox && newValue == VARIANT_FALSE) {
+            row = ++m_Row;
             m_ListBox->Clear();
-        if (m_ListBox)
+        }
+        if (Serves(row))
             m_ListBox->SetVisible(newValue != VARIANT_FALSE);
     });
 }
@@ -155,35 +157,38 @@ STDMETHODIMP CListEditor::Reset(_CProperty* aProperty, _CEditorListener* anEdito
         if (!m_ListBox)
             return;
         m_Listener = anEditorListener;
+        const unsigned row = ++m_Row;
         m_ListBox->Clear();
-        if (aProperty)
-            FillFrom(aProperty);
+        if (aProperty && Serves(row))
+            FillFrom(aProperty, row);
     });
 }
 
 // The host may hear of any of this, and end the control.
-void CListEditor::FillFrom(_CProperty* property) {
+void CListEditor::FillFrom(_CProperty* property, unsigned row) {
     omEditorType type = omListEditor;
     IgnoringFailures([&] { return property->get_EditorType(&type); });
+    if (!Serves(row))
+        return;
     if (type != omBooleanEditor) {
-        IgnoringFailures([&] { FillWithItems(property); });
+        IgnoringFailures([&] { FillWithItems(property, row); });
     } else {
-        AddBoolean(property, L"True", true);
-        AddBoolean(property, L"False", false);
+        AddBoolean(property, L"True", true, row);
+        AddBoolean(property, L"False", false, row);
     }
     OLE_COLOR color = 0;
-    if (SUCCEEDED(property->get_BackColor(&color)) && m_ListBox)
+    if (SUCCEEDED(property->get_BackColor(&color)) && Serves(row))
         m_ListBox->SetBackColor(color);
-    if (SUCCEEDED(property->get_ForeColor(&color)) && m_ListBox)
+    if (SUCCEEDED(property->get_ForeColor(&color)) && Serves(row))
         m_ListBox->SetForeColor(color);
 }
 
-void CListEditor::FillWithItems(_CProperty* property) {
+void CListEditor::FillWithItems(_CProperty* property, unsigned row) {
     ComPtr<_CListItems> items;
     Check(property->get_ListItems(items.GetAddressOf()));
     long count = 0;
     Check(items->get_Count(&count));
-    for (long i = 1; i <= count && m_ListBox; ++i) {
+    for (long i = 1; i <= count && Serves(row); ++i) {
         IgnoringFailures([&] {
             ComPtr<_CListItem> item;
             Check(items->get_Item(i, item.GetAddressOf()));
@@ -192,16 +197,17 @@ void CListEditor::FillWithItems(_CProperty* property) {
             const std::wstring shown = FromBstr(_bstr_t(text, false));
             _variant_t value;
             Check(item->get_Value(&value));
-            m_ListBox->AddItem(shown, value);
+            if (Serves(row))
+                m_ListBox->AddItem(shown, value);
         });
     }
 }
 
-void CListEditor::AddBoolean(_CProperty* property, const wchar_t* label, bool value) {
+void CListEditor::AddBoolean(_CProperty* property, const wchar_t* label, bool value, unsigned row) {
     BSTR param = nullptr;
     property->GetEditorParam(_bstr_t(label), &param);
     const std::wstring text = FromBstr(_bstr_t(param, false));
-    if (m_ListBox)
+    if (Serves(row))
         m_ListBox->AddItem(text.empty() ? label : text, _variant_t(value));
 }
 

@@ -39,14 +39,16 @@ public:
     STDMETHODIMP init(long hParentWnd) override;
 
 private:
-    void FillFrom(_CProperty* property);
-    void FillWithItems(_CProperty* property);
-    void AddBoolean(_CProperty* property, const wchar_t* label, bool value);
+    bool Serves(unsigned row) const { return m_ListBox && m_Row == row; }
+    void FillFrom(_CProperty* property, unsigned row);
+    void FillWithItems(_CProperty* property, unsigned row);
+    void AddBoolean(_CProperty* property, const wchar_t* label, bool value, unsigned row);
     long Find(const VARIANT& value) const;
     void Notify(HRESULT (STDMETHODCALLTYPE _CEditorListener::*notify)(_CEditor*));
 
     _CEditorListener* m_Listener = nullptr; // not counted: the control holds it
     OrmiskListBox* m_ListBox = nullptr;
+    unsigned m_Row = 0; // counts the rows: what calls the host may come back to another one, or to none
 };
 
 } // namespace ormisk

@@ -102,15 +102,26 @@ STDMETHODIMP CTextEditor::get_Value(VARIANT* pValue) {
     });
 }
 
-// A value without a text, such as an array, leaves the box as it was.
+// A value without a text, such as an array, leaves the box as it was. An object may do anything when it is asked for
+// its own.
 STDMETHODIMP CTextEditor::put_Value(VARIANT newValue) {
     return EditorCall([&] {
         if (!m_TextBox)
             return;
-        IgnoringFailures([&] { m_TextBox->SetText(TextOf(newValue)); });
+        const ComPtr<_CEditor> self(this);
+        const unsigned before = m_TextBox->TextsSet();
+        std::wstring text;
+        const bool hasText = IgnoringFailures([&] { text = TextOf(newValue); });
+        if (!Stands(before))
+            return;
+        if (hasText)
+            m_TextBox->SetText(text);
         m_TextBox->SetModified(false);
     });
 }
+
+// After the host was called: whether the box is there, and serves no other row by now.
+bool CTextEditor::Stands(unsigned text) const { return m_TextBox && m_TextBox->TextsSet() == text; }
 
 STDMETHODIMP CTextEditor::get_Visible(VARIANT_BOOL* pValue) {
     return EditorCall([&] {
@@ -141,22 +152,34 @@ STDMETHODIMP CTextEditor::Reset(_CProperty* aProperty, _CEditorListener* anEdito
     return EditorCall([&] {
         if (!m_TextBox)
             return;
+        const ComPtr<_CEditor> self(this);
         m_Listener = anEditorListener;
         m_TextBox->SetText({});
-        if (aProperty) {
-            OLE_COLOR color = 0;
-            if (SUCCEEDED(aProperty->get_BackColor(&color)))
-                m_TextBox->SetBackColor(color);
-            if (SUCCEEDED(aProperty->get_ForeColor(&color)))
-                m_TextBox->SetForeColor(color);
-            omEditorType type = omTextEditor;
-            if (SUCCEEDED(aProperty->get_EditorType(&type)) && type == omNumberEditor)
-                ReadNumberParams(aProperty);
-            else
-                ReadTextParams(aProperty);
-        }
         m_TextBox->SetLeftMargin(kLeftMargin);
+        if (aProperty)
+            ReadRow(aProperty);
     });
+}
+
+// The property may be any object, and reading a member of it call the host.
+void CTextEditor::ReadRow(_CProperty* property) {
+    const unsigned text = m_TextBox->TextsSet();
+    OLE_COLOR color = 0;
+    if (SUCCEEDED(property->get_BackColor(&color)) && Stands(text))
+        m_TextBox->SetBackColor(color);
+    if (SUCCEEDED(property->get_ForeColor(&color)) && Stands(text))
+        m_TextBox->SetForeColor(color);
+    omEditorType type = omTextEditor;
+    const bool number = SUCCEEDED(property->get_EditorType(&type)) && type == omNumberEditor;
+    if (!Stands(text))
+        return;
+    if (number)
+        ReadNumberParams(property);
+    else
+        ReadTextParams(property);
+    const bool limited = !number && m_TextLimits.MaxLength >= m_TextLimits.MinLength;
+    if (Stands(text))
+        m_TextBox->SetMaxLength(limited ? m_TextLimits.MaxLength : 0);
 }
 
 void CTextEditor::ReadNumberParams(_CProperty* property) {
@@ -172,7 +195,6 @@ void CTextEditor::ReadNumberParams(_CProperty* property) {
         IgnoringFailures([&] { StoreIfFits(limits.MaxValue, ToSingle(NumberFromText(Param(property, L"MaxValue")))); });
     IgnoringFailures([&] { m_ShowSpinButtons = Param(property, L"ShowSpinButtons", VT_I4); });
     IgnoringFailures([&] { m_SpinStepValue = Param(property, L"SpinStepValue", VT_R4); });
-    m_TextBox->SetMaxLength(0);
 }
 
 void CTextEditor::ReadTextParams(_CProperty* property) {
@@ -185,7 +207,6 @@ void CTextEditor::ReadTextParams(_CProperty* property) {
     };
     read(L"MinLength", m_TextLimits.MinLength);
     read(L"MaxLength", m_TextLimits.MaxLength);
-    m_TextBox->SetMaxLength(m_TextLimits.MaxLength < m_TextLimits.MinLength ? 0 : m_TextLimits.MaxLength);
 }
 
 STDMETHODIMP CTextEditor::Move(float nLeft, float nTop, float nWidth, float nHeight) {

@@ -38,6 +38,8 @@ public:
     STDMETHODIMP init(long hParentWnd) override;
 
 private:
+    void ReadRow(_CProperty* property);
+    bool Stands(unsigned text) const;
     void ReadNumberParams(_CProperty* property);
     void ReadTextParams(_CProperty* property);
     Verdict Validate() const;

@@ -62,7 +62,10 @@ void EditorRegistry::RegisterEditor(const std::wstring& key, _CEditor* editor, H
     if (m_Editors.Find(FoldedKey(custom)))
         Raise(ErrorCode::EditorKeyPresent, kRegisterSource);
     EditorProxy proxy(editor);
+    const unsigned use = m_Uses;
     proxy.Init(treeWindow);
+    if (m_Closed || m_Uses != use)
+        return;
     Add({custom, editor});
     proxy.SetVisible(false);
 }
@@ -70,6 +73,17 @@ void EditorRegistry::RegisterEditor(const std::wstring& key, _CEditor* editor, H
 void EditorRegistry::UnRegisterEditor(const std::wstring& key) noexcept {
     // The entry, and with it the editor, goes when the collection is whole again.
     IgnoringFailures([&] { m_Editors.Remove(FoldedKey(CustomKey(key))); });
+}
+
+void EditorRegistry::EndUse() noexcept {
+    ++m_Uses;
+    IgnoringFailures([&] {
+        std::vector<std::unique_ptr<Entry>> removed; // these too go when the collection is whole again
+        for (long i = m_Editors.Count(); i > 0; --i) {
+            if (!m_Editors.At(i)->BuiltIn)
+                removed.push_back(m_Editors.RemoveAt(i));
+        }
+    });
 }
 
 ComPtr<_CEditor> EditorRegistry::Find(omEditorType type, const std::wstring& editorKey) const {
@@ -88,6 +102,7 @@ BuiltInEditor* EditorRegistry::BuiltIn(_CEditor* editor) const {
 }
 
 void EditorRegistry::Clear() {
+    m_Closed = true;
     while (m_Editors.Count() > 0) {
         const auto first = m_Editors.RemoveAt(1);
         if (first->BuiltIn)

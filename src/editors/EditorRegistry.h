@@ -20,13 +20,17 @@ public:
     void RegisterEditor(const std::wstring& key, _CEditor* editor, HWND treeWindow);
     // After the control closed its editor. An unknown key is no error.
     void UnRegisterEditor(const std::wstring& key) noexcept;
+    // The host has done with the control. Its editors go, and one that is being registered is not filed any more.
+    void EndUse() noexcept;
+    unsigned Uses() const { return m_Uses; } // that have ended so far
 
     // The editor of a row, null when there is none. The key counts for custom editors only.
     ComPtr<_CEditor> Find(omEditorType type, const std::wstring& editorKey) const;
     // The further operations of an editor of ours, null for one of the host. Valid while the registry holds it.
     BuiltInEditor* BuiltIn(_CEditor* editor) const;
 
-    // At the control's end: lets go of all, the first one first, and takes the windows back.
+    // At the control's end: lets go of all, the first one first, and takes the windows back. From then on none is
+    // filed.
     void Clear();
 
 private:
@@ -39,6 +43,8 @@ private:
     };
     void Add(Entry entry);
 
+    unsigned m_Uses = 0;
+    bool m_Closed = false;
     KeyedCollection<Entry, std::unique_ptr<Entry>, &Entry::Folded> m_Editors;
 };
 

@@ -35,8 +35,17 @@ void EditSession::CreateEditors() {
 
 void EditSession::Release() {
     Drop();
+    m_Grid.m_Panes.m_ListEditor.Clear();
     m_Editors.Clear();
     m_editListener->CutObserver();
+}
+
+// A text stays in its box as the user left it.
+void EditSession::LetObjectsGo() {
+    if (!m_Editors.BuiltIn(m_CurrentEditor.Get()) || IsListEditorOpen())
+        HideCurrentEditor();
+    m_Grid.m_Panes.m_ListEditor.Clear();
+    m_Editors.EndUse();
 }
 
 void EditSession::FocusTree() { m_Grid.m_Panes.m_picTreeContainer.TakeFocus(); }
@@ -45,6 +54,8 @@ CProperty* EditSession::SelectedProperty() const { return m_SelectedNode ? m_Sel
 
 // A handler may have taken a node out of the tree, or another tree may be on screen.
 bool EditSession::Holds(const Ref<CNode>& node) const { return node && node->Tree() == m_Grid.m_ActiveNodes; }
+
+bool EditSession::IsOn(const Ref<CNode>& node) const { return m_Grid.IsAlive() && m_SelectedNode == node; }
 
 void EditSession::SetSelectedNode(Ref<CNode> node) {
     if (node == m_SelectedNode) {
@@ -74,7 +85,7 @@ void EditSession::SetSelectedNode(Ref<CNode> node) {
     if (node) {
         newProperty = node->Property();
         m_Grid.m_Input.ExpandParents(*node);
-        if (!m_Grid.IsAlive() || m_SelectedNode != node)
+        if (!IsOn(node))
             return; // a handler ended the control, or moved the selection and told of that
         m_Grid.m_Panes.EnsureRowVisible(*node);
         m_Grid.m_Panes.InvalidateNodeRow(node.Get());
@@ -84,9 +95,7 @@ void EditSession::SetSelectedNode(Ref<CNode> node) {
         m_Grid.m_Events.SelChanged(newProperty.Get());
         if (!m_Grid.IsAlive())
             return;
-        // The editor that a handler has shown may share its window with the old one.
-        if (prevEditor && prevEditor != m_CurrentEditor && EditorProxy(prevEditor.Get()).Hwnd() != EditorWindow())
-            EditorProxy(prevEditor.Get()).SetVisible(false);
+        HideUnused(prevEditor.Get());
     }
     if (!m_CurrentEditor && m_SelectedNode)
         StartEditor();
@@ -147,19 +156,24 @@ void EditSession::StartEditor() {
     const Ref<CNode> node = m_SelectedNode;
     const ComPtr<CProperty> property(SelectedProperty());
     if (node && property && !property->IsReadOnly() && !m_Grid.m_State.readOnly) {
+        const unsigned use = m_Editors.Uses();
+        const auto goesOn = [&] { return IsOn(node) && m_Editors.Uses() == use; };
         const ComPtr<_CEditor> editor = FindEditor(*property.Get());
-        if (editor && m_Grid.IsAlive() && m_SelectedNode == node) {
+        if (editor && goesOn()) {
             EditorProxy proxy(editor.Get());
             const HWND window = proxy.Hwnd();
             if (window && GetParent(window) != m_Grid.m_Panes.TreeWnd())
                 SetParent(window, m_Grid.m_Panes.TreeWnd());
             GiveFont(editor.Get(), *node, property->EditorKind());
             proxy.Reset(property.Get(), m_editListener.Get());
-            const bool loaded = LoadEditorValue(*property.Get(), editor.Get());
-            if (!m_Grid.IsAlive() || m_SelectedNode != node)
-                return; // the row was left meanwhile
-            if (loaded) {
+            const bool loaded = goesOn() && LoadEditorValue(*property.Get(), editor.Get());
+            if (goesOn() && loaded)
                 proxy.SetVisible(true);
+            if (!goesOn()) { // the row was left meanwhile
+                HideUnused(editor.Get());
+                return;
+            }
+            if (loaded) {
                 m_EditNode = node; // never an editor on screen whose value would go to another row
                 m_CurrentEditor = editor;
             } else {
@@ -169,7 +183,7 @@ void EditSession::StartEditor() {
                                            {}});
                 FocusTree();
             }
-            if (m_Grid.IsAlive() && m_SelectedNode == node)
+            if (IsOn(node))
                 PlaceEditor(editor.Get(), node.Get());
         }
     }
@@ -187,19 +201,25 @@ void EditSession::GiveFont(_CEditor* editor, const CNode& node, omEditorType typ
         EditorProxy(editor).SetFont(m_Grid.m_ResourceMgr.GetFont(font, L"EditorFont"));
 }
 
-// False when the value is not one for the property's editor.
+// False when the value is not one for the property's editor. An object that is asked for it may do anything: what comes
+// back is for no editor that serves another row by then.
 bool EditSession::LoadEditorValue(CProperty& property, _CEditor* editor) {
     m_Asked.reset();
+    const ComPtr<CProperty> held(&property);
+    const Ref<CNode> selected = m_SelectedNode;
+    EditorProxy proxy(editor);
     if (!IsValueValidForEditor(property.Value(), property.EditorKind()))
         return false;
-    EditorProxy proxy(editor);
+    if (!IsOn(selected))
+        return true;
     if (property.EditorKind() != omPictureEditor) {
         const _variant_t value(property.Value());
         proxy.SetValue(value);
         return true;
     }
     const _variant_t prompt = PicturePrompt(property);
-    IgnoringFailures([&] { proxy.SetValue(prompt); });
+    if (IsOn(selected))
+        IgnoringFailures([&] { proxy.SetValue(prompt); });
     return true;
 }
 
@@ -244,7 +264,8 @@ void EditSession::PlaceEditor(_CEditor* editor, const CNode* node) {
 
 void EditSession::PlaceOpenEditor() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
-    IgnoringFailures([&] { PlaceEditor(editor.Get(), m_EditNode.Get()); });
+    const Ref<CNode> node = m_EditNode;
+    IgnoringFailures([&] { PlaceEditor(editor.Get(), node.Get()); });
 }
 
 // The value is committed, the editor goes along with its row, and the headers stay above it.
@@ -258,10 +279,11 @@ void EditSession::Scrolled() {
 
 void EditSession::FontChanged() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
-    const CProperty* property = m_EditNode ? m_EditNode->Property() : nullptr;
+    const Ref<CNode> node = m_EditNode;
+    const CProperty* property = node ? node->Property() : nullptr;
     if (!editor || !property)
         return;
-    IgnoringFailures([&] { GiveFont(editor.Get(), *m_EditNode, property->EditorKind()); });
+    IgnoringFailures([&] { GiveFont(editor.Get(), *node, property->EditorKind()); });
     PlaceOpenEditor();
 }
 
@@ -331,6 +353,14 @@ void EditSession::HideCurrentEditor() {
     m_CurrentEditor = nullptr;
     if (editor)
         IgnoringFailures([&] { EditorProxy(editor.Get()).SetVisible(false); });
+}
+
+// Another editor, in use by now, may share its window.
+void EditSession::HideUnused(_CEditor* editor) {
+    IgnoringFailures([&] {
+        if (editor && editor != m_CurrentEditor.Get() && EditorProxy(editor).Hwnd() != EditorWindow())
+            EditorProxy(editor).SetVisible(false);
+    });
 }
 
 // Inside a catch block: the edit ends whatever becomes of the report.
@@ -513,8 +543,8 @@ void EditSession::TextLostFocus() {
 void EditSession::NodeGoes(const CNode* node) {
     if (!node || m_EditNode.Get() != node)
         return;
-    HideCurrentEditor();
     LoseSelection();
+    HideCurrentEditor();
 }
 
 void EditSession::LoseSelection() {

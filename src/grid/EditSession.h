@@ -21,6 +21,8 @@ public:
     void CreateEditors();
     // At the end of the control: lets everything go, without a commit and without an event.
     void Release();
+    // The entries of the list and the host's editors go, without a commit as well.
+    void LetObjectsGo();
 
     // Selection. Null selects nothing.
     void SetSelectedNode(Ref<CNode> node);
@@ -91,9 +93,12 @@ private:
     void ReportAndAbandon(_CEditor* editor);
     void Abandon(_CEditor* editor);
     void HideCurrentEditor();
+    void HideUnused(_CEditor* editor);
     void LoseSelection(); // the description pane follows
     void FocusTree();
     bool Holds(const Ref<CNode>& node) const;
+    // After the host was called: whether the row is still the selected one of a control that lives.
+    bool IsOn(const Ref<CNode>& node) const;
 
     Grid& m_Grid;
     Ref<CNode> m_SelectedNode;

@@ -63,6 +63,20 @@ void Grid::Release() {
     m_PaneMessages.UnhookTree();
 }
 
+void Grid::LetObjectsGo() {
+    m_ObjectLoader.Stop();
+    m_Session.LetObjectsGo();
+    if (const ComPtr<CProperties> properties = m_CProperties)
+        properties->LetObjectsGo();
+}
+
+bool Grid::OwnsReferences(ULONG count) const {
+    const ULONG rows = m_CProperties ? m_CProperties->ControlReferences() : 0;
+    const OrmiskListBox& list = m_Panes.m_ListEditor;
+    return count == rows || (count > rows && count - rows <= static_cast<ULONG>(list.ListCount()) &&
+                             count - rows == list.CountOf(m_Host.Outer()));
+}
+
 void Grid::ReportTrappedError(const AutomationError& error) {
     const ComPtr<IUnknown> self(m_Host.Outer());
     struct Reporting {

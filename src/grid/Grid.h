@@ -52,6 +52,12 @@ public:
     // The end: unhooks, drops editors, model and trees. Runs when the tree pane is destroyed, and once only.
     void Release();
 
+    // The host has done with the control, perhaps for good. Its objects go, in rows, lists and as editors; rows, plain
+    // values and the selection stay for a container that sites the control again.
+    void LetObjectsGo();
+    // Whether so many references to the control are just those of its own rows and lists.
+    bool OwnsReferences(ULONG count) const;
+
     bool IsAlive() const { return m_Alive; }             // between CreateWindows and Release
     bool IsReporting() const { return m_Reporting > 0; } // a failure is on screen
     // A failure that no caller can take: the host hears of it and may keep the message box away.

@@ -19,6 +19,9 @@ void ListInput::OnListClosed(bool cancelled) {
 void ListInput::OnKeyDown(int& keyCode, int shift) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyDown(keyCode, shift);
+    // ENTER at the closed list confirms anew what it shows; at the open one it makes a choice.
+    if (keyCode == VK_RETURN && m_Grid.IsAlive() && !m_Grid.m_Panes.m_ListEditor.IsListOpen())
+        m_Grid.m_Session.ListItemChosen();
 }
 
 void ListInput::OnKeyPress(int& keyAscii) {

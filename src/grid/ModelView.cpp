@@ -20,6 +20,8 @@ template <class F> void ModelView::Trapped(F&& statement) {
     }
 }
 
+const IUnknown* ModelView::Control() const { return m_Grid.m_Host.Outer(); }
+
 OLE_COLOR ModelView::PropertyBackColor() const { return static_cast<OLE_COLOR>(m_Grid.m_State.propertyBackColor); }
 
 OLE_COLOR ModelView::PropertyForeColor() const { return static_cast<OLE_COLOR>(m_Grid.m_State.propertyForeColor); }
@@ -172,8 +174,6 @@ void ModelView::RemoveCategorizedNode(CNode& node) {
 
 void ModelView::OnPropertiesCleared() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
-    const auto former = std::move(m_FormerObjects); // goes last: letting an object go can call the host
-    m_FormerObjects.clear();
     m_Grid.m_Session.Drop();
     m_LastCategoryNode = nullptr;
     m_Grid.m_CategorizedNodes.Clear();
@@ -214,20 +214,13 @@ void ModelView::UpdateChildren(CProperty& property) {
     if (!node || node->ChildCount() == 0)
         return;
     const ComPtr<IDispatch> object = DispatchOf(property.Value());
-    const CProperty* firstChild = node->FirstChild()->Property();
-    if (!object && firstChild)
-        KeepFormer(firstChild->SourceObject());
     for (Ref<CNode> child(node->FirstChild()); child; child = Ref<CNode>(child->NextSibling())) {
-        if (CProperty* childProperty = child->Property()) {
-            childProperty->SetSourceObject(object.Get());
-            m_Grid.m_Panes.InvalidateNodeRow(m_Grid.m_ActiveNodes->ItemOf(*childProperty));
-        }
+        const ComPtr<CProperty> childProperty(child->Property());
+        if (!childProperty)
+            continue;
+        childProperty->SetSourceObject(object.Get()); // the former one may be let go, which can call the host
+        m_Grid.m_Panes.InvalidateNodeRow(m_Grid.m_ActiveNodes->ItemOf(*childProperty.Get()));
     }
-}
-
-void ModelView::KeepFormer(ComPtr<IDispatch> object) {
-    if (object && std::ranges::find(m_FormerObjects, object) == m_FormerObjects.end())
-        m_FormerObjects.push_back(std::move(object));
 }
 
 void ModelView::VisibilityChanged(CProperty& property) {

@@ -40,6 +40,7 @@ public:
     void OnPropertyAdded(CProperty& property, CProperty* parent) override;
     void OnPropertyDeleted(CProperty& property) override;
     void OnPropertiesCleared() override;
+    const IUnknown* Control() const override;
     // _CNodeListener
     void NodePropertyChanged(const std::wstring& key, const wchar_t* propertyName) override;
     void NodeStateChanging(const std::wstring& key, VARIANT_BOOL& cancel) override;
@@ -50,15 +51,11 @@ private:
     void RemoveCategorizedNode(CNode& node);
     bool AskHost(const CNode& first, const CNode& second, bool nameButtonClicked, bool& swap);
     void UpdateChildren(CProperty& property);
-    void KeepFormer(ComPtr<IDispatch> object);
     void VisibilityChanged(CProperty& property);
     void ValueChanged(CProperty& property);
     template <class F> void Trapped(F&& statement);
 
     Grid& m_Grid;
-    // Former values that child rows still mirror, as their property holds no object to follow: rows do not count
-    // theirs.
-    std::vector<ComPtr<IDispatch>> m_FormerObjects;
     bool m_Sorting = false; // the host is being asked
     // The category of the last addition: bulk additions mostly follow each other in one category.
     std::wstring m_LastCategory;

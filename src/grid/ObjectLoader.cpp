@@ -20,7 +20,8 @@ public:
     Loading(const Loading&) = delete;
     Loading& operator=(const Loading&) = delete;
     ~Loading() {
-        --m_Loader.m_Loads;
+        if (--m_Loader.m_Loads == 0)
+            m_Loader.m_Stopped = false;
         m_Loader.m_Grid.m_State.lockRefresh = m_Locked;
     }
 
@@ -47,7 +48,7 @@ bool ObjectLoader::LoadObjectProperties(IDispatch* object, bool clear, bool auto
     return done;
 }
 
-bool ObjectLoader::IsOpen() const { return m_Grid.IsAlive() && m_Grid.m_CProperties; }
+bool ObjectLoader::IsOpen() const { return !m_Stopped && m_Grid.IsAlive() && m_Grid.m_CProperties; }
 
 void ObjectLoader::Clear() {
     m_Grid.m_Session.CancelAndHide();

@@ -14,6 +14,8 @@ public:
     // True when the walk reached its end, whatever it found. A handler may load once more meanwhile; a load inside
     // that one is refused with False, for a handler that always loads would never come to its end.
     bool LoadObjectProperties(IDispatch* object, bool clear, bool autoUpdate);
+    // Loads that are going on add no more rows.
+    void Stop() { m_Stopped = m_Loads > 0; }
 
 private:
     class Loading;
@@ -28,6 +30,7 @@ private:
     Grid& m_Grid;
     KnownTypes m_Types;
     int m_Loads = 0; // one inside another
+    bool m_Stopped = false;
 };
 
 } // namespace ormisk

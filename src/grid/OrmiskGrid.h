@@ -124,6 +124,8 @@ private:
     HWND Window() const override { return m_Grid.m_Panes.m_Control.hWnd(); }
     void OnInitNew() override;
     void OnAmbientChange(DISPID id) override;
+    void OnUseEnded() override { m_Grid.LetObjectsGo(); }
+    bool OwnsReferences(ULONG count) const override { return m_Grid.OwnsReferences(count); }
     void OnSize(int, int) override {} // the window reports it itself
     void OnDraw(HDC dc, const RECT& pixels) override;
     std::wstring AccessKeys() const override { return m_Grid.m_Input.AccessKeys(); }

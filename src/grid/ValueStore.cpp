@@ -33,10 +33,13 @@ bool ValuesEqual(const VARIANT& a, const VARIANT& b) {
         return false;
     if (!HoldsObject(a))
         return CompareValues(a, b) == Comparison::Equal;
-    if (Query<IFont>(ObjectOf(a)) && Query<IFont>(ObjectOf(b)))
-        return DescribeFont(ObjectOf(a)) == DescribeFont(ObjectOf(b));
-    if (Query<IPicture>(ObjectOf(a)) && Query<IPicture>(ObjectOf(b)))
-        return SamePicture(ObjectOf(a), ObjectOf(b));
+    // They are asked, and may do anything, also to whoever has them as a value.
+    const ComPtr<IUnknown> first(ObjectOf(a));
+    const ComPtr<IUnknown> second(ObjectOf(b));
+    if (Query<IFont>(first) && Query<IFont>(second))
+        return DescribeFont(first.Get()) == DescribeFont(second.Get());
+    if (Query<IPicture>(first) && Query<IPicture>(second))
+        return SamePicture(first.Get(), second.Get());
     return false;
 }
 

@@ -107,6 +107,13 @@ const std::wstring& OrmiskListBox::ItemText(long index) const { return ItemAt(in
 
 const _variant_t& OrmiskListBox::ItemValue(long index) const { return ItemAt(index).Value; }
 
+ULONG OrmiskListBox::CountOf(const IUnknown* object) const {
+    return static_cast<ULONG>(std::ranges::count_if(m_Items, [&](const Item& item) {
+        return (V_VT(&item.Value) == VT_DISPATCH || V_VT(&item.Value) == VT_UNKNOWN) &&
+               V_UNKNOWN(&item.Value) == object;
+    }));
+}
+
 void OrmiskListBox::SetListIndex(long index) {
     if (index != -1 && !IsPosition(index))
         return;

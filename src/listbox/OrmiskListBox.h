@@ -57,8 +57,9 @@ public:
     // "" and Empty for a wrong position. Good until the entries change.
     const std::wstring& ItemText(long index) const;
     const _variant_t& ItemValue(long index) const;
-    long ListIndex() const { return m_Index; } // -1 for none; what the keys move to in the open list does not count
-    void SetListIndex(long index);             // -1 chooses none; a wrong position changes nothing
+    ULONG CountOf(const IUnknown* object) const; // among the values
+    long ListIndex() const { return m_Index; }   // -1 for none; what the keys move to in the open list does not count
+    void SetListIndex(long index);               // -1 chooses none; a wrong position changes nothing
 
     // OLE colours, of the closed control and of its list.
     void SetBackColor(Color color);

@@ -4,7 +4,16 @@
 
 namespace ormisk {
 
-CListItem::CListItem(std::wstring text, const VARIANT& value) : m_Text(std::move(text)), m_Value(Plain(value)) {}
+CListItem::CListItem(std::wstring text, const VARIANT& value, const Ref<OwnerLink>& link)
+    : m_Text(std::move(text)), m_Value(Plain(value)) {
+    BindTo(link);
+    NowHolds({&m_Value});
+}
+
+void CListItem::LetObjectsGo() {
+    const _variant_t gone = TakeObjects(m_Value);
+    NowHolds({&m_Value});
+}
 
 HRESULT CListItem::get_Value(VARIANT* value) {
     return Guarded(__uuidof(_CListItem), [&] {
@@ -14,7 +23,11 @@ HRESULT CListItem::get_Value(VARIANT* value) {
 }
 
 HRESULT CListItem::put_Value(VARIANT value) {
-    return Guarded(__uuidof(_CListItem), [&] { Store(m_Value, Plain(value)); });
+    return Guarded(__uuidof(_CListItem), [&] {
+        _variant_t exchanged = Plain(value); // what was held goes last: that can call the host
+        SwapValues(m_Value, exchanged);
+        NowHolds({&m_Value});
+    });
 }
 
 HRESULT CListItem::get_Text(BSTR* text) {

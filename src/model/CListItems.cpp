@@ -15,7 +15,7 @@ ComPtr<CListItem> CListItems::AddItem(const std::wstring& text, const VARIANT& v
     if (HoldsObject(value)) {
         Raise(static_cast<HRESULT>(0x800A01A8), L"Object required");
     }
-    ComPtr<CListItem> item = MakeObject<CListItem>(text, value);
+    ComPtr<CListItem> item = MakeObject<CListItem>(text, value, m_Link);
     RaisingFaults([&] { m_Items.Add(item); });
     FireModified();
     return item;

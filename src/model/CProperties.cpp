@@ -30,33 +30,44 @@ long PositionOf(const VARIANT& value) {
 
 bool IsGiven(const VARIANT* value) { return value && !IsMissing(*value); }
 
-// A removed property that a host keeps: while the removal is told it still mirrors its object, afterwards nothing.
+// Removed properties, which a host may keep: while the removal is told they still mirror their objects, afterwards
+// nothing. Letting an object go can call the host, so it comes when all is in order again.
 class Unlinking {
 public:
-    explicit Unlinking(CProperty& property) : m_Property(property) {}
+    explicit Unlinking(std::vector<ComPtr<CProperty>> removed) : m_Removed(std::move(removed)) {
+        for (const auto& property : m_Removed) {
+            property.Get()->SetFiled(false);
+        }
+    }
     Unlinking(const Unlinking&) = delete;
     Unlinking& operator=(const Unlinking&) = delete;
-    ~Unlinking() { m_Property.DropSourceObject(); }
+    ~Unlinking() {
+        for (const auto& property : m_Removed) {
+            property.Get()->DropSourceObject();
+        }
+    }
 
 private:
-    CProperty& m_Property;
+    const std::vector<ComPtr<CProperty>> m_Removed;
 };
 
 } // namespace
 
 // Hosts may keep properties longer than their collection.
-CProperties::~CProperties() {
-    for (const auto& property : m_Items) {
-        property.Get()->SetFiled(false);
-        property.Get()->DropSourceObject();
-    }
-}
+CProperties::~CProperties() { const Unlinking unlinking(m_Items.TakeAll()); }
 
 void CProperties::Init(PropertyOwner* owner) { m_Owner = owner ? MakeRef<OwnerLink>(owner) : nullptr; }
 
 void CProperties::ReleaseOwner() {
-    if (m_Owner) {
-        m_Owner->Cut();
+    if (const Ref<OwnerLink> link = m_Owner) {
+        link->Cut();
+        link->LetObjectsGo();
+    }
+}
+
+void CProperties::LetObjectsGo() {
+    if (const Ref<OwnerLink> link = m_Owner) {
+        link->LetObjectsGo();
     }
 }
 
@@ -140,12 +151,11 @@ CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
 void CProperties::RemoveByInternalKey(const std::wstring& key) {
     const ComPtr<CProperties> alive(this);
     const ComPtr<CProperty> property = RaisingFaults([&] { return m_Items.Get(FoldedKey(key)); });
-    const Unlinking unlinking(*property.Get());
     m_Items.RemoveAt(property->Index());
     if (!property->Key().empty()) {
         m_Keys.Erase(property.Get());
     }
-    property->SetFiled(false);
+    const Unlinking unlinking({property});
     for (long i = property->Index(); i <= CountOf(); ++i) {
         m_Items.At(i)->SetIndex(i);
     }
@@ -158,12 +168,7 @@ void CProperties::RemoveByInternalKey(const std::wstring& key) {
 void CProperties::RemoveAll() {
     const ComPtr<CProperties> alive(this);
     m_Keys.Clear();
-    // Letting a value go can call the host, so the collection is in order before the first goes.
-    const auto removed = m_Items.TakeAll();
-    for (const auto& property : removed) {
-        property.Get()->SetFiled(false);
-        property.Get()->DropSourceObject();
-    }
+    const Unlinking unlinking(m_Items.TakeAll());
     if (PropertyOwner* owner = Owner()) {
         owner->OnPropertiesCleared();
     }

@@ -23,8 +23,13 @@ class CProperties : public DispatchObject<_CProperties, ::CProperties, __CProper
 public:
     // Without an owner nothing is added.
     void Init(PropertyOwner* owner);
-    // Cuts the way back to the owner, for the collection and for every property that it made.
+    // Cuts the way back to the owner, for the collection and for every property that it made, which let their objects
+    // go.
     void ReleaseOwner();
+    // All objects that the properties hold are let go, in values, tags and list entries as well.
+    void LetObjectsGo();
+    // How often the owner's control is among them.
+    ULONG ControlReferences() const { return m_Owner ? m_Owner->ControlReferences() : 0; }
 
     // Raises InvalidEditorValue, InvalidKey, PropertyKeyPresent or PropertyNamePresent, with nothing changed. Null
     // without an owner, and for a second child of the same name under one parent.

@@ -20,17 +20,16 @@ OLE_COLOR CProperty::ResolvedForeColor() const {
     return Owner() ? Owner()->PropertyForeColor() : 0;
 }
 
-ComPtr<IDispatch> CProperty::SourceObject() const { return ComPtr<IDispatch>(m_SourceObject); }
-
 void CProperty::Init(const Ref<OwnerLink>& owner, std::wstring_view name, const VARIANT& value, IDispatch* source,
                      bool autoUpdate, omEditorType editorType, bool readOnly) {
-    m_Owner = owner;
+    BindTo(owner);
     m_Name = name;
     m_EditorType = editorType;
     m_ReadOnly = readOnly;
     CheckSystem(VariantCopyInd(&m_Value, const_cast<VARIANT*>(&value)));
-    SetSourceObject(source);
+    m_SourceObject = source;
     m_AutoUpdateSource = autoUpdate;
+    NowHolds();
 }
 
 void CProperty::SetInternalKey(std::wstring key) {
@@ -46,9 +45,27 @@ FoldedKey CProperty::FiledKey() const {
 }
 
 void CProperty::SetSourceObject(IDispatch* source) {
-    if (source) {
-        m_SourceObject = source;
+    if (source && source != m_SourceObject.Get()) {
+        const ComPtr<IDispatch> former = std::exchange(m_SourceObject, source);
+        NowHolds();
     }
+}
+
+void CProperty::DropSourceObject() {
+    const ComPtr<IDispatch> former = std::exchange(m_SourceObject, nullptr);
+    NowHolds();
+}
+
+void CProperty::LetObjectsGo() {
+    const ComPtr<IDispatch> source = std::exchange(m_SourceObject, nullptr);
+    const _variant_t value = TakeObjects(m_Value);
+    const _variant_t tag = TakeObjects(m_Tag);
+    NowHolds();
+}
+
+void CProperty::Exchange(_variant_t& field, _variant_t& value) {
+    SwapValues(field, value);
+    NowHolds();
 }
 
 void CProperty::ReplaceCategorySeparator(std::wstring_view oldSeparator, std::wstring_view newSeparator) {
@@ -108,8 +125,8 @@ void CProperty::LetValue(const VARIANT& given) {
     if (!changed) {
         return;
     }
-    _variant_t former = value; // children mirror a former object until they hear of the new value
-    SwapValues(m_Value, former);
+    _variant_t former = value;
+    Exchange(m_Value, former);
     WriteThrough(SourceName(), DISPATCH_PROPERTYPUT, value);
     NotifyChange(L"Value");
 }
@@ -118,7 +135,8 @@ void CProperty::SetValue(const VARIANT& given) {
     const ComPtr<CProperty> alive(this);
     const _variant_t value = Plain(given);
     if (!ObjectOf(m_Value)) {
-        Store(m_Value, _variant_t(static_cast<IDispatch*>(nullptr)));
+        _variant_t nothing(static_cast<IDispatch*>(nullptr));
+        Exchange(m_Value, nothing);
     }
     if (!HoldsObject(value)) {
         LetValue(value);
@@ -126,7 +144,7 @@ void CProperty::SetValue(const VARIANT& given) {
     }
     _variant_t former = value;
     if (!SameObject(ObjectOf(value), ObjectOf(m_Value))) {
-        SwapValues(m_Value, former);
+        Exchange(m_Value, former);
         WriteThrough(m_Name, DISPATCH_PROPERTYPUTREF, value);
     }
     NotifyChange(L"Value");
@@ -134,7 +152,7 @@ void CProperty::SetValue(const VARIANT& given) {
 
 // The source's own idea of the value wins. The source may do anything meanwhile; it and the member's name are held.
 void CProperty::WriteThrough(const std::wstring& memberName, WORD callType, const _variant_t& value) {
-    const ComPtr<IDispatch> source = SourceObject();
+    const ComPtr<IDispatch> source = m_SourceObject;
     if (!m_AutoUpdateSource || !source) {
         return;
     }
@@ -146,7 +164,12 @@ void CProperty::WriteThrough(const std::wstring& memberName, WORD callType, cons
     if (!written) {
         IgnoringFailures([&] { InvokeProperty(source.Get(), member, callType, value); });
     }
-    IgnoringFailures([&] { Store(m_Value, Plain(InvokeByName(source.Get(), member, DISPATCH_PROPERTYGET))); });
+    IgnoringFailures([&] {
+        _variant_t taken = Plain(InvokeByName(source.Get(), member, DISPATCH_PROPERTYGET));
+        if (m_SourceObject.Get() == source.Get()) { // else the property mirrors it no longer
+            Exchange(m_Value, taken);
+        }
+    });
 }
 
 omEditorType CProperty::EditorType() {
@@ -169,7 +192,7 @@ void CProperty::FillBooleanList() {
 
 CListItems& CProperty::ListItems() {
     if (!m_ListItems) {
-        m_ListItems = MakeObject<CListItems>();
+        m_ListItems = MakeObject<CListItems>(Link());
     }
     return *m_ListItems.Get();
 }

@@ -4,7 +4,7 @@
 #include "automation/Value.h"
 #include "model/CListItems.h"
 #include "model/EditorParams.h"
-#include "model/PropertyOwner.h"
+#include "model/ObjectHolder.h"
 #include "model/RareText.h"
 
 #include <optional>
@@ -13,7 +13,7 @@ namespace ormisk {
 
 // A property: the public object behind one row of the grid. Each change of what is shown is reported to the owner with
 // the word of the attribute; a setter that is given the present value reports nothing. Made and filed by CProperties.
-class CProperty : public DispatchObject<_CProperty, ::CProperty> {
+class CProperty : public DispatchObject<_CProperty, ::CProperty>, public ObjectHolder {
 public:
     // What a row reads, without side effects.
     const std::wstring& Name() const { return m_Name; }
@@ -43,7 +43,7 @@ public:
     OLE_COLOR PictureMaskColor() const { return m_PictureMaskColor; }
     IPictureDisp* Picture() const { return m_Picture.Get(); } // borrowed
     long Index() const { return m_Index; }
-    ComPtr<IDispatch> SourceObject() const;
+    ComPtr<IDispatch> SourceObject() const { return m_SourceObject; }
 
     // The text of the value column, into a buffer of the caller's. Raises for Null and where a conversion fails.
     void FormatText(std::wstring& text);
@@ -94,10 +94,13 @@ public:
     void SetEditorKey(std::wstring_view key) { m_EditorKey = key; }
     void SetDataType(const std::wstring& dataType) { m_DataType = dataType; }
     void ReplaceCategorySeparator(std::wstring_view oldSeparator, std::wstring_view newSeparator);
-    // Nothing leaves the old object in place. The object is not counted: who gives it sees that it outlives its use.
+    // Nothing leaves the old object in place.
     void SetSourceObject(IDispatch* source);
     // A property that left its collection mirrors nothing any more.
-    void DropSourceObject() { m_SourceObject = nullptr; }
+    void DropSourceObject();
+    // Value, tag and source; those of the list entries are let go by the entries.
+    void LetObjectsGo() override;
+    IUnknown* Identity() override { return DispatchObject::Identity(); }
     // Whether a collection holds the property. One that was removed lives on as long as a host keeps it.
     bool IsFiled() const { return m_Filed; }
     void SetFiled(bool filed) { m_Filed = filed; }
@@ -170,7 +173,11 @@ private:
         }
     }
     const std::wstring& SourceName() const { return m_SourceName ? *m_SourceName : m_Name; }
-    PropertyOwner* Owner() const { return m_Owner ? m_Owner->Get() : nullptr; }
+    PropertyOwner* Owner() const { return Link() ? Link()->Get() : nullptr; }
+    void FinalRelease() override { Unlist(); }
+    void NowHolds() { ObjectHolder::NowHolds({&m_Value, &m_Tag}, m_SourceObject.Get()); }
+    // What `field` held comes back in `value`. It is for the caller to let it go: that can call the host.
+    void Exchange(_variant_t& field, _variant_t& value);
     void FillBooleanList();
     void WriteThrough(const std::wstring& member, WORD callType, const _variant_t& value);
     std::wstring ParamOr(const std::wstring& name, const wchar_t* otherwise) const;
@@ -193,8 +200,7 @@ private:
     long m_HelpContext = 0;
     RareText m_EditorKey;
     RareText m_DataType;
-    Ref<OwnerLink> m_Owner;
-    IDispatch* m_SourceObject = nullptr;
+    ComPtr<IDispatch> m_SourceObject;
     ComPtr<IPictureDisp> m_Picture;
     ComPtr<CListItems> m_ListItems;                   // made when first asked for
     std::unique_ptr<EditorParamStore> m_EditorParams; // made by the first parameter

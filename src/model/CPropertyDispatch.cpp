@@ -80,7 +80,10 @@ HRESULT CProperty::get_ForeColor(OLE_COLOR* value) {
 HRESULT CProperty::get_Tag(VARIANT* value) { return GiveValue(value, m_Tag); }
 HRESULT CProperty::putref_Tag(VARIANT value) { return put_Tag(value); }
 HRESULT CProperty::put_Tag(VARIANT value) {
-    return Member([&] { Store(m_Tag, Plain(value)); });
+    return Member([&] {
+        _variant_t exchanged = Plain(value);
+        Exchange(m_Tag, exchanged);
+    });
 }
 
 HRESULT CProperty::putref_Picture(IPictureDisp* value) {
@@ -172,7 +175,7 @@ HRESULT CProperty::get_CustomDraw(VARIANT_BOOL* value) { return GiveFlag(value, 
 HRESULT CProperty::get_SourceObject(IDispatch** value) {
     return Member([&] {
         CheckPointer(value);
-        *value = SourceObject().Detach();
+        *value = ComPtr<IDispatch>(m_SourceObject).Detach();
     });
 }
 

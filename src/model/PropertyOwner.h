@@ -1,7 +1,5 @@
 #pragma once
 
-#include "model/Ref.h"
-
 #include <windows.h>
 
 #include <ormisk.h>
@@ -31,19 +29,11 @@ public:
     virtual void OnPropertyDeleted(CProperty& property) = 0;
     virtual void OnPropertiesCleared() = 0;
 
+    // The control as an object, to know it among the values of its own rows.
+    virtual const IUnknown* Control() const { return nullptr; }
+
 protected:
     ~PropertyOwner() = default;
-};
-
-// The way back from the model to its control. The control cuts it before it goes, however long a host keeps a property.
-class OwnerLink : public RefCounted {
-public:
-    explicit OwnerLink(PropertyOwner* owner) : m_Owner(owner) {}
-    PropertyOwner* Get() const { return m_Owner; } // null once cut
-    void Cut() { m_Owner = nullptr; }
-
-private:
-    PropertyOwner* m_Owner;
 };
 
 } // namespace ormisk

@@ -87,7 +87,7 @@ std::wstring CProperty::ObjectText(IUnknown* borrowed) {
     }
     std::wstring text;
     for (long i = 1; i <= ListItems().CountOf(); ++i) {
-        const CListItem* item = ListItems().At(i);
+        const ComPtr<CListItem> item = ListItems().At(i);
         if (HoldsObject(item->Value()) && SameObject(ObjectOf(item->Value()), object.Get())) {
             text = item->Text();
         }

@@ -48,7 +48,10 @@ std::wstring TextBox::Text() const {
     return text;
 }
 
-void TextBox::SetText(const std::wstring& text) { SetWindowTextW(m_Window, text.c_str()); }
+void TextBox::SetText(const std::wstring& text) {
+    ++m_TextsSet;
+    SetWindowTextW(m_Window, text.c_str());
+}
 
 bool TextBox::IsModified() const { return SendMessageW(m_Window, EM_GETMODIFY, 0, 0) != 0; }
 

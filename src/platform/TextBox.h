@@ -42,7 +42,8 @@ public:
     // A text set from code may exceed MaxLength; it ends at its first zero character.
     std::wstring Text() const;
     void SetText(const std::wstring& text);
-    bool IsModified() const; // by the user, since the flag was cleared
+    unsigned TextsSet() const { return m_TextsSet; } // so far: tells whether someone has set another one since
+    bool IsModified() const;                         // by the user, since the flag was cleared
     void SetModified(bool modified);
     void SetMaxLength(long length); // for what the user types and pastes; 0: no limit
 
@@ -76,6 +77,7 @@ private:
 
     HWND m_Window = nullptr;
     TextBoxListener* m_Listener = nullptr;
+    unsigned m_TextsSet = 0;
     std::shared_ptr<char> m_Life; // a callback that destroys the box is seen by a weak reference to it
     bool m_Enabled = true;
     Color m_BackColor;

@@ -207,18 +207,24 @@ GridContainer::~GridContainer() {
 }
 
 void GridContainer::LetGo() {
-    const ComPtr<OrmiskGrid> last = std::exchange(grid, nullptr);
+    if (const ComPtr<OrmiskGrid> last = Disconnect()) {
+        last->Close(OLECLOSE_NOSAVE);
+        last->SetClientSite(nullptr);
+    }
+}
+
+ComPtr<OrmiskGrid> GridContainer::Disconnect() {
+    active = nullptr;
+    ComPtr<OrmiskGrid> last = std::exchange(grid, nullptr);
     if (!last)
-        return;
+        return last;
     ComPtr<IConnectionPoint> point;
     last->FindConnectionPoint(__uuidof(__OrmiskGrid), point.GetAddressOf());
     point->Unadvise(m_EventCookie);
     ComPtr<IConnectionPoint> changes;
     last->FindConnectionPoint(__uuidof(IPropertyNotifySink), changes.GetAddressOf());
     changes->Unadvise(m_NoticeCookie);
-    last->Close(OLECLOSE_NOSAVE);
-    last->SetClientSite(nullptr);
-    active = nullptr;
+    return last;
 }
 
 void GridContainer::SetAmbient(const wchar_t* name, const _variant_t& value) {

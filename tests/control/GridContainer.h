@@ -91,6 +91,8 @@ public:
     void Resize(SIZE size);
     // Lets the control go as a closing host does; the window stays.
     void LetGo();
+    // Ends the events and gives the host's last reference away; null when it has none.
+    ComPtr<OrmiskGrid> Disconnect();
 
     ComPtr<_CProperties> Properties() const;
     ComPtr<_CProperty> Add(const wchar_t* name, const _variant_t& value = L"", const wchar_t* category = L"",

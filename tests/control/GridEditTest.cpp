@@ -285,6 +285,7 @@ public:
         m_Log += L"gone ";
     }
     _variant_t value;
+    ComPtr<IUnknown> kept;
     long scale = 3;
     std::function<HRESULT()> onInit = [] { return S_OK; };
     HRESULT resetAnswer = S_OK;
@@ -416,6 +417,25 @@ TEST_F(GridTest, AnEditorThatFailsToBeginOrTakesItsOwnKeyMeanwhileIsRegisteredAl
     EXPECT_EQ(host->RegisterEditor(_bstr_t(L" k"), nesting.Get(), &result), S_OK) << "another key";
     host.Select(host.Add(L"A", L"mine", L"", omCustomEditor, L"k").Get());
     EXPECT_EQ(TextOf(editor->value), L"mine");
+}
+
+TEST_F(GridTest, AnEditorThatKeepsTheGridIsKeptByItForEver) {
+    for (const bool closed : {true, false})
+        for (const bool meanwhile : {true, false}) {
+            std::wstring log;
+            GridContainer host;
+            const auto end = [&] { return closed ? host->Close(OLECLOSE_NOSAVE) : host->SetClientSite(nullptr); };
+            auto editor = MakeObject<HostEditor>(log);
+            editor->kept = host->Identity();
+            if (meanwhile)
+                editor->onInit = end;
+            VARIANT_BOOL result = VARIANT_TRUE;
+            host->RegisterEditor(_bstr_t(L"Mine"), std::exchange(editor, nullptr).Get(), &result);
+            host.Select(host.Add(L"A", L"mine", L"", omCustomEditor, L"mine").Get());
+            end();
+            host.Disconnect();
+            EXPECT_TRUE(log.ends_with(L"gone ")) << closed << meanwhile;
+        }
 }
 
 TEST_F(GridTest, AFailingCustomEditorBlocksTheSelection) {

@@ -1,6 +1,7 @@
-// Hosts that turn on the grid in the middle of any event.
+// Hosts that turn on the grid in the middle of any event, and objects that do so when they are asked for their text.
 
 #include "GridContainer.h"
+#include "ModelTestTools.h"
 
 namespace ormisk::test {
 namespace {
@@ -16,6 +17,25 @@ void Draw(GridContainer& host) {
     RedrawWindow(host.Tree(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     if (host.grid && host.Tree())
         host.Paint();
+}
+
+// The object that meddles whenever it is asked.
+_variant_t Object(GridContainer& host) {
+    _variant_t tag;
+    host.Item(1L)->get_Tag(&tag);
+    return tag;
+}
+
+template <omEditorType Type> void SelectObject(GridContainer& host) {
+    const auto row = host.Add(L"Object", Object(host), L"X|Y");
+    row->put_EditorType(Type);
+    host.Select(row.Get());
+}
+
+template <omEditorType Type> void PaintObject(GridContainer& host) {
+    host.Item(3L)->put_EditorType(Type);
+    host.Item(3L)->putref_Value(Object(host));
+    host.Paint();
 }
 
 const Trigger kTriggers[] = {
@@ -46,6 +66,13 @@ const Trigger kTriggers[] = {
     {L"KeyPress", [](GridContainer& host) { host.Enter(); }},
     {L"KeyUp", [](GridContainer& host) { SendMessageW(host.EditBox(), WM_KEYUP, VK_RETURN, 1); }},
     {L"ActiveViewChanged", [](GridContainer& host) { host.grid->put_ActiveView(omAlphabetic); }},
+    {L"SelectedText", SelectObject<omTextEditor>},
+    {L"SelectedNumber", SelectObject<omNumberEditor>},
+    {L"SelectedEntry", SelectObject<omListEditor>},
+    {L"SelectedFlag", SelectObject<omBooleanEditor>},
+    {L"TextThatIsSet", [](GridContainer& host) { host.Item(2L)->putref_Value(Object(host)); }},
+    {L"PaintedText", PaintObject<omTextEditor>},
+    {L"PaintedColor", PaintObject<omColorEditor>},
 };
 
 struct Meddling {
@@ -88,6 +115,7 @@ const Meddling kMeddlings[] = {
          for (long i = 1; i <= host.Count(); ++i)
              host.Item(i)->put_Value(_variant_t(L"set"));
      }},
+    {"closes", false, [](GridContainer& host) { host.grid->Close(OLECLOSE_NOSAVE); }},
     {"deactivates", false, [](GridContainer& host) { host.grid->InPlaceDeactivate(); }},
     {"resizes and scrolls", false,
      [](GridContainer& host) {
@@ -111,10 +139,17 @@ protected:
         host.Select(host.Item(2L).Get());
         host.TypeIntoEditor(L"new");
         bool ran = false;
-        host.events.on[GetParam().event] = [&](const EventCall&) {
+        const auto meddle = [&] {
             if (!std::exchange(ran, true))
                 meddling.act(host);
         };
+        host.events.on[GetParam().event] = [&](const EventCall&) { meddle(); };
+        const auto object = MakeObject<ScriptedObject>();
+        object->call = [&](const std::wstring&, WORD, VARIANT*, VARIANT* result) {
+            meddle();
+            return *result = _variant_t(5L), S_OK;
+        };
+        host.Item(1L)->putref_Tag(_variant_t(object.Get()));
         GetParam().act(host);
         host.events.on.clear();
         if (!meddling.ends)
@@ -151,6 +186,39 @@ INSTANTIATE_TEST_SUITE_P(InTheMiddleOf, Meddler, testing::ValuesIn(kTriggers), [
     const std::wstring name = trigger.param.event;
     return std::string(name.begin(), name.end());
 });
+
+long EntriesOnScreen(const GridContainer& host) {
+    return static_cast<long>(
+        SendMessageW(FindWindowExW(host.Tree(), nullptr, L"ComboBox", nullptr), CB_GETCOUNT, 0, 0));
+}
+
+TEST_F(GridTest, ARowThatIsLeftWhileItsEditorIsFilledShowsInThatOfTheNext) {
+    for (const omEditorType editor : {omTextEditor, omNumberEditor, omListEditor, omBooleanEditor}) {
+        SCOPED_TRACE(editor);
+        GridContainer host;
+        const auto next = host.Add(L"Next", L"7", L"", editor == omTextEditor ? omNumberEditor : omTextEditor);
+        const auto list = host.Add(L"List", L"7", L"", omListEditor);
+        const bool lists = editor == omListEditor || editor == omBooleanEditor;
+        const auto goOn = [&](const std::wstring&, WORD, VARIANT*, VARIANT* result) {
+            host.Select(lists ? list.Get() : next.Get());
+            return result ? *result = _variant_t(5L), S_OK : S_OK;
+        };
+        const auto object = MakeObject<ScriptedObject>();
+        object->call = goOn;
+        // A Boolean row makes its entries anew when it is looked at, and tells of each.
+        const auto row = host.Add(L"Left", editor == omBooleanEditor ? _variant_t(true) : _variant_t(object.Get()));
+        row->put_EditorType(editor);
+        ComPtr<_CListItems> items;
+        row->get_ListItems(items.GetAddressOf());
+        MakeObject<Listener>(*Query<IConnectionPointContainer>(items).Get(), __uuidof(__CListItems))->call = goOn;
+        host.Select(row.Get());
+        EXPECT_EQ(host.Selected(), lists ? L"List" : L"Next");
+        if (lists)
+            EXPECT_EQ(EntriesOnScreen(host), 1);
+        else
+            EXPECT_EQ(host.EditText(), L"7");
+    }
+}
 
 } // namespace
 } // namespace ormisk::test

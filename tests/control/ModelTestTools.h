@@ -68,12 +68,13 @@ private:
     std::vector<std::wstring> m_Names;
 };
 
-// A sink of the collection's own events, for everything that `call` is told: the member is the event's number.
+// A sink of a collection's own events, for everything that `call` is told: the member is the event's number.
 class Listener : public ScriptedObject {
 public:
-    explicit Listener(CProperties& properties) {
+    explicit Listener(IConnectionPointContainer& collection, REFIID events = __uuidof(__CProperties))
+        : m_Events(events) {
         ComPtr<IConnectionPoint> point;
-        Check(properties.FindConnectionPoint(__uuidof(__CProperties), point.GetAddressOf()));
+        Check(collection.FindConnectionPoint(events, point.GetAddressOf()));
         DWORD cookie = 0;
         Check(point->Advise(Identity(), &cookie));
     }
@@ -84,8 +85,11 @@ public:
 
 protected:
     HRESULT QueryOther(REFIID iid, void** object) override {
-        return iid == __uuidof(__CProperties) ? QueryInterface(__uuidof(IDispatch), object) : E_NOINTERFACE;
+        return iid == m_Events ? QueryInterface(__uuidof(IDispatch), object) : E_NOINTERFACE;
     }
+
+private:
+    const IID m_Events;
 };
 
 // A collection with its owner.
