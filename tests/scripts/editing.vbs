@@ -95,10 +95,7 @@ Set Grid.SelectedProperty = a
 ClickRow 1
 EventLog = ""
 ShowBoxes = True
-Host.Keys "x"
-Host.Later "{ESC}", 500
-Host.Keys "{ENTER}"
-Host.Pump 1000
+Host.Keys "x{ENTER}{ESC}"
 ShowBoxes = False
 CheckEvents "with a box", "error 80040002 Entered text is too small in length"
 Host.Keys "{ESC}"
