@@ -137,9 +137,7 @@ private:
         };
         for (int i = 0; i < 10; ++i)
             turn();
-        Report("scroll", m_Count,
-               MedianOf(
-                   kPaints, [&notch] { notch = -notch; }, turn));
+        Report("scroll", m_Count, MedianOf(kPaints, [&notch] { notch = -notch; }, turn));
         notch = WHEEL_DELTA;
         for (int i = 0; i < 20; ++i)
             turn();

@@ -63,8 +63,8 @@ void Store(const VARIANT& reference, VARIANT& value) {
 } // namespace
 
 EventArguments::EventArguments(DISPPARAMS& original)
-    : m_Original(original), m_Passed(original.rgvarg, original.rgvarg + original.cArgs),
-      m_StandIns(original.cArgs), m_Parameters{m_Passed.data(), nullptr, original.cArgs, 0} {
+    : m_Original(original), m_Passed(original.rgvarg, original.rgvarg + original.cArgs), m_StandIns(original.cArgs),
+      m_Parameters{m_Passed.data(), nullptr, original.cArgs, 0} {
     for (UINT i = 0; i < original.cArgs; ++i) {
         if (!NeedsStandIn(original.rgvarg[i]) || FAILED(VariantCopyInd(&m_StandIns[i], &original.rgvarg[i])))
             continue;

@@ -41,7 +41,7 @@ void Input::DoubleClick(POINT point, int button, int shift) {
     const POINT screen = ToScreen(point);
     AvoidDoubleClick(button, screen);
     const MouseShield shield;
-    Perform({Aim(screen), Press(screen, button, shift), LetGo(button, shift), Press(screen, button, shift),
+    Perform({Aim(screen), Press(screen, button, shift), LetGo(button, shift), PressAgain(button, shift),
              LetGo(button, shift)});
 }
 
@@ -161,18 +161,26 @@ Input::Step Input::Press(POINT screen, int button, int shift) {
     if (shift < 0 || shift > 7)
         throw Failure{L"The keys held are not a sum of 1 (Shift), 2 (Ctrl) and 4 (Alt)"};
     return {[=, this] {
-        SendModifiers(shift, true);
-        SendButton(button, true);
         m_LastButton = button;
         m_LastClick = screen;
-        m_LastClickTime = GetTickCount64();
+        m_LastClickTime = GetTickCount();
+        SendModifiers(shift, true);
+        PressButton(button, m_LastClickTime);
+    }};
+}
+
+// However long the first click takes, the second one belongs to it.
+Input::Step Input::PressAgain(int button, int shift) {
+    return {[=, this] {
+        SendModifiers(shift, true);
+        PressButton(button, m_LastClickTime);
     }};
 }
 
 // No button stays pressed behind a script that has ended.
 Input::Step Input::LetGo(int button, int shift) {
     return {[=] {
-                SendButton(button, false);
+                ReleaseButton(button);
                 SendModifiers(shift, false);
             },
             true};
@@ -184,12 +192,11 @@ Input::Step Input::Type(const KeyStroke& stroke) {
 
 // Waits until a press at this place cannot be taken for the second half of a double click.
 void Input::AvoidDoubleClick(int button, POINT screen) const {
-    const ULONGLONG safe = m_LastClickTime + GetDoubleClickTime();
-    const ULONGLONG now = GetTickCount64();
+    const DWORD since = GetTickCount() - m_LastClickTime;
     const bool samePlace = std::abs(screen.x - m_LastClick.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
                            std::abs(screen.y - m_LastClick.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
-    if (button == m_LastButton && samePlace && now <= safe)
-        m_Pump.For(static_cast<DWORD>(safe - now + 1));
+    if (button == m_LastButton && samePlace && since <= GetDoubleClickTime())
+        m_Pump.For(GetDoubleClickTime() - since + 1);
 }
 
 // Input goes to the foreground: one of our windows, be it the host's, a drop-down or a message box.

@@ -66,6 +66,7 @@ private:
 
     static Step Aim(POINT screen);
     Step Press(POINT screen, int button, int shift);
+    Step PressAgain(int button, int shift);
     static Step LetGo(int button, int shift);
     static Step Type(const KeyStroke& stroke);
     void AvoidDoubleClick(int button, POINT screen) const;
@@ -80,7 +81,7 @@ private:
     std::deque<Delayed> m_Delayed;
     POINT m_LastClick = {};
     int m_LastButton = 0;
-    ULONGLONG m_LastClickTime = 0;
+    DWORD m_LastClickTime = 0;
 };
 
 } // namespace ormisk

@@ -30,7 +30,7 @@ constexpr NamedKey kNamedKeys[] = {
 };
 
 // The number that decimal digits make, 0 when it is not one from 1 to `most`.
-long CountIn(const std::wstring& digits, long most) {
+long CountIn(std::wstring_view digits, long most) {
     long count = 0;
     for (wchar_t digit : digits) {
         if (digit < L'0' || digit > L'9' || count > most)
@@ -51,7 +51,7 @@ int KeyNamed(const std::wstring& name) {
     }
     if (upper.size() < 2 || upper[0] != L'F' || upper[1] == L'0')
         return 0;
-    const long number = CountIn(upper.substr(1), kFunctionKeys);
+    const long number = CountIn(std::wstring_view(upper).substr(1), kFunctionKeys);
     return number ? kF1 + static_cast<int>(number) - 1 : 0;
 }
 
@@ -126,7 +126,7 @@ private:
         std::wstring name = m_Text.substr(start + 1, end - start - 1);
         long repeats = 1;
         if (const std::size_t space = name.find(L' ', 1); space != std::wstring::npos) {
-            repeats = CountIn(name.substr(space + 1), kMostRepeats);
+            repeats = CountIn(std::wstring_view(name).substr(space + 1), kMostRepeats);
             if (repeats == 0)
                 Refuse("Bad number of repeats", start);
             name.resize(space);

@@ -12,13 +12,14 @@ ULONGLONG g_LastMouseInput = 0;
 
 void Send(INPUT& input) { CheckLast(SendInput(1, &input, sizeof input) == 1, L"The system does not take the input"); }
 
-void SendMouse(DWORD flags, LONG x, LONG y, DWORD data) {
+void SendMouse(DWORD flags, LONG x, LONG y, DWORD data, DWORD time = 0) {
     INPUT input = {};
     input.type = INPUT_MOUSE;
     input.mi.dx = x;
     input.mi.dy = y;
     input.mi.mouseData = data;
     input.mi.dwFlags = flags;
+    input.mi.time = time;
     g_LastMouseInput = GetTickCount64();
     Send(input);
 }
@@ -53,6 +54,10 @@ KeyStroke OnKeyboard(const KeyStroke& stroke) {
     return {stroke.modifiers | HIBYTE(key), LOBYTE(key), 0};
 }
 
+DWORD PressOf(int button) {
+    return button == 1 ? MOUSEEVENTF_LEFTDOWN : button == 2 ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_MIDDLEDOWN;
+}
+
 } // namespace
 
 void SendMouseTo(POINT screen) {
@@ -62,14 +67,15 @@ void SendMouseTo(POINT screen) {
     const auto normalized = [](LONG position, int size) {
         return static_cast<LONG>((static_cast<LONGLONG>(position) * 65536 + 32768) / size);
     };
+    // Where a hook looks at the input, the display is not told of it, and gives its own place back a moment later.
+    SetCursorPos(screen.x, screen.y);
     SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, normalized(screen.x, width), normalized(screen.y, height), 0);
 }
 
-void SendButton(int button, bool down) {
-    const DWORD pressed = button == 1   ? MOUSEEVENTF_LEFTDOWN
-                          : button == 2 ? MOUSEEVENTF_RIGHTDOWN
-                                        : MOUSEEVENTF_MIDDLEDOWN;
-    SendMouse(down ? pressed : pressed << 1, 0, 0, 0); // each flag of a release follows that of its press
+void PressButton(int button, DWORD time) { SendMouse(PressOf(button), 0, 0, 0, time); }
+
+void ReleaseButton(int button) {
+    SendMouse(PressOf(button) << 1, 0, 0, 0); // each flag of a release follows that of its press
 }
 
 void SendWheel(int amount) { SendMouse(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>(amount)); }

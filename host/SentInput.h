@@ -11,8 +11,9 @@ namespace ormisk {
 // Moves the mouse to a point of the main screen.
 void SendMouseTo(POINT screen);
 
-// Presses or releases a mouse button: 1 left, 2 right, 4 middle.
-void SendButton(int button, bool down);
+// Presses or releases a mouse button: 1 left, 2 right, 4 middle. The press is told as of a time of GetTickCount's.
+void PressButton(int button, DWORD time);
+void ReleaseButton(int button);
 
 // Turns the wheel; forward is positive, 120 is a notch.
 void SendWheel(int amount);

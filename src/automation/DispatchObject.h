@@ -143,7 +143,7 @@ private:
         return found;
     }
     template <class Other> void* FindIn(REFIID iid) {
-        if constexpr (requires(Other & other) { other.FindInterface(iid); }) {
+        if constexpr (requires(Other& other) { other.FindInterface(iid); }) {
             return static_cast<Other*>(this)->FindInterface(iid);
         } else {
             return iid == __uuidof(Other) ? static_cast<Other*>(this) : nullptr;

@@ -7,7 +7,8 @@ namespace ormisk {
 // Hands a value to an out argument of a COM method; it is the receiver's from then on. Raises E_POINTER without one.
 
 template <class Out, class T>
-requires(std::is_arithmetic_v<T> || std::is_enum_v<T>) void Give(Out* out, T value) {
+    requires(std::is_arithmetic_v<T> || std::is_enum_v<T>)
+void Give(Out* out, T value) {
     CheckPointer(out);
     *out = static_cast<Out>(value);
 }

@@ -9,8 +9,10 @@ namespace {
 
 long ToStored(long value) { return value; }
 template <class T>
-requires std::is_enum_v<T>
-long ToStored(T value) { return static_cast<long>(value); }
+    requires std::is_enum_v<T>
+long ToStored(T value) {
+    return static_cast<long>(value);
+}
 long ToStored(OLE_COLOR value) { return static_cast<long>(value); }
 bool ToStored(VARIANT_BOOL value) { return value != VARIANT_FALSE; }
 std::wstring ToStored(BSTR value) { return FromBstr(value); }

@@ -2,6 +2,8 @@
 
 #include "sources/TypeInformation.h"
 
+#include <list>
+
 namespace ormisk {
 
 // The types that were walked last, with their members: hosts look at one object after the other, mostly of few types.
@@ -17,7 +19,7 @@ public:
 
 private:
     static constexpr std::size_t kMost = 16;
-    std::vector<Type> m_Types; // the latest first
+    std::list<Type> m_Types; // the latest first
 };
 
 } // namespace ormisk

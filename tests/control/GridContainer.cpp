@@ -80,16 +80,6 @@ LRESULT CALLBACK SwallowDevice(int code, WPARAM message, LPARAM details) {
     return code == HC_ACTION && !sent ? 1 : CallNextHookEx(nullptr, code, message, details);
 }
 
-void MoveCursor(POINT to) {
-    const int width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    input.mi.dx = (to.x * 65536 + 32768) / width;
-    input.mi.dy = (to.y * 65536 + 32768) / height;
-    SendInput(1, &input, sizeof input);
-}
-
 } // namespace
 
 std::wstring EventCall::Text() const {
@@ -357,17 +347,18 @@ void GridContainer::ClickTree(long x, long y) const {
     const HWND tree = Tree();
     POINT point{x, y};
     ClientToScreen(tree, &point);
-    MoveCursor(point);
+    SetCursorPos(point.x, point.y);
     Pump();
     SendMessageW(tree, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
     SendMessageW(tree, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
 }
 
-void GridContainer::SendMouse(DWORD flags, DWORD data) const {
+void GridContainer::SendMouse(DWORD flags, DWORD data, DWORD time) const {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
     input.mi.mouseData = data;
+    input.mi.time = time;
     SendInput(1, &input, sizeof input);
     Pump();
 }
@@ -376,7 +367,7 @@ void GridContainer::MouseTo(HWND target, long x, long y) {
     POINT point{x, y};
     ClientToScreen(target, &point);
     SetForegroundWindow(window);
-    MoveCursor(point);
+    SetCursorPos(point.x, point.y);
     Pump();
 }
 
@@ -386,8 +377,10 @@ void GridContainer::RealClick(HWND target, long x, long y, int count) {
     SendMouse(MOUSEEVENTF_RIGHTDOWN);
     SendMouse(MOUSEEVENTF_RIGHTUP);
     MouseTo(target, x, y);
+    // However long each takes, they belong together.
+    const DWORD time = GetTickCount();
     for (; count > 0; --count) {
-        SendMouse(MOUSEEVENTF_LEFTDOWN);
+        SendMouse(MOUSEEVENTF_LEFTDOWN, 0, time);
         SendMouse(MOUSEEVENTF_LEFTUP);
     }
 }
@@ -399,9 +392,9 @@ void GridContainer::RealDrag(HWND target, POINT from, POINT to) {
     ClientToScreen(target, &start);
     ClientToScreen(target, &end);
     SendMouse(MOUSEEVENTF_LEFTDOWN);
-    MoveCursor({(start.x + end.x) / 2, (start.y + end.y) / 2});
+    SetCursorPos((start.x + end.x) / 2, (start.y + end.y) / 2);
     Pump();
-    MoveCursor(end);
+    SetCursorPos(end.x, end.y);
     Pump();
     SendMouse(MOUSEEVENTF_LEFTUP);
 }

@@ -141,7 +141,7 @@ public:
     STDMETHODIMP OnChanged(DISPID id) override { return notices.push_back(id), S_OK; }
 
 private:
-    void SendMouse(DWORD flags, DWORD data = 0) const;
+    void SendMouse(DWORD flags, DWORD data = 0, DWORD time = 0) const;
 
     HHOOK m_MouseHook = nullptr;
     DWORD m_EventCookie = 0;

@@ -6,29 +6,23 @@
 // What a test may not leave behind.
 namespace ormisk::test {
 
-// Drawing handles of this process. Where the system does not count them, its own table of them is read.
+// Drawing handles of this process. The contexts that the system keeps for windows hold on to what they last drew on, so
+// that a count goes up and down by itself; all of them are taken for the screen first. Where the system does not count,
+// it is asked about each handle: there the lower half alone, a place in the table of handles, stands for all of one.
 inline unsigned LiveGdiHandles() {
+    const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    HDC contexts[32]{}; // more than are ever in use at once
+    for (HDC& context : contexts)
+        context = GetDC(window);
+    for (const HDC context : contexts)
+        ReleaseDC(window, context);
+    DestroyWindow(window);
     if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
         return counted;
-    struct Entry {
-        std::uint64_t Object;
-        std::uint32_t Owner;
-        std::uint16_t Unique;
-        std::uint8_t Type;
-        std::uint8_t Flags;
-        std::uint64_t UserPointer;
-    };
-    constexpr unsigned kEntries = 0x4000;
-#ifdef _WIN64
-    const auto* environment = reinterpret_cast<const char*>(__readgsqword(0x60));
-    const auto* table = *reinterpret_cast<const Entry* const*>(environment + 0xF8);
-#else
-    const auto* environment = reinterpret_cast<const char*>(__readfsdword(0x30));
-    const auto* table = *reinterpret_cast<const Entry* const*>(environment + 0x94);
-#endif
+    constexpr std::uintptr_t kPlaces = 0x10000;
     unsigned live = 0;
-    for (unsigned i = 0; i < kEntries; ++i)
-        live += table[i].Type != 0;
+    for (std::uintptr_t place = 1; place < kPlaces; ++place)
+        live += GetObjectType(reinterpret_cast<HGDIOBJ>(place)) != 0;
     return live;
 }
 

@@ -1,5 +1,6 @@
 // Drawing resources, text output, fonts, splitter and the About window.
 
+#include "Eventually.h"
 #include "HandleCount.h"
 
 #include "automation/ComPtr.h"
@@ -284,13 +285,6 @@ private:
     HWND m_hWnd;
 };
 
-void BringToForeground(HWND window) {
-    SetForegroundWindow(window);
-    Sleep(10);
-    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
-        DispatchMessageW(&message);
-}
-
 struct FakePane : SplitterPane {
     void SetBounds(float left, float top, float width, float height) override { Bounds = {left, top, width, height}; }
     void SetVisible(bool visible) override { Visible = visible; }
@@ -397,17 +391,21 @@ TEST_F(SplitterTest, DragMovesTheBarAtItsEndAndGivesCaptureAndCursorBack) {
     EXPECT_FALSE(Splitter.Dragging());
     Splitter.Locked(false);
 
-    RECT clip{};
-    for (int i = 0; i < 100 && clip.left != 50; ++i) { // only the foreground window may confine the cursor
+    const auto confinedTo = [](const RECT& place) {
+        RECT clip{};
+        return GetClipCursor(&clip) && EqualRect(&clip, &place);
+    };
+    const RECT bars{50, 60, 250, 160};
+    EXPECT_TRUE(Eventually([&] {
+        if (confinedTo(bars))
+            return true;
         Splitter.ContainerMouseUp(1, 0, 910, 10);
-        BringToForeground(Container.hWnd());
+        SetForegroundWindow(Container.hWnd()); // only that window may confine the cursor
         Splitter.ContainerMouseDown(1, 0, 910, 10);
-        GetClipCursor(&clip);
-    }
+        return confinedTo(bars);
+    }));
     EXPECT_TRUE(Splitter.Dragging());
     EXPECT_EQ(GetCapture(), Container.hWnd());
-    EXPECT_EQ(clip.left, 50);
-    EXPECT_EQ(clip.bottom, 160);
     Splitter.ContainerMouseMove(1, 0, 1500, 700);
     EXPECT_EQ(Splitter.SplitterLocation(), 900) << "the panes wait for the end";
     Splitter.ContainerMouseUp(1, 0, 1210, 10);
@@ -416,8 +414,7 @@ TEST_F(SplitterTest, DragMovesTheBarAtItsEndAndGivesCaptureAndCursorBack) {
     EXPECT_EQ(GetCapture(), nullptr);
     RECT desktop{};
     GetWindowRect(GetDesktopWindow(), &desktop);
-    GetClipCursor(&clip);
-    EXPECT_TRUE(EqualRect(&clip, &desktop));
+    EXPECT_TRUE(Eventually([&] { return confinedTo(desktop); }));
 }
 
 TEST_F(SplitterTest, AbsentPartsAreSkippedAndDraggingLeavesNoHandle) {

@@ -35,8 +35,7 @@ Host.Keys "B. Reader{ENTER}"
 CheckEqual "typed", "B. Reader", ValueOf("name")
 CheckTrue "a changed row is bold", RowOf("name").Bold
 ClickOn "Tab width"
-Host.Later "{ESC}", 600
-Host.Keys "17{ENTER}"
+Host.Keys "17{ENTER}{ESC}" ' shuts the box
 Host.Keys "{ESC}"
 CheckEqual "17 is too wide", 4, RowOf("tab").Value
 Host.Keys "16{ENTER}"
