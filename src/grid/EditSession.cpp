@@ -52,8 +52,10 @@ void EditSession::FocusTree() { m_Grid.m_Panes.m_picTreeContainer.TakeFocus(); }
 
 CProperty* EditSession::SelectedProperty() const { return m_SelectedNode ? m_SelectedNode->Property() : nullptr; }
 
-// A handler may have taken a node out of the tree, or another tree may be on screen.
-bool EditSession::Holds(const Ref<CNode>& node) const { return node && node->Tree() == m_Grid.m_ActiveNodes; }
+// A handler may have taken a node out of the tree or hidden it, or another tree may be on screen.
+bool EditSession::Holds(const Ref<CNode>& node) const {
+    return node && node->Tree() == m_Grid.m_ActiveNodes && !node->IsWithinHidden();
+}
 
 bool EditSession::IsOn(const Ref<CNode>& node) const { return m_Grid.IsAlive() && m_SelectedNode == node; }
 
@@ -116,7 +118,10 @@ void EditSession::SelectProperty(_CProperty* property) {
     const CProperty* own = m_Grid.m_CProperties ? m_Grid.m_CProperties->Own(property) : nullptr;
     if (!own)
         Raise(ErrorCode::AlienProperty);
-    SetSelectedNode(Ref<CNode>(m_Grid.m_ActiveNodes->ItemOf(*own)));
+    const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(*own));
+    if (node && node->IsWithinHidden())
+        Raise(ErrorCode::InvalidAction);
+    SetSelectedNode(node);
 }
 
 void EditSession::StartPropertyEdit(_CProperty* property) {
@@ -239,16 +244,24 @@ _variant_t EditSession::PicturePrompt(CProperty& property) {
     return prompt(L"NoPicturePrompt", L"(none)");
 }
 
+// Of no size while the row is not displayed: over another row the editor would mislead.
+Rect EditSession::PlaceFor(const CNode& node) const {
+    if (m_Grid.m_ActiveNodes->RowOf(&node) < 0)
+        return {};
+    return EditorRect(m_Grid.m_Panes.GeometryOf(node).value, m_Grid.m_State.grid != omGridNone);
+}
+
 void EditSession::PlaceEditor(_CEditor* editor, const CNode* node) {
     if (!editor || !node)
         return;
     EditorProxy proxy(editor);
-    if (m_Grid.m_ActiveNodes->RowOf(node) < 0) {
-        proxy.Move(0, 0, 0, 0); // its row is not displayed: over another row it would mislead
+    const Rect place = PlaceFor(*node);
+    m_Place = place;
+    if (place == Rect()) {
+        proxy.Move(0, 0, 0, 0);
         return;
     }
     const auto mode = static_cast<ScaleMode>(proxy.ScaleMode());
-    const Rect place = EditorRect(m_Grid.m_Panes.GeometryOf(*node).value, m_Grid.m_State.grid != omGridNone);
     const int dpi = DpiOf(m_Grid.m_Panes.TreeWnd());
     const auto scaled = [&](long pixels, Axis axis) {
         return RoundToLong(ConvertScale(static_cast<double>(pixels), ScaleMode::Pixel, mode, dpi, axis));
@@ -268,12 +281,30 @@ void EditSession::PlaceOpenEditor() {
     IgnoringFailures([&] { PlaceEditor(editor.Get(), node.Get()); });
 }
 
+bool EditSession::IsOffScreen(const Rect& place) const {
+    const LayoutMetrics metrics = m_Grid.m_Panes.Metrics();
+    return place.bottom <= metrics.headerHeight || place.top >= metrics.client.cy;
+}
+
+void EditSession::FollowRow() {
+    if (!m_CurrentEditor || !m_EditNode)
+        return;
+    const Rect place = PlaceFor(*m_EditNode);
+    // Off the screen it can wait for the end of a lock: windows are slow to move.
+    const bool locked = m_Grid.m_State.lockRefresh;
+    if (place == m_Place || (locked && IsOffScreen(place) && IsOffScreen(m_Place)))
+        return;
+    PlaceOpenEditor();
+    if (locked)
+        m_Grid.m_Panes.m_picTreeContainer.Invalidate(true); // it would stand between rows as they were
+}
+
 // The value is committed, the editor goes along with its row, and the headers stay above it.
 void EditSession::Scrolled() {
     if (!m_CurrentEditor)
         return;
     CloseEditor(true);
-    PlaceOpenEditor();
+    FollowRow();
     m_Grid.m_Panes.m_picHeaderContainer.BringToTop();
 }
 
@@ -328,13 +359,14 @@ void EditSession::TypeInto(int keyCode, int shift) {
 
 void EditSession::CloseEditor(bool keepOpen) {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
+    const Ref<CNode> node = m_EditNode;
     if (!editor)
         return;
     try {
         EditorProxy proxy(editor.Get());
         Collect(editor.Get());
-        if (keepOpen || m_CurrentEditor != editor)
-            return;
+        if (keepOpen || m_CurrentEditor != editor || m_EditNode != node)
+            return; // a handler may have gone to another row
         // Hiding takes the focus away, and a lost focus commits the editor that is current.
         m_CurrentEditor = nullptr;
         proxy.SetVisible(false);

@@ -3,6 +3,7 @@
 #include "editors/CEditorListener.h"
 #include "editors/EditorRegistry.h"
 #include "tree/CNode.h"
+#include "win/Geometry.h"
 
 #include <optional>
 
@@ -48,7 +49,9 @@ public:
     void CloseEditor(bool keepOpen);
     // Focus to the editor, which starts from an empty text, and the key once more, with the modifiers of its event.
     void TypeInto(int keyCode, int shift);
-    void PlaceOpenEditor();
+    // After rows came, went or moved, each time: the open editor goes along with its own. Costs little when it need
+    // not.
+    void FollowRow();
     void Scrolled();
     void FontChanged();
     // After the selected property changed: shows what it kept.
@@ -82,7 +85,10 @@ private:
     _variant_t PicturePrompt(CProperty& property);
     void GiveFont(_CEditor* editor, const CNode& node, omEditorType type);
     ComPtr<_CEditor> FindEditor(CProperty& property);
+    Rect PlaceFor(const CNode& node) const;
+    bool IsOffScreen(const Rect& place) const;
     void PlaceEditor(_CEditor* editor, const CNode* node);
+    void PlaceOpenEditor();
     // A commit that is not the user's word: about a value that the host has refused it is not asked once more.
     void Collect(_CEditor* editor);
     void ApplyEditorValue(_CEditor* editor, bool cancel);
@@ -104,6 +110,7 @@ private:
     Ref<CNode> m_SelectedNode;
     Ref<CNode> m_EditNode; // for which StartEditor last ran: the target of a commit, also of a late one
     ComPtr<_CEditor> m_CurrentEditor;
+    Rect m_Place;                           // where an editor was put last, in pixels
     const CProperty* m_Validated = nullptr; // about whose new value the host is being asked; for comparing only
     std::optional<_variant_t> m_Asked;      // what the host was asked about, since a value was loaded or typed
     bool m_Collecting = false;

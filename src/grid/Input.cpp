@@ -160,13 +160,15 @@ bool Input::OnMouseWheel(WPARAM wParam) {
     return true;
 }
 
+// From the top down.
 void Input::ExpandParents(const CNode& node) {
-    const Ref<CNode> parent(node.ParentNode());
-    if (!parent)
-        return;
-    ExpandParents(*parent);
-    if (!parent->Expanded())
-        parent->SetExpanded(true);
+    std::vector<Ref<CNode>> parents;
+    for (CNode* parent = node.ParentNode(); parent; parent = parent->ParentNode())
+        parents.emplace_back(parent);
+    for (; !parents.empty(); parents.pop_back()) {
+        if (!parents.back()->Expanded())
+            parents.back()->SetExpanded(true);
+    }
 }
 
 void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {

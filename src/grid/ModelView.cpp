@@ -31,8 +31,10 @@ std::wstring ModelView::EditorParam(omEditorType type, const std::wstring& name)
 }
 
 void ModelView::RefreshView() {
-    if (m_Grid.m_State.lockRefresh)
+    if (m_Grid.m_State.lockRefresh) {
+        m_Grid.m_Session.FollowRow(); // clicks go by the rows as they are
         return;
+    }
     m_Grid.m_Panes.UpdateScrollBar();
     m_Grid.m_Panes.RepaintRows();
 }
@@ -90,7 +92,7 @@ void ModelView::Sort(bool nameButtonClicked) {
         } catch (...) {
             m_Sorting = false;
             if (m_Grid.IsAlive()) {
-                m_Grid.m_Session.PlaceOpenEditor();
+                m_Grid.m_Session.FollowRow();
                 RefreshView();
             }
             throw;
@@ -98,7 +100,7 @@ void ModelView::Sort(bool nameButtonClicked) {
         m_Sorting = false;
     }
     if (m_Grid.IsAlive())
-        m_Grid.m_Session.PlaceOpenEditor();
+        m_Grid.m_Session.FollowRow();
 }
 
 // False when a handler ended the control.
@@ -128,48 +130,63 @@ void ModelView::HeaderSort(bool nameButtonClicked) {
     m_Grid.m_Panes.RepaintRows();
 }
 
-// Reports of the model come while the host holds a property, or the collection, and perhaps no control.
+// Reports of the model come while the host holds a property, or the collection, and perhaps no control. Child rows go
+// first, each with its own event; they may be nested to any depth.
 void ModelView::OnPropertyDeleted(CProperty& property) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
-    const ComPtr<CProperty> held(&property);
+    const ComPtr<CProperties> properties = m_Grid.m_CProperties;
+    std::vector<Removal> removals;
+    removals.push_back(BeginRemoval(ComPtr<CProperty>(&property)));
+    while (true) {
+        if (CProperty* child = FirstChildOf(*removals.back().property.Get())) {
+            removals.push_back(BeginRemoval(properties->TakeOut(child->InternalKey())));
+            continue;
+        }
+        const Removal removal = std::move(removals.back());
+        removals.pop_back();
+        if (removals.empty()) {
+            EndRemoval(removal);
+            return;
+        }
+        // What a handler of the child's event raises does not keep the rest in the trees.
+        IgnoringFailures([&] { EndRemoval(removal); });
+        IgnoringFailures([&] { properties->TellRemoved(*removal.property.Get()); });
+    }
+}
+
+ModelView::Removal ModelView::BeginRemoval(ComPtr<CProperty> property) {
     const bool locked = m_Grid.m_State.lockRefresh;
     m_Grid.m_State.lockRefresh = true;
-    m_Grid.m_Session.NodeGoes(m_Grid.m_ActiveNodes->ItemOf(property));
-    IgnoringFailures([&] { RemovePropertyNodes(property); });
+    m_Grid.m_Session.NodeGoes(m_Grid.m_ActiveNodes->ItemOf(*property.Get()));
+    return {std::move(property), locked};
+}
+
+// Null when there is none that is still in the collection.
+CProperty* ModelView::FirstChildOf(const CProperty& property) const {
+    const CNode* node = m_Grid.m_CategorizedNodes.ItemOf(property);
+    const CNode* child = node ? node->FirstChild() : nullptr;
+    return child ? child->Property() : nullptr;
+}
+
+void ModelView::EndRemoval(const Removal& removal) {
+    RemoveCategorizedNode(m_Grid.m_CategorizedNodes.ItemOf(*removal.property.Get()));
+    m_Grid.m_AlphabeticNodes.Remove(m_Grid.m_AlphabeticNodes.ItemOf(*removal.property.Get()));
     if (!m_Grid.m_CProperties)
         return; // a handler of a child's event ended the control
-    m_Grid.m_State.lockRefresh = locked;
+    m_Grid.m_State.lockRefresh = removal.locked;
     m_Grid.m_Session.DropLostSelection();
     RefreshView();
-    m_Grid.m_Events.PropertyDeleted(property);
+    m_Grid.m_Events.PropertyDeleted(*removal.property.Get());
 }
 
-// Children go first, each with its own event.
-void ModelView::RemovePropertyNodes(CProperty& property) {
-    Ref<CNode> node(m_Grid.m_CategorizedNodes.ItemOf(property));
-    while (node && node->ChildCount() > 0) {
-        const Ref<CNode> first(node->FirstChild());
-        const CProperty* child = first->Property();
-        if (!child)
-            break;
-        // What a handler of the child's event raises does not keep the rest in the trees.
-        IgnoringFailures([&] { m_Grid.m_CProperties->RemoveByInternalKey(child->InternalKey()); });
-        if (!node->Tree())
-            return; // a handler cleared the rest
-        if (first->Tree())
-            break;
-    }
-    if (node)
-        RemoveCategorizedNode(*node);
-    m_Grid.m_AlphabeticNodes.Remove(m_Grid.m_AlphabeticNodes.ItemOf(property));
-}
-
-// A category lives as long as it has children.
-void ModelView::RemoveCategorizedNode(CNode& node) {
-    const Ref<CNode> parent(node.ParentNode());
-    m_Grid.m_CategorizedNodes.Remove(&node);
-    if (parent && parent->ChildCount() == 0 && parent->IsCategory())
-        RemoveCategorizedNode(*parent);
+// A category lives as long as it has children: those that have no other go along.
+void ModelView::RemoveCategorizedNode(CNode* node) {
+    const auto hasNoOther = [](const CNode* parent) {
+        return parent && parent->IsCategory() && parent->ChildCount() == 1;
+    };
+    while (node && hasNoOther(node->ParentNode()))
+        node = node->ParentNode();
+    m_Grid.m_CategorizedNodes.Remove(node);
 }
 
 void ModelView::OnPropertiesCleared() {
@@ -207,8 +224,7 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
         Trapped([&] { m_Grid.m_Panes.RepaintRows(); });
 }
 
-// The children of a property that holds an object follow the new object at once. They are those of the alphabetic tree:
-// in the other one a category can stand under the key of a property.
+// The children of a property that holds an object follow the new object at once.
 void ModelView::UpdateChildren(CProperty& property) {
     const Ref<CNode> node(m_Grid.m_AlphabeticNodes.ItemOf(property));
     if (!node || node->ChildCount() == 0)
@@ -226,12 +242,22 @@ void ModelView::UpdateChildren(CProperty& property) {
 void ModelView::VisibilityChanged(CProperty& property) {
     for (CNodes* nodes : {&m_Grid.m_AlphabeticNodes, &m_Grid.m_CategorizedNodes})
         nodes->VisibilityChanged(nodes->ItemOf(property));
-    if (m_Grid.m_Session.SelectedProperty() == &property) {
+    if (property.IsVisible() ? m_Grid.m_Session.SelectedProperty() == &property : IsSelectedWithin(property))
         Trapped([&] { m_Grid.m_Session.CloseEditor(false); });
-        if (!property.IsVisible())
-            Trapped([&] { m_Grid.m_Session.SetSelectedNode(nullptr); });
-    }
+    // A handler of the commit may have shown it again, or selected another row.
+    if (!property.IsVisible() && IsSelectedWithin(property))
+        Trapped([&] { m_Grid.m_Session.SetSelectedNode(nullptr); });
+    if (!m_Grid.IsAlive())
+        return;
+    m_Grid.m_Session.FollowRow();
     m_Grid.m_Panes.m_picTreeContainer.Invalidate(true);
+}
+
+// Whether the row of the property is selected, or one below it.
+bool ModelView::IsSelectedWithin(const CProperty& property) const {
+    const Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
+    const CNode* node = m_Grid.m_ActiveNodes->ItemOf(property);
+    return selected && node && (selected.Get() == node || selected->IsDescendantOf(node));
 }
 
 void ModelView::ValueChanged(CProperty& property) {
@@ -240,34 +266,32 @@ void ModelView::ValueChanged(CProperty& property) {
     Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });
 }
 
-void ModelView::NodeStateChanging(const std::wstring& key, VARIANT_BOOL& cancel) {
-    const Ref<CNode> node(m_Grid.m_ActiveNodes->Item(key));
-    if (!node)
+// Of a tree that is not on screen the host hears nothing.
+void ModelView::NodeStateChanging(CNode& node, VARIANT_BOOL& cancel) {
+    if (node.Tree() != m_Grid.m_ActiveNodes)
         return;
     bool refused = cancel == VARIANT_TRUE;
-    const std::wstring name = node->Name();
-    if (node->Expanded())
-        m_Grid.m_Events.CategoryCollapsing(name, refused);
+    if (node.Expanded())
+        m_Grid.m_Events.CategoryCollapsing(node.Name(), refused);
     else
-        m_Grid.m_Events.CategoryExpanding(name, refused);
+        m_Grid.m_Events.CategoryExpanding(node.Name(), refused);
     cancel = refused ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-void ModelView::NodePropertyChanged(const std::wstring& key, const wchar_t* propertyName) {
+void ModelView::NodePropertyChanged(CNode& node, const wchar_t* propertyName) {
     if (_wcsicmp(propertyName, L"expanded") != 0)
         return;
     m_Grid.m_Session.CommitAndHide();
     if (!m_Grid.m_CProperties)
         return;
     Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
-    const Ref<CNode> node(m_Grid.m_ActiveNodes->Item(key));
-    if (!node)
+    if (node.Tree() != m_Grid.m_ActiveNodes)
         return;
-    if (!node->Expanded() && selected && selected->IsDescendantOf(node.Get()))
-        selected = node;
+    if (!node.Expanded() && selected && selected->IsDescendantOf(&node))
+        selected = Ref<CNode>(&node);
     m_Grid.m_Panes.UpdateScrollBar();
     m_Grid.m_Session.SetSelectedNode(selected);
-    m_Grid.m_Panes.InvalidateRowsFrom(*node);
+    m_Grid.m_Panes.InvalidateRowsFrom(node);
 }
 
 void ModelView::ViewChanged() {
@@ -285,12 +309,10 @@ void ModelView::ViewChanged() {
 
 void ModelView::ExpandCategory(const std::wstring& path, bool expand) {
     std::wstring_view rest = TrimBlanks(path);
-    std::wstring key;
     std::wstring_view segment;
     Ref<CNode> node;
     while (NextCategorySegment(rest, m_Grid.m_State.categorySeparator, segment)) {
-        AppendCategorySegment(key, segment);
-        node = Ref<CNode>(m_Grid.m_CategorizedNodes.Item(key));
+        node = Ref<CNode>(m_Grid.m_CategorizedNodes.Category(node.Get(), segment));
         if (!node)
             break;
         if (expand)

@@ -14,7 +14,7 @@ class ModelView final : public PropertyOwner, public _CNodeListener {
 public:
     explicit ModelView(Grid& grid) : m_Grid(grid) {}
 
-    // Scroll range and rows anew, unless refresh is locked.
+    // Rows came, went or moved. Scroll range and rows anew, unless refresh is locked; an open editor follows its row.
     void RefreshView();
     // Sorts the tree on screen in the present order; with CustomSort the host is asked about each pair. Nothing while
     // the host is being asked for another sort. Raises what a handler raises; the rows that are exchanged by then stay
@@ -42,16 +42,24 @@ public:
     void OnPropertiesCleared() override;
     const IUnknown* Control() const override;
     // _CNodeListener
-    void NodePropertyChanged(const std::wstring& key, const wchar_t* propertyName) override;
-    void NodeStateChanging(const std::wstring& key, VARIANT_BOOL& cancel) override;
+    void NodePropertyChanged(CNode& node, const wchar_t* propertyName) override;
+    void NodeStateChanging(CNode& node, VARIANT_BOOL& cancel) override;
 
 private:
     CNode* CategoryNodeFor(CProperty& property);
-    void RemovePropertyNodes(CProperty& property);
-    void RemoveCategorizedNode(CNode& node);
+    // A property that is out of the collection and not yet out of the trees; the lock as it was.
+    struct Removal {
+        ComPtr<CProperty> property;
+        bool locked = false;
+    };
+    Removal BeginRemoval(ComPtr<CProperty> property);
+    CProperty* FirstChildOf(const CProperty& property) const;
+    void EndRemoval(const Removal& removal);
+    void RemoveCategorizedNode(CNode* node);
     bool AskHost(const CNode& first, const CNode& second, bool nameButtonClicked, bool& swap);
     void UpdateChildren(CProperty& property);
     void VisibilityChanged(CProperty& property);
+    bool IsSelectedWithin(const CProperty& property) const;
     void ValueChanged(CProperty& property);
     template <class F> void Trapped(F&& statement);
 

@@ -181,7 +181,7 @@ void Panes::HeaderSplitterMoved() {
         // The new location reports itself and does the rest.
         m_HeaderSplitter.SplitterLocation(static_cast<float>(*limit));
     } else {
-        m_Grid.m_Session.PlaceOpenEditor();
+        m_Grid.m_Session.FollowRow();
         m_picTreeContainer.Invalidate(true);
     }
     m_picNameHeader.Invalidate(true);

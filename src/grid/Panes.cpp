@@ -162,23 +162,20 @@ void Panes::RecalcLayout() {
     m_VScroll.MovePixels({now.client.cx - now.scrollBarWidth, now.headerHeight, now.client.cx, now.client.cy});
     m_VScroll.HideCaret();
     m_picTreeContainer.Invalidate(false);
-    m_Grid.m_Session.PlaceOpenEditor();
 }
 
 void Panes::UpdateScrollBar() {
     const long headerPx = m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0;
     const auto range = ScrollRangeFor(m_Grid.m_ActiveNodes->VisibleRowCount(), m_picTreeContainer.ClientSize().cy,
                                       headerPx, m_RowHeight);
-    if (!range)
-        return;
-    if (!range->shown) {
-        m_VScroll.Show(false);
-        return;
+    if (range)
+        m_VScroll.Show(range->shown);
+    if (range && range->shown) {
+        m_VScroll.HideCaret();
+        // A value beyond the range is reported: it commits an edit, whose handlers may lay out anew.
+        m_VScroll.SetRange(range->max, range->largeChange);
     }
-    m_VScroll.Show(true);
-    m_VScroll.HideCaret();
-    // Last, as a value beyond the range is reported: it commits an edit, whose handlers may lay out anew.
-    m_VScroll.SetRange(range->max, range->largeChange);
+    m_Grid.m_Session.FollowRow();
 }
 
 void Panes::ApplyFrame() {

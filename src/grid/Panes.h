@@ -47,10 +47,10 @@ public:
     void ControlResized();
     void LayoutTabContainer();
     void RecalcLayout();
-    void UpdateScrollBar();
-    void ApplyFrame();   // border and appearance
-    void ApplyColors();  // back colours
-    void ApplyEnabled(); // to the control's window, and to what needs to know in it
+    void UpdateScrollBar(); // to the rows as they are; an open editor goes along
+    void ApplyFrame();      // border and appearance
+    void ApplyColors();     // back colours
+    void ApplyEnabled();    // to the control's window, and to what needs to know in it
     void ApplyShowDescription();
     bool RecordToolbarShown() const;
 

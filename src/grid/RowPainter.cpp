@@ -282,6 +282,8 @@ void RowPainter::DrawTreeLines(HDC dc, const Cell& cell) {
         if (parent->IsLastSibling() || (parent->Level() == 1 && (textOnly || alphabetic)))
             continue;
         const long x = LayoutRow(metrics, 0, parent->Level(), {}).treeLineLeft;
+        if (x >= cell.geometry.row.right)
+            continue; // deeply nested: off the screen
         DrawGridLine(dc, color, x, top, x, top + height, false);
     }
     if (node.Level() == 1 && (alphabetic || textOnly))

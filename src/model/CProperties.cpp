@@ -148,17 +148,28 @@ CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
     return property ? property : RaisingFaults([&] { return m_Items.Get(key); });
 }
 
-void CProperties::RemoveByInternalKey(const std::wstring& key) {
-    const ComPtr<CProperties> alive(this);
-    const ComPtr<CProperty> property = RaisingFaults([&] { return m_Items.Get(FoldedKey(key)); });
+ComPtr<CProperty> CProperties::TakeOut(const std::wstring& key) {
+    ComPtr<CProperty> property = RaisingFaults([&] { return m_Items.Get(FoldedKey(key)); });
     m_Items.RemoveAt(property->Index());
     if (!property->Key().empty()) {
         m_Keys.Erase(property.Get());
     }
-    const Unlinking unlinking({property});
+    property->SetFiled(false);
     for (long i = property->Index(); i <= CountOf(); ++i) {
         m_Items.At(i)->SetIndex(i);
     }
+    return property;
+}
+
+void CProperties::TellRemoved(CProperty& property) {
+    const Unlinking unlinking({ComPtr<CProperty>(&property)});
+    FireWith(kPropertyDeleted, property);
+}
+
+void CProperties::RemoveByInternalKey(const std::wstring& key) {
+    const ComPtr<CProperties> alive(this);
+    const ComPtr<CProperty> property = TakeOut(key);
+    const Unlinking unlinking({property});
     if (PropertyOwner* owner = Owner()) {
         owner->OnPropertyDeleted(*property.Get());
     }

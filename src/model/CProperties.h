@@ -40,6 +40,10 @@ public:
     CProperty* ItemByInternalKey(const std::wstring& key) const; // null when there is none
     CProperty* FindItem(const VARIANT& indexOrKey) const;        // null in an empty collection; raises
     void RemoveByInternalKey(const std::wstring& key);           // raises
+    // The halves of a removal, for the owner that removes child rows in between: the property leaves the collection,
+    // and the host hears of it.
+    ComPtr<CProperty> TakeOut(const std::wstring& key); // raises
+    void TellRemoved(CProperty& property);
     void RemoveAll();
     // The property of ours that any object is, by identity; null for a foreign or removed one, whatever it claims to
     // be.

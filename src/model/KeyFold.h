@@ -22,4 +22,6 @@ struct FoldedKey {
 
 bool SameKey(std::wstring_view a, std::wstring_view b);
 
+inline bool operator==(const FoldedKey& a, const FoldedKey& b) { return SameKey(a.text, b.text); }
+
 } // namespace ormisk

@@ -4,21 +4,25 @@
 
 #include <cstddef>
 #include <functional>
+#include <type_traits>
 #include <vector>
 
 namespace ormisk {
 
-// Finds items by a key that they carry themselves, without regard to case and in constant time. The items are not
-// owned. KeyOf is a member that gives the item's FoldedKey; the key must not change while the item is filed.
+// Finds items by a key that they carry themselves, in constant time. The items are not owned. KeyOf is a member that
+// gives the item's key: a FoldedKey, or anything else with a hash that compares; the key must not change while the item
+// is filed.
 template <class Item, auto KeyOf> class KeyTable {
 public:
+    using Key = std::invoke_result_t<decltype(KeyOf), const Item&>;
+
     // Null when nothing is filed under the key.
-    Item* Find(const FoldedKey& key) const {
+    Item* Find(const Key& key) const {
         if (m_Size == 0) {
             return nullptr;
         }
         for (std::size_t i = Home(key.hash); m_Slots[i].item; i = Next(i)) {
-            if (m_Slots[i].hash == key.hash && SameKey(std::invoke(KeyOf, *m_Slots[i].item).text, key.text)) {
+            if (m_Slots[i].hash == key.hash && std::invoke(KeyOf, *m_Slots[i].item) == key) {
                 return m_Slots[i].item;
             }
         }

@@ -3,6 +3,8 @@
 #include "model/ValueRules.h"
 #include "tree/CNodes.h"
 
+#include <cstddef>
+
 namespace ormisk {
 
 struct CNode::CategoryFields {
@@ -16,6 +18,19 @@ struct CNode::CategoryFields {
     bool bold = false;
     bool italic = false;
 };
+
+namespace {
+
+std::uint32_t HashOf(const void* object) {
+    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(object) / alignof(std::max_align_t));
+}
+
+} // namespace
+
+CategoryPlace::CategoryPlace(const CNode* parent, std::wstring_view key)
+    : parent(parent), key(key), hash(this->key.hash ^ (HashOf(parent) * 0x9E3779B1u)) {}
+
+PropertyPlace::PropertyPlace(const CProperty* property) : property(property), hash(HashOf(property)) {}
 
 CNode::CNode(CProperty& property) : m_Property(&property), m_Hidden(!property.IsVisible()) {}
 
@@ -34,7 +49,7 @@ const std::wstring& CNode::Key() const { return m_Category ? m_Category->key : m
 
 const std::wstring& CNode::Name() const { return m_Category ? m_Category->name : m_Property->Name(); }
 
-FoldedKey CNode::FiledKey() const { return m_Category ? FoldedKey(m_Category->key) : m_Property->FiledKey(); }
+CategoryPlace CNode::PlaceOfCategory() const { return {m_Parent, m_Category->key}; }
 
 bool CNode::Bold() const {
     const CProperty* property = Property();
@@ -195,7 +210,7 @@ void CNode::SetExpanded(bool expanded) {
     const auto listener = [this] { return m_Tree ? m_Tree->Owner() : nullptr; };
     VARIANT_BOOL cancel = VARIANT_FALSE;
     if (IsCategory() && listener()) {
-        listener()->NodeStateChanging(Key(), cancel);
+        listener()->NodeStateChanging(*this, cancel);
     }
     if (cancel == VARIANT_TRUE) {
         return;
@@ -205,7 +220,7 @@ void CNode::SetExpanded(bool expanded) {
         m_Tree->RowsChanged(this);
     }
     if (listener()) {
-        listener()->NodePropertyChanged(Key(), L"Expanded");
+        listener()->NodePropertyChanged(*this, L"Expanded");
     }
 }
 

@@ -14,12 +14,33 @@ class CNodes;
 
 enum class NodeKind : long { Property = 0, Category = 1 };
 
-// The children of a node, or the roots of a tree, with the rows that each takes on screen.
+// The children of a node, or the roots of a tree, with the rows that each takes on screen: as of the last count.
 struct Branch {
     std::vector<Ref<CNode>> nodes;
-    RowCounts rows;
+    mutable RowCounts rows;
     std::size_t sorted = 0; // so many from the front are in the order of the last sort of the tree
     bool listed = false;    // among the branches that the next sort looks at
+};
+
+// Under what a tree finds a category: its parent, null for a root, and its key.
+struct CategoryPlace {
+    CategoryPlace(const CNode* parent, std::wstring_view key);
+    friend bool operator==(const CategoryPlace& a, const CategoryPlace& b) {
+        return a.parent == b.parent && a.key == b.key;
+    }
+
+    const CNode* parent;
+    FoldedKey key;
+    std::uint32_t hash;
+};
+
+// Under what a tree finds the node of a property.
+struct PropertyPlace {
+    explicit PropertyPlace(const CProperty* property);
+    friend bool operator==(const PropertyPlace& a, const PropertyPlace& b) { return a.property == b.property; }
+
+    const CProperty* property;
+    std::uint32_t hash;
 };
 
 // One row of a display tree: a category with a look and text of its own, or a thin view on a property. Made by CNodes.
@@ -35,9 +56,8 @@ public:
     // Whether this is a property that is not shown; its whole subtree then takes no rows.
     bool IsHidden() const { return m_Hidden; }
 
-    const std::wstring& Key() const;
+    const std::wstring& Key() const;  // of a category what it adds to the path
     const std::wstring& Name() const; // of a property node always the property's
-    FoldedKey FiledKey() const;
 
     // Look and value: a category's own, else the property's. A node whose property is gone has the defaults, and what
     // it is given is dropped.
@@ -88,6 +108,8 @@ public:
     bool IsLastSibling() const;
     bool IsFirstRoot() const { return m_Tree && !m_Parent && m_SiblingIndex == 1; }
     bool IsDescendantOf(const CNode* node) const; // not of itself
+    // Whether this or a node above it is hidden.
+    bool IsWithinHidden() const;
 
     // The rows above and below on screen.
     CNode* NextVisible() const;
@@ -103,6 +125,8 @@ private:
     const Branch* Siblings() const; // null once removed
     CNode* SiblingAt(long index) const;
     static CNode* AdvanceAfter(const CNode* node);
+    CategoryPlace PlaceOfCategory() const;
+    PropertyPlace PlaceOfProperty() const { return PropertyPlace(m_Property.Get()); }
     long Rows() const; // of the subtree, 0 when hidden
 
     ComPtr<CProperty> m_Property;
@@ -116,6 +140,7 @@ private:
     long m_SiblingIndex = 0;
     bool m_Expanded = true;
     bool m_Hidden = false;
+    mutable bool m_Uncounted = false; // its rows may be others than those in its branch
 };
 
 } // namespace ormisk

@@ -43,8 +43,7 @@ void CNodes::Init(_CNodeListener* owner, long level) {
 }
 
 CNode* CNodes::Add(CNode* relative, NodeRelation relation, CProperty& property) {
-    // An internal key has an underscore in it and so is no number.
-    if (m_KeyTable.Find(property.FiledKey())) {
+    if (ItemOf(property)) {
         Raise(ErrorCode::PropertyKeyPresent, kAddSource);
     }
     return m_Owner ? Place(relative, relation, Ref<CNode>(new CNode(property))) : nullptr;
@@ -53,20 +52,25 @@ CNode* CNodes::Add(CNode* relative, NodeRelation relation, CProperty& property) 
 CNode* CNodes::Add(CNode* relative, NodeRelation relation, std::wstring& key, std::wstring_view name,
                    const VARIANT& value) {
     key = std::wstring(TrimBlanks(key));
-    if (!key.empty() && IsNumericText(key)) {
+    const CNode* parent = ParentFor(relative, relation);
+    if (!parent && !key.empty() && IsNumericText(key)) {
         Raise(ErrorCode::InvalidKey);
     }
-    if (Item(key)) {
+    if (Category(parent, key)) {
         Raise(ErrorCode::PropertyKeyPresent, kAddSource);
     }
     return m_Owner ? Place(relative, relation, Ref<CNode>(new CNode(key, name, value))) : nullptr;
+}
+
+CNode* CNodes::ParentFor(CNode* relative, NodeRelation relation) {
+    return relative && relation == NodeRelation::Last ? relative->m_Parent : relative;
 }
 
 CNode* CNodes::Place(CNode* relative, NodeRelation relation, Ref<CNode> added) {
     if (relative && relative->m_Tree != this) {
         return nullptr;
     }
-    CNode* parent = relative && relation == NodeRelation::Last ? relative->m_Parent : relative;
+    CNode* parent = ParentFor(relative, relation);
     if (parent && !parent->m_Branch) {
         m_Parents[parent->m_NodeId] = parent;
         parent->m_Branch = std::make_unique<Branch>();
@@ -82,8 +86,10 @@ CNode* CNodes::Place(CNode* relative, NodeRelation relation, Ref<CNode> added) {
     node->m_SiblingIndex = static_cast<long>(siblings.nodes.size());
     node->m_NodeId = m_NextId++;
     node->m_Sequence = m_NextSequence++;
-    if (!node->Key().empty()) {
-        m_KeyTable.Insert(node);
+    if (!node->IsCategory()) {
+        m_Properties.Insert(node);
+    } else if (!node->Key().empty()) {
+        m_Categories.Insert(node);
     }
     ++m_Count;
     m_FilingOrder.clear();
@@ -91,11 +97,28 @@ CNode* CNodes::Place(CNode* relative, NodeRelation relation, Ref<CNode> added) {
     return node;
 }
 
-// Carries a change of what a node's subtree takes on screen upward, as far as it is one.
-void CNodes::RowsChanged(CNode* node) {
-    while (node && SiblingsOf(*node).rows.Set(static_cast<std::size_t>(node->m_SiblingIndex) - 1, node->Rows())) {
-        node = node->m_Parent;
+// What a node's subtree takes on screen changed, and with it that of all above it.
+void CNodes::RowsChanged(const CNode* node) const {
+    for (; node && !node->m_Uncounted; node = node->m_Parent) {
+        node->m_Uncounted = true;
+        m_Uncounted.push_back(node);
     }
+}
+
+// From the bottom up, so that each node finds its own branch counted.
+void CNodes::CountRows() const {
+    std::sort(m_Uncounted.begin(), m_Uncounted.end(),
+              [](const CNode* a, const CNode* b) { return a->m_Level > b->m_Level; });
+    for (const CNode* node : m_Uncounted) {
+        node->m_Uncounted = false;
+        node->Siblings()->rows.Set(static_cast<std::size_t>(node->m_SiblingIndex) - 1, node->Rows());
+    }
+    m_Uncounted.clear();
+}
+
+long CNodes::VisibleRowCount() const {
+    CountRows();
+    return m_Roots.rows.Total();
 }
 
 CNode* CNodes::RootAt(long index) const {
@@ -153,10 +176,14 @@ void CNodes::Remove(CNode* node) {
     if (!node || node->m_Tree != this) {
         return;
     }
+    std::vector<Ref<CNode>> removed{Ref<CNode>(node)};
+    CollectSubtrees(removed);
+    if (std::ranges::any_of(removed, [](const Ref<CNode>& gone) { return gone->m_Uncounted; })) {
+        CountRows();
+    }
     Branch& siblings = SiblingsOf(*node);
     CNode* parent = node->m_Parent;
     const auto gap = siblings.nodes.begin() + (node->m_SiblingIndex - 1);
-    std::vector<Ref<CNode>> removed{*gap};
     const std::size_t position = static_cast<std::size_t>(node->m_SiblingIndex) - 1;
     siblings.rows.Remove(position);
     if (position < siblings.sorted) {
@@ -169,9 +196,12 @@ void CNodes::Remove(CNode* node) {
     RowsChanged(parent);
     m_FilingOrder.clear();
 
-    CollectSubtrees(removed);
     for (const Ref<CNode>& gone : removed) {
-        m_KeyTable.Erase(gone.Get());
+        if (gone->IsCategory()) {
+            m_Categories.Erase(gone.Get());
+        } else {
+            m_Properties.Erase(gone.Get());
+        }
         m_Parents.erase(gone->m_NodeId);
     }
     m_Count -= static_cast<long>(removed.size());
@@ -181,8 +211,10 @@ void CNodes::Remove(CNode* node) {
 void CNodes::Clear() {
     std::vector<Ref<CNode>> removed = std::move(m_Roots.nodes);
     m_Roots = {};
-    m_KeyTable.Clear();
+    m_Categories.Clear();
+    m_Properties.Clear();
     m_Parents.clear();
+    m_Uncounted.clear();
     m_FilingOrder.clear();
     m_Unsorted.clear();
     m_SortedDescending.reset();
@@ -245,6 +277,7 @@ long CNodes::RowOf(const CNode* node) const {
     if (!node || node->m_Tree != this || node->m_Hidden) {
         return -1;
     }
+    CountRows();
     long row = 0;
     while (true) {
         row += node->Siblings()->rows.Before(static_cast<std::size_t>(node->m_SiblingIndex) - 1);

@@ -12,8 +12,9 @@ namespace ormisk {
 // Where a new node goes, seen from its relative.
 enum class NodeRelation : long { Last = 1, Child = 4 };
 
-// A whole display tree. Nodes are found by their key in any case, by tree key, and by their row on screen, all without
-// walking. The tree owns its nodes.
+// A whole display tree. Nodes are found as the category below a parent, by their property, by tree key, and by their
+// row on screen, all without walking. A category and a property never stand in for each other, whatever their keys. The
+// tree owns its nodes, and goes through them without recursion: they may be nested to any depth.
 class CNodes {
 public:
     CNodes() = default;
@@ -26,16 +27,16 @@ public:
     _CNodeListener* Owner() const { return m_Owner; }
     long Level() const { return m_Level; }
 
-    // The node of a property, under its internal key. A null relative makes a root. Raises PropertyKeyPresent. Null
+    // The node of a property. A null relative makes a root. Raises PropertyKeyPresent for one that has a node. Null
     // without an owner.
     CNode* Add(CNode* relative, NodeRelation relation, CProperty& property);
-    // A category. The key comes back trimmed; an empty one is not filed. Raises InvalidKey for a numeric key and
-    // PropertyKeyPresent. Null without an owner.
+    // A category. The key comes back trimmed; an empty one is not filed. Raises InvalidKey for a root with a numeric
+    // key, and PropertyKeyPresent when the parent has such a category. Null without an owner.
     CNode* Add(CNode* relative, NodeRelation relation, std::wstring& key, std::wstring_view name, const VARIANT& value);
 
-    // Null when there is none.
-    CNode* Item(std::wstring_view key) const { return m_KeyTable.Find(FoldedKey(key)); }
-    CNode* ItemOf(const CProperty& property) const { return m_KeyTable.Find(property.FiledKey()); }
+    // Null when there is none. Keys count in any case; a null parent: among the roots.
+    CNode* Category(const CNode* parent, std::wstring_view key) const { return m_Categories.Find({parent, key}); }
+    CNode* ItemOf(const CProperty& property) const { return m_Properties.Find(PropertyPlace(&property)); }
     CNode* ItemAt(long position) const; // from 1, in the order of filing: what moved was filed anew
     CNode* GetByTreeKey(std::wstring_view treeKey) const;
     CNode* FirstRootNode() const { return RootAt(1); }
@@ -47,7 +48,6 @@ public:
 
     // A node and all below it. Nothing for null and for a node of another tree.
     void Remove(CNode* node);
-    void Remove(std::wstring_view key) { Remove(Item(key)); }
     void Clear(); // numbers start again at 1000
     // Exchanges two siblings, each with its subtree.
     void SwapNodes(CNode* first, CNode* second);
@@ -58,8 +58,8 @@ public:
     // To be called when a node got another name: it may stand in the wrong place now.
     void NameChanged(const CNode* node);
 
-    // Rows on screen, from 0, without walking.
-    long VisibleRowCount() const { return m_Roots.rows.Total(); }
+    // Rows on screen, from 0, without walking. What changed is counted when it is asked for, each node once.
+    long VisibleRowCount() const;
     CNode* NodeAtRow(long row) const;    // null outside
     long RowOf(const CNode* node) const; // -1 when it is not displayed
     // To be called when the property behind a node was shown or hidden.
@@ -70,8 +70,10 @@ private:
     static constexpr long kFirstId = 1000;
 
     CNode* Place(CNode* relative, NodeRelation relation, Ref<CNode> added);
+    static CNode* ParentFor(CNode* relative, NodeRelation relation);
     Branch& SiblingsOf(const CNode& node) { return node.m_Parent ? *node.m_Parent->m_Branch : m_Roots; }
-    void RowsChanged(CNode* node);
+    void RowsChanged(const CNode* node) const;
+    void CountRows() const;
     void ListUnsorted(Branch& branch, const CNode* parent);
     void SortBranch(Branch& branch, bool descending);
     void SortAll(Branch& branch, bool descending);
@@ -87,11 +89,13 @@ private:
     long m_Count = 0;
     std::uint64_t m_NextSequence = 0;
     Branch m_Roots;
-    KeyTable<CNode, &CNode::FiledKey> m_KeyTable;
-    std::unordered_map<long, CNode*> m_Parents; // nodes that have or had children, by number
-    mutable std::vector<CNode*> m_FilingOrder;  // sorted when asked for; empty when out of date
-    std::optional<bool> m_SortedDescending;     // the order of the sorted front of every branch; none before a sort
-    std::vector<long> m_Unsorted;               // numbers of the parents of branches out of that order, 0: the roots
+    KeyTable<CNode, &CNode::PlaceOfCategory> m_Categories;
+    KeyTable<CNode, &CNode::PlaceOfProperty> m_Properties;
+    std::unordered_map<long, CNode*> m_Parents;    // nodes that have or had children, by number
+    mutable std::vector<CNode*> m_FilingOrder;     // sorted when asked for; empty when out of date
+    mutable std::vector<const CNode*> m_Uncounted; // each with all above it
+    std::optional<bool> m_SortedDescending;        // the order of the sorted front of every branch; none before a sort
+    std::vector<long> m_Unsorted;                  // numbers of the parents of branches out of that order, 0: the roots
 };
 
 } // namespace ormisk

@@ -8,14 +8,14 @@ CNode* WalkCategoryPath(CNodes& nodes, std::wstring_view category, std::wstring_
                         const CategoryLook& look) {
     static const _variant_t noValue(L"");
     CNode* current = nullptr;
-    std::wstring path;
+    std::wstring key; // with the segments in front that the tree refused
     std::wstring_view segment;
     while (NextCategorySegment(category, separator, segment)) {
-        AppendCategorySegment(path, segment);
-        CNode* node = nodes.Item(path);
+        AppendCategorySegment(key, segment);
+        CNode* node = nodes.Category(current, key);
         if (!node) {
             // Refused, the walk goes on from the root.
-            IgnoringFailures([&] { node = nodes.Add(current, NodeRelation::Child, path, segment, noValue); });
+            IgnoringFailures([&] { node = nodes.Add(current, NodeRelation::Child, key, segment, noValue); });
             if (node) {
                 node->SetBold(look.bold);
                 node->SetForeColor(look.foreColor);
@@ -24,6 +24,9 @@ CNode* WalkCategoryPath(CNodes& nodes, std::wstring_view category, std::wstring_
             }
         }
         current = node;
+        if (current) {
+            key.clear();
+        }
     }
     return current;
 }

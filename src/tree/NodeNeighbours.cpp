@@ -58,6 +58,14 @@ bool CNode::IsDescendantOf(const CNode* node) const {
     return above != nullptr;
 }
 
+bool CNode::IsWithinHidden() const {
+    const CNode* node = this;
+    while (node && !node->m_Hidden) {
+        node = node->m_Parent;
+    }
+    return node != nullptr;
+}
+
 // The step that leaves a subtree; hidden nodes are passed over with theirs.
 CNode* CNode::AdvanceAfter(const CNode* node) {
     while (node) {

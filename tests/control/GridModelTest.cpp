@@ -27,6 +27,8 @@ std::wstring Rows(GridContainer& host) {
     return rows;
 }
 
+void Remove(GridContainer& host, const wchar_t* key) { EXPECT_EQ(host.Properties()->Remove(_variant_t(key)), S_OK); }
+
 TEST_F(GridTest, AddingTellsBeforeTheRowsStandOrRefusalsTell) {
     GridContainer host;
     host.events.on[L"PropertyAdded"] = [&](const EventCall& call) {
@@ -84,6 +86,30 @@ TEST_F(GridTest, RemovingLeavesEmptyCategoriesOrTakesSharedOnes) {
     EXPECT_EQ(host.Selected(), L"");
     EXPECT_EQ(host.EditText(), L"");
     EXPECT_EQ(host.Count(), 0);
+}
+
+TEST_F(GridTest, ACategoryThatReadsLikeAPropertysKeyTakesItsRowsOrLosesIt) {
+    const std::pair<const wchar_t*, const wchar_t*> rows[] = {
+        {L"a", L"Cat"}, {L"b", L"Cat_a"}, {L"c", L"CAT_A"}, {L"d", L"Cat_A|b"}, {L"b|e", L"Cat_a_b"}};
+    for (const bool backward : {false, true}) {
+        GridContainer host;
+        host->put_ActiveView(omCatagorized);
+        for (std::size_t i = 0; i < std::size(rows); ++i) {
+            const auto& [name, category] = rows[backward ? std::size(rows) - 1 - i : i];
+            host.Add(name, L"", category);
+        }
+        EXPECT_EQ(Rows(host), backward ? L"* b|e * * d c b * a" : L"* a * b c * d * b|e");
+        Remove(host, L"Cat_a");
+        EXPECT_EQ(host.Count(), 4);
+        EXPECT_EQ(Rows(host), backward ? L"* b|e * * d c b" : L"* b c * d * b|e");
+        for (const wchar_t* key : {L"Cat_a_b", L"cat_a_c", L"cat_a|b_d"})
+            Remove(host, key);
+        EXPECT_EQ(Rows(host), L"* b|e") << "categories without rows stay";
+        host.Add(L"a", L"", L"Cat");
+        host->ExpandCategory(_bstr_t(L"Cat_a"), VARIANT_FALSE);
+        host->ExpandCategory(_bstr_t(L"Cat_a_b"), VARIANT_FALSE);
+        EXPECT_EQ(Rows(host), L"* * a");
+    }
 }
 
 TEST_F(GridTest, ClearingTellsTheHostOrKeepsEditorAndSelection) {
@@ -337,6 +363,70 @@ TEST_F(GridTest, OddAndHugeTextsBreakNamesValuesOrCategories) {
     EXPECT_EQ(host->put_ColumnDividerPosition(-1.0F), S_OK);
     _variant_t result;
     EXPECT_EQ(host.Properties()->Clear(&result), S_OK);
+}
+
+TEST_F(GridTest, DeepCategoriesNeedAsMuchStackOrMemoryAsLevels) {
+    constexpr long kDepth = 16000;
+    GridContainer host;
+    std::wstring path = L"Top";
+    for (long i = 1; i < kDepth; ++i)
+        path += L"|c";
+    host->put_CustomSort(VARIANT_TRUE);
+    host->put_Sorted(VARIANT_TRUE);
+    host->put_ActiveView(omCatagorized);
+    const auto row = host.Add(L"row", L"text", path.c_str());
+    host.Add(L"beside", L"", L"Top");
+    EXPECT_EQ(host.Heard(), L"ActiveViewChanged; PropertyAdded row; PropertyAdded beside");
+    host->ExpandCategory(_bstr_t(L"Top|c"), VARIANT_FALSE);
+    host->ExpandCategory(_bstr_t(L"Top"), VARIANT_FALSE);
+    host.Heard();
+    host.Select(row.Get()); // opens what is above it
+    EXPECT_EQ(host.Heard(), L"CategoryExpanding Top False; CategoryExpanding c False; SelChanged row");
+    host.Paint();
+    EXPECT_EQ(host.EditText(), L"text");
+    Remove(host, (path + L"_row").c_str());
+    EXPECT_EQ(host.Selected(), L"");
+    EXPECT_EQ(Rows(host), L"* beside");
+    host.Add(L"row", L"", path.c_str());
+}
+
+TEST_F(GridTest, ARowAddedWhileItsNamesakeGoesIsMissingInTheViews) {
+    GridContainer host;
+    host.Add(L"row", L"", L"X");
+    auto* properties = static_cast<CProperties*>(host.Properties().Get());
+    properties->AddProperty(properties->FindItem(_variant_t(1L)), {.name = L"child"});
+    host.events.on[L"PropertyDeleted"] = [&](const EventCall& call) {
+        if (PropertyName(Query<_CProperty>(V_DISPATCH(&call[0])).Get()) == L"child")
+            host.Add(L"row", L"again", L"X");
+    };
+    Remove(host, L"X_row");
+    EXPECT_EQ(ValueText(host.Item(1L).Get()), L"again");
+    EXPECT_EQ(Rows(host), L"row");
+    host->put_ActiveView(omCatagorized);
+    EXPECT_EQ(Rows(host), L"* row");
+}
+
+TEST_F(GridTest, DeeplyNestedRowsNeedAsMuchStackAsLevels) {
+    constexpr long kDepth = 3000;
+    GridContainer host;
+    host.Add(L"row", L"", L"X");
+    auto* properties = static_cast<CProperties*>(host.Properties().Get());
+    ComPtr<CProperty> nested = properties->FindItem(_variant_t(1L));
+    host.events.quiet.insert({L"PropertyAdded", L"PropertyDeleted"});
+    for (long i = 1; i < kDepth; ++i)
+        nested = properties->AddProperty(nested.Get(), {.name = L"x"});
+    ASSERT_EQ(host.Count(), kDepth);
+    host.Select(nested.Get());
+    EXPECT_EQ(host.Selected(), L"x");
+    host.Item(1L)->put_Visible(VARIANT_FALSE);
+    EXPECT_EQ(host.Selected(), L"");
+    long told = 0;
+    host.events.on[L"PropertyDeleted"] = [&](const EventCall& call) {
+        EXPECT_EQ(PropertyName(Query<_CProperty>(V_DISPATCH(&call[0])).Get()), ++told == kDepth ? L"row" : L"x");
+    };
+    Remove(host, L"X_row");
+    EXPECT_EQ(told, kDepth);
+    EXPECT_EQ(host.Count(), 0);
 }
 
 } // namespace

@@ -33,11 +33,11 @@ protected:
     }
     std::wstring Heard() { return std::exchange(m_Heard, {}); }
 
-    void NodePropertyChanged(const std::wstring& key, const wchar_t* propertyName) override {
-        m_Heard += key + L"." + propertyName + L" ";
+    void NodePropertyChanged(CNode& node, const wchar_t* propertyName) override {
+        m_Heard += node.Key() + L"." + propertyName + L" ";
     }
-    void NodeStateChanging(const std::wstring& key, VARIANT_BOOL& cancel) override {
-        m_Heard += key + L"? ";
+    void NodeStateChanging(CNode& node, VARIANT_BOOL& cancel) override {
+        m_Heard += node.Key() + L"? ";
         onChanging(cancel);
     }
 
@@ -79,27 +79,28 @@ TEST_F(Tree, RemovalClosesTheGapAndKeepsNumbers) {
     AddCategory(b, L"b1");
     CNode* c = AddCategory(nullptr, L"c");
     CNode* c1 = AddCategory(c, L"c1");
-    nodes.Remove(L"B");
+    nodes.Remove(b);
     EXPECT_EQ(nodes.RootCount(), 2);
     EXPECT_EQ(nodes.Count(), 3);
-    EXPECT_EQ(nodes.Item(L"b1"), nullptr);
+    EXPECT_EQ(nodes.Category(nullptr, L"b"), nullptr);
+    EXPECT_EQ(nodes.Category(b, L"b1"), nullptr);
     EXPECT_EQ(c->TreeKey(), L"P0_I2");
     EXPECT_EQ(c->NodeId(), 1003);
     EXPECT_EQ(nodes.GetByTreeKey(L"P1003_I1"), c1);
     EXPECT_EQ(nodes.GetByTreeKey(L"P1001_I1"), nullptr);
     EXPECT_EQ(AddCategory(nullptr, L"b")->NodeId(), 1005) << "a number is never given twice";
-    nodes.Remove(L"nobody");
-    nodes.Remove(static_cast<CNode*>(nullptr));
+    nodes.Remove(nullptr);
     EXPECT_EQ(nodes.Count(), 4);
 }
 
-TEST_F(Tree, ItemsAreFoundByKeyInAnyCaseAndByPositionInTheOrderOfFiling) {
+TEST_F(Tree, CategoriesAreFoundByKeyInAnyCaseAndNodesByPositionInTheOrderOfFiling) {
     CNode* a = AddCategory(nullptr, L"Ärger");
     CNode* b = AddCategory(nullptr, L"b");
     CNode* c = AddCategory(nullptr, L"c");
-    EXPECT_EQ(nodes.Item(L"ÄRGER"), a);
-    EXPECT_EQ(nodes.Item(L"P0_I1"), nullptr) << "a tree key is no key";
-    EXPECT_EQ(nodes.Item(L""), nullptr);
+    EXPECT_EQ(nodes.Category(nullptr, L"ÄRGER"), a);
+    EXPECT_EQ(nodes.Category(b, L"Ärger"), nullptr) << "it is the child of nobody";
+    EXPECT_EQ(nodes.Category(nullptr, L"P0_I1"), nullptr) << "a tree key is no key";
+    EXPECT_EQ(nodes.Category(nullptr, L""), nullptr);
     EXPECT_EQ(nodes.ItemAt(1), a);
     nodes.SwapNodes(a, b);
     EXPECT_EQ(nodes.ItemAt(1), c) << "what moved is filed anew";
@@ -237,8 +238,8 @@ TEST_F(Tree, APropertyNodeShowsItsPropertyAndNothingOnceThatIsRemoved) {
     EXPECT_EQ(node->Property(), nullptr);
     EXPECT_EQ(V_VT(&node->Value()), VT_EMPTY);
     EXPECT_FALSE(node->Bold());
-    EXPECT_EQ(node->Key(), L"_a") << "the tree can still find it to remove it";
-    nodes.Remove(nodes.Item(L"_a"));
+    EXPECT_EQ(node->Key(), L"_a");
+    nodes.Remove(nodes.ItemOf(*property.Get()));
     EXPECT_EQ(nodes.Count(), 0);
 }
 
@@ -265,7 +266,7 @@ TEST_F(Tree, CategoriesAreSharedByPrefixWhateverBlanksAndCase) {
     EXPECT_EQ(color->ParentNode(), size->ParentNode());
     EXPECT_EQ(Walk(L"font"), size->ParentNode());
     EXPECT_EQ(size->ParentNode()->Name(), L"Font");
-    EXPECT_EQ(size->Key(), std::wstring(L"Font\0Size", 9));
+    EXPECT_EQ(size->Key(), L"Size");
     EXPECT_TRUE(size->Bold());
     EXPECT_EQ(size->ForeColor(), 1u);
     EXPECT_EQ(size->BackColor(), 2u);
@@ -383,6 +384,15 @@ TEST_F(TreeRows, ADeepTreeIsRemovedAndClearedWithoutDeepCalls) {
     }
 }
 
+CNode* Keyed(const CNodes& nodes, std::wstring_view key) {
+    for (const Ref<CNode>& node : nodes.All()) {
+        if (node->Key() == key) {
+            return node.Get();
+        }
+    }
+    return nullptr;
+}
+
 // All names from top to bottom, each subtree in brackets behind its root.
 std::wstring Outline(const CNodes& nodes) {
     std::wstring text;
@@ -413,9 +423,9 @@ TEST_F(Tree, SortingPutsKindsAndNamesInTheWrongOrder) {
     nodes.Sort(false);
     EXPECT_EQ(Outline(nodes), L"+J+k(+deep( x y) C1 a1 b1) C a b");
     EXPECT_EQ(nodes.VisibleRowCount(), 10);
-    EXPECT_EQ(nodes.RowOf(nodes.Item(L"_y")), 3);
-    EXPECT_EQ(nodes.Item(L"k")->TreeKey(), L"P0_I2");
-    EXPECT_EQ(nodes.GetByTreeKey(L"P0_I1"), nodes.Item(L"J"));
+    EXPECT_EQ(nodes.RowOf(Keyed(nodes, L"_y")), 3);
+    EXPECT_EQ(category->TreeKey(), L"P0_I2");
+    EXPECT_EQ(nodes.GetByTreeKey(L"P0_I1"), Keyed(nodes, L"J"));
     nodes.Sort(true);
     EXPECT_EQ(Outline(nodes), L" b a C+k( b1 a1 C1+deep( y x))+J");
 }
@@ -431,7 +441,7 @@ TEST_F(Tree, SortingRemembersAnOrderThatIsNoMore) {
         const long at = nodes.Count() ? any(nodes.Count()) + 1 : 0;
         CNode* relative = at && any(3) ? nodes.ItemAt(at) : nullptr;
         const std::wstring relativeKey = relative ? relative->Key() : L"";
-        CNode* twin = relative ? reference.Item(relativeKey) : nullptr;
+        CNode* twin = relative ? Keyed(reference, relativeKey) : nullptr;
         const std::wstring name(1, static_cast<wchar_t>(L"aAbBzZ"[any(6)]));
         if (any(3) == 0) {
             std::wstring key = L"c" + std::to_wstring(++made);
@@ -451,9 +461,9 @@ TEST_F(Tree, SortingRemembersAnOrderThatIsNoMore) {
             add();
         const std::wstring key = nodes.ItemAt(any(nodes.Count()) + 1)->Key();
         if (any(4) == 0) {
-            nodes.Remove(key);
-            reference.Remove(key);
-        } else if (CNode* node = nodes.Item(key); any(4) == 0 && node->Property()) {
+            nodes.Remove(Keyed(nodes, key));
+            reference.Remove(Keyed(reference, key));
+        } else if (CNode* node = Keyed(nodes, key); any(4) == 0 && node->Property()) {
             node->Property()->SetName(std::wstring(1, static_cast<wchar_t>(L'a' + any(26))));
             nodes.NameChanged(node);
         }
@@ -494,7 +504,7 @@ TEST_F(Tree, TheHostIsAskedForOtherPairsOrItsAnswersAreLost) {
         AddProperty(nullptr, name);
     SortByHost(nodes, false, [&](const CNode&, const CNode& second, bool&) {
         if (second.Name() == L"f")
-            nodes.Remove(L"_f");
+            nodes.Remove(Keyed(nodes, L"_f"));
         return true;
     });
     EXPECT_EQ(Outline(nodes), L" e g h");

@@ -1,0 +1,189 @@
+// Where the open editor and the selection are after rows came, went or moved.
+
+#include "InspectTools.h"
+
+#include <algorithm>
+
+namespace ormisk::test {
+namespace {
+
+// The top of the selected row, as it is painted.
+long SelectedTop(const GridContainer& host) {
+    const Picture picture = host.Paint();
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    for (long y = host.HeaderHeight(); y < picture.Size().cy; ++y)
+        if (picture.At(host.Divider() - 3, y) == highlight)
+            return y;
+    return -1;
+}
+
+void ExpectEditorOverItsRow(const GridContainer& host, const std::string& deed) {
+    RECT editor{};
+    GetWindowRect(host.EditBox(), &editor);
+    MapWindowPoints(nullptr, host.Tree(), reinterpret_cast<POINT*>(&editor), 2);
+    const RECT cell = host.ValueCell(0);
+    const long top = SelectedTop(host);
+    EXPECT_NE(host.EditText(), L"") << deed;
+    EXPECT_NEAR(editor.top, top + 2, 2) << deed;
+    EXPECT_NEAR(editor.bottom, top + host.RowHeight() - 2, 2) << deed;
+    EXPECT_NEAR(editor.left, cell.left + 2, 2) << deed;
+    EXPECT_NEAR(editor.right, cell.right - 2, 2) << deed;
+}
+
+struct Deed {
+    const char* name;
+    std::function<void(GridContainer&)> act;
+};
+
+void Show(GridContainer& host, const wchar_t* key, bool visible) {
+    EXPECT_EQ(host.Item(key)->put_Visible(visible ? VARIANT_TRUE : VARIANT_FALSE), S_OK);
+}
+void Remove(GridContainer& host, const _variant_t& indexOrKey) {
+    EXPECT_EQ(host.Properties()->Remove(indexOrKey), S_OK);
+}
+
+// All about rows in front of the selected one, in both views.
+const Deed kDeeds[] = {
+    {"hidden", [](GridContainer& host) { Show(host, L"A_a1", false); }},
+    {"hidden with its category empty", [](GridContainer& host) { Show(host, L"Only_only", false); }},
+    {"shown", [](GridContainer& host) { Show(host, L"A_a1", true); }},
+    {"removed", [](GridContainer& host) { Remove(host, L"A_a2"); }},
+    {"removed with its categories", [](GridContainer& host) { Remove(host, L"Only_only"); }},
+    {"closed or opened",
+     [](GridContainer& host) {
+         const bool byCode = Read(host.grid.Get(), &OrmiskGrid::get_ActiveView) != omAlphabetic;
+         if (byCode)
+             host->ExpandCategory(_bstr_t(L"A"), VARIANT_FALSE);
+     }},
+    {"added", [](GridContainer& host) { host.Add(L"a9", L"", L"A"); }},
+    {"sorted in front",
+     [](GridContainer& host) {
+         host->put_Sorted(VARIANT_TRUE);
+         host.Add(L"B1", L"", L"0");
+     }},
+    {"loaded",
+     [](GridContainer& host) {
+         const Inspected object(1);
+         Load(host.grid.Get(), object.Get(), 1, false);
+     }},
+    {"removed again",
+     [](GridContainer& host) {
+         for (const wchar_t* key : {L"A_a1", L"A_a3", L"A_a9", L"0_B1"})
+             Remove(host, key);
+     }},
+    {"many more",
+     [](GridContainer& host) {
+         for (int i = 0; i < 60; ++i)
+             host.Add((L"z" + std::to_wstring(i)).c_str(), L"", L"Z");
+     }},
+    {"less again",
+     [](GridContainer& host) {
+         while (host.Count() > 8)
+             Remove(host, host.Count());
+     }},
+};
+
+TEST_F(InspectTest, TheOpenEditorCoversAnotherRowWhenRowsInFrontOfItComeOrGo) {
+    for (const omActiveView view : {omAlphabetic, omCatagorized}) {
+        for (const bool locked : {false, true}) {
+            GridContainer host({.size = {300, 500}});
+            for (const wchar_t* name : {L"a1", L"a2", L"a3"})
+                host.Add(name, L"", L"A");
+            host.Add(L"only", L"", L"Only");
+            for (const wchar_t* name : {L"b1", L"b2", L"b3"})
+                host.Add(name, L"text", L"B");
+            host->put_ActiveView(view);
+            host.Select(host.Item(L"B_b2").Get());
+            for (const Deed& deed : kDeeds) {
+                const std::string name =
+                    (view == omAlphabetic ? "alphabetic, " : "categorized, ") + std::string(deed.name);
+                if (locked)
+                    host->put_LockRefresh(VARIANT_TRUE);
+                deed.act(host);
+                ExpectEditorOverItsRow(host, name + (locked ? ", under the lock" : ""));
+                if (locked) {
+                    host->put_LockRefresh(VARIANT_FALSE);
+                    ExpectEditorOverItsRow(host, name + ", after the lock");
+                }
+            }
+        }
+    }
+}
+
+TEST_F(GridTest, TheOpenEditorCoversAnotherRowWhenAScrolledListShrinks) {
+    for (const bool removed : {false, true}) {
+        GridContainer host;
+        for (int i = 0; i < 40; ++i)
+            host.Add((L"r" + std::to_wstring(i)).c_str(), L"text");
+        host.Select(host.Item(38L).Get());
+        ExpectEditorOverItsRow(host, "scrolled");
+        for (long i = 1; i <= 36; ++i) {
+            if (removed)
+                Remove(host, 1L);
+            else
+                host.Item(i)->put_Visible(VARIANT_FALSE);
+            if (i == 20)
+                host->put_LockRefresh(VARIANT_TRUE); // settles the scroll bar when it goes
+            if (i == 30)
+                host->put_LockRefresh(VARIANT_FALSE);
+            if (SelectedTop(host) >= 0)
+                ExpectEditorOverItsRow(host, "row " + std::to_string(i));
+        }
+        host->Refresh();
+        host->put_LockRefresh(VARIANT_FALSE);
+        ExpectEditorOverItsRow(host, "at the end");
+        EXPECT_FALSE(GetWindowLongPtrW(host.ScrollBarWindow(), GWL_STYLE) & WS_VISIBLE);
+    }
+}
+
+TEST_F(InspectTest, ARowBelowAHiddenOneKeepsSelectionOrEditor) {
+    const Inspected outer(1), middle(1), inner(1);
+    outer.Put(L"Child", middle.Get());
+    middle.Put(L"Child", inner.Get());
+    for (const omActiveView view : {omAlphabetic, omCatagorized}) {
+        for (const wchar_t* hidden : {L"CHILD", L"CHILD_CHILD", L"CHILD_CHILD_ATEXT"}) {
+            GridContainer host;
+            Load(host.grid.Get(), outer.Get(), 3);
+            host->put_ActiveView(view);
+            const auto row = host.Item(L"CHILD_CHILD_ATEXT");
+            host.Select(row.Get());
+            host.TypeIntoEditor(L"typed");
+            host.Heard();
+            Show(host, hidden, false);
+            EXPECT_EQ(host.Heard(), L"ValidateValue AText typed False; PropertyValueChanged AText; SelChanged Nothing");
+            EXPECT_EQ(host.Selected(), L"");
+            EXPECT_EQ(host.EditText(), L"");
+            EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(row.Get())),
+                      L"8004000F|" + std::wstring(kLibraryTitle) + L"|Invalid action for this property.");
+            Show(host, hidden, true);
+            EXPECT_EQ(host.Heard(), L"");
+            host.Select(row.Get());
+            EXPECT_EQ(host.EditText(), L"typed");
+            row->put_Value(_variant_t(L"3"));
+        }
+    }
+    for (const Inspected* object : {&outer, &middle})
+        object->Put(L"Child", static_cast<IDispatch*>(nullptr));
+}
+
+TEST_F(GridTest, ARowThatAHandlerHidesIsSelectedOrTheOneThatItSelectsIsNot) {
+    GridContainer host;
+    const auto a = host.Add(L"a", L"1");
+    const auto b = host.Add(L"b", L"2");
+    const auto c = host.Add(L"c", L"3");
+    host.Select(a.Get());
+    host.TypeIntoEditor(L"x");
+    host.events.on[L"ValidateValue"] = [&](const EventCall&) { b->put_Visible(VARIANT_FALSE); };
+    host.Select(b.Get());
+    EXPECT_EQ(host.Selected(), L"");
+    EXPECT_EQ(host.EditText(), L"");
+    host.Select(c.Get());
+    host.TypeIntoEditor(L"y");
+    host.events.on[L"ValidateValue"] = [&](const EventCall&) { host.Select(a.Get()); };
+    c->put_Visible(VARIANT_FALSE);
+    EXPECT_EQ(host.Selected(), L"a");
+    EXPECT_EQ(host.EditText(), L"x");
+}
+
+} // namespace
+} // namespace ormisk::test
