@@ -5,6 +5,7 @@ set(RULE_SOURCES
   listbox/ListPlace.cpp
   listbox/TypeAhead.cpp
   model/FoldedKey.cpp
+  model/FormatBound.cpp
   model/KeyFold.cpp
   model/NumberText.cpp
   platform/AccessKey.cpp

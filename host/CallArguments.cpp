@@ -1,21 +1,17 @@
 #include "CallArguments.h"
 
+#include "Conversion.h"
 #include "Failure.h"
 
-#include <comutil.h>
-#include <oleauto.h>
+#include <limits>
 
 namespace ormisk {
 namespace {
 
 // `what` is a value of that type in words.
 _variant_t Converted(const VARIANT& value, VARTYPE type, int position, const wchar_t* what) {
-    _variant_t plain;
     _variant_t converted;
-    HRESULT result = VariantCopyInd(&plain, const_cast<VARIANT*>(&value));
-    if (SUCCEEDED(result))
-        result = VariantChangeType(&converted, &plain, VARIANT_ALPHABOOL, type);
-    if (FAILED(result))
+    if (FAILED(ConvertValue(value, type, VARIANT_ALPHABOOL, converted)))
         throw Failure{L"Argument " + std::to_wstring(position + 1) + L" is not " + what};
     return converted;
 }
@@ -37,6 +33,13 @@ double CallArguments::Number(int position) const {
 
 int CallArguments::Integer(int position) const {
     return Converted(At(position), VT_I4, position, L"a whole number").lVal;
+}
+
+OLE_COLOR CallArguments::Color(int position) const {
+    const double number = Number(position);
+    if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<unsigned>::max()))
+        throw Failure{L"Argument " + std::to_wstring(position + 1) + L" is not a colour"};
+    return static_cast<OLE_COLOR>(static_cast<long long>(number));
 }
 
 } // namespace ormisk

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <oaidl.h>
+#include <olectl.h>
 #include <windows.h>
 
 #include <string>
@@ -17,6 +18,7 @@ public:
     std::wstring Text(int position) const;
     double Number(int position) const;
     int Integer(int position) const;
+    OLE_COLOR Color(int position) const; // a number of 32 bits, signed or not
 
     // The same for an argument that may be left out.
     int Integer(int position, int absent) const { return Given(position) ? Integer(position) : absent; }

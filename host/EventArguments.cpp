@@ -1,8 +1,7 @@
 #include "EventArguments.h"
 
+#include "Conversion.h"
 #include "Failure.h"
-
-#include <oleauto.h>
 
 #include <utility>
 
@@ -83,13 +82,13 @@ void EventArguments::WriteBack() {
         if (m_Passed[i].vt != kVariantReference || m_Passed[i].pvarVal != &m_StandIns[i])
             continue;
         const VARIANT& reference = m_Original.rgvarg[i];
-        VARIANT converted;
-        VariantInit(&converted);
+        _variant_t converted;
         const auto type = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
-        if (FAILED(VariantChangeType(&converted, &m_StandIns[i], 0, type)))
+        if (FAILED(ConvertValue(m_StandIns[i], type, 0, converted)))
             throw Failure{L"the value given to argument " + std::to_wstring(m_Original.cArgs - i) +
                           L" is of a wrong type"};
-        Store(reference, converted);
+        VARIANT content = converted.Detach();
+        Store(reference, content);
     }
 }
 

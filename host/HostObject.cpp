@@ -247,13 +247,12 @@ _variant_t HostObject::Pixel(const CallArguments& arguments) {
 }
 
 _variant_t HostObject::FillCell(const CallArguments& arguments) {
-    FillPart(ContextOf(arguments.Integer(0)), PartOf(arguments), static_cast<OLE_COLOR>(arguments.Integer(5)));
+    FillPart(ContextOf(arguments.Integer(0)), PartOf(arguments), arguments.Color(5));
     return {};
 }
 
 _variant_t HostObject::WriteCell(const CallArguments& arguments) {
-    WritePart(ContextOf(arguments.Integer(0)), PartOf(arguments), arguments.Text(5),
-              static_cast<OLE_COLOR>(arguments.Integer(6)));
+    WritePart(ContextOf(arguments.Integer(0)), PartOf(arguments), arguments.Text(5), arguments.Color(6));
     return {};
 }
 

@@ -27,6 +27,18 @@ void FreeTexts(const EXCEPINFO& exception) {
     SysFreeString(exception.bstrHelpFile);
 }
 
+// Of a failure only the number is kept.
+HRESULT GetQuietly(IDispatch* object, DISPID id, WORD flags, LCID locale, _variant_t& value) {
+    value.Clear();
+    EXCEPINFO exception{};
+    const HRESULT hr = InvokeById(object, id, flags, nullptr, locale, &value, &exception);
+    if (FAILED(hr)) {
+        FreeTexts(exception);
+        value.Clear();
+    }
+    return hr;
+}
+
 } // namespace
 
 _variant_t InvokeByName(IDispatch* object, const std::wstring& member, WORD flags, VARIANT* argument, LCID locale) {
@@ -44,6 +56,10 @@ _variant_t InvokeByName(IDispatch* object, const std::wstring& member, WORD flag
     return result;
 }
 
+HRESULT GetDefaultValue(IDispatch* object, _variant_t& value) {
+    return GetQuietly(object, DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, LOCALE_USER_DEFAULT, value);
+}
+
 NamedProperty::NamedProperty(IDispatch* object, const std::wstring& name) : m_Object(object) {
     if (object) {
         m_Found = FindByName(object, name, kByNameLocale, &m_Id);
@@ -51,18 +67,11 @@ NamedProperty::NamedProperty(IDispatch* object, const std::wstring& name) : m_Ob
 }
 
 HRESULT NamedProperty::Get(_variant_t& value) const {
-    value.Clear();
     if (FAILED(m_Found)) {
+        value.Clear();
         return m_Found;
     }
-    EXCEPINFO exception{};
-    const HRESULT hr =
-        InvokeById(m_Object.Get(), m_Id, DISPATCH_PROPERTYGET, nullptr, kByNameLocale, &value, &exception);
-    if (FAILED(hr)) {
-        FreeTexts(exception);
-        value.Clear();
-    }
-    return hr;
+    return GetQuietly(m_Object.Get(), m_Id, DISPATCH_PROPERTYGET, kByNameLocale, value);
 }
 
 HRESULT NamedProperty::Put(WORD flags, VARIANT* value) const {

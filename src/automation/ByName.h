@@ -13,6 +13,9 @@ constexpr LCID kByNameLocale = 0x409;
 _variant_t InvokeByName(IDispatch* object, const std::wstring& member, WORD flags, VARIANT* argument = nullptr,
                         LCID locale = kByNameLocale);
 
+// The default value of an object. Nothing is raised; Empty after a failure.
+HRESULT GetDefaultValue(IDispatch* object, _variant_t& value);
+
 // A property of an object that is called several times and may fail: the name is looked up once, nothing is raised, and
 // of a failure only its number is kept. Holds the object.
 class NamedProperty {

@@ -58,11 +58,9 @@ ComPtr<IFontDisp> ControlSite::AmbientFont() const {
 }
 
 bool ControlSite::UserMode() const {
-    auto value = Ambient(DISPID_AMBIENT_USERMODE);
-    if (!value || FAILED(VariantChangeType(&*value, &*value, 0, VT_BOOL))) {
-        return true;
-    }
-    return V_BOOL(&*value) != VARIANT_FALSE;
+    const auto value = Ambient(DISPID_AMBIENT_USERMODE);
+    _variant_t mode;
+    return !value || FAILED(ConvertValue(*value, VT_BOOL, mode)) || V_BOOL(&mode) != VARIANT_FALSE;
 }
 
 bool ControlSite::TranslateAccelerator(MSG& message) const {

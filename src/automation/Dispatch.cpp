@@ -2,59 +2,178 @@
 
 #include "automation/Value.h"
 
+#include <cstdint>
+#include <optional>
+#include <vector>
+
 namespace ormisk {
 
 namespace {
 
+constexpr WORD kGets = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+
 // Failures of the call itself, which tell of no failure inside the member.
 bool IsFailureOfCall(HRESULT hr) { return HRESULT_FACILITY(hr) == FACILITY_DISPATCH && hr != DISP_E_EXCEPTION; }
 
-bool GivesVariant(ITypeInfo* info, DISPID id) {
-    FUNCDESC* member = nullptr;
-    for (UINT i = 0; SUCCEEDED(info->GetFuncDesc(i, &member)); ++i) {
-        const bool found = member->memid == id && !(member->invkind & (INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF));
-        const bool variant = member->elemdescFunc.tdesc.vt == VT_VARIANT;
-        info->ReleaseFuncDesc(member);
-        if (found) {
-            return variant;
+// The form of the member that a call is for. Languages without an assignment of references put an object where a member
+// only takes a reference; their null means no object then. Those that say both put an object by reference if they can.
+const MemberForm* FindForm(const DispatchType& type, const MemberCall& call, const DISPPARAMS& parameters) {
+    if (call.flags & kGets) {
+        return type.Find(call.id, call.flags & kGets);
+    }
+    if (parameters.cArgs == 0) {
+        return nullptr;
+    }
+    const VARIANT& value = parameters.rgvarg[0];
+    const MemberForm* put = type.Find(call.id, call.flags & DISPATCH_PROPERTYPUT);
+    const bool refers = call.flags & DISPATCH_PROPERTYPUTREF || (!put && (HoldsObject(value) || IsNull(value)));
+    const MemberForm* reference = refers ? type.Find(call.id, DISPATCH_PROPERTYPUTREF) : nullptr;
+    return reference && (!put || HoldsObject(value)) ? reference : put;
+}
+
+HRESULT ConvertColor(const VARIANT& given, _variant_t& converted) {
+    std::uint32_t color = 0;
+    const HRESULT hr = ReadColor(given, color);
+    V_VT(&converted) = VT_UI4;
+    V_UI4(&converted) = color;
+    return hr;
+}
+
+// Null counts as no object.
+HRESULT ConvertObject(const VARIANT& given, REFIID iid, _variant_t& converted) {
+    IUnknown* const object = ObjectOf(given);
+    IDispatch* asked = nullptr;
+    if (object && FAILED(object->QueryInterface(iid, reinterpret_cast<void**>(&asked)))) {
+        return DISP_E_TYPEMISMATCH; // an object of another kind
+    }
+    V_VT(&converted) = VT_DISPATCH;
+    V_DISPATCH(&converted) = asked;
+    return S_OK;
+}
+
+// Empty when the type library converts the argument as the rules of automation are.
+std::optional<HRESULT> ConvertArgument(const VARIANT& given, const MemberForm::Type& wanted, WORD kind,
+                                       _variant_t& converted) {
+    if (wanted.type == VT_DISPATCH) {
+        const bool none = kind == DISPATCH_PROPERTYPUTREF && IsNull(given);
+        const bool named = HoldsObject(given) && wanted.object != GUID_NULL;
+        return none || named ? std::optional(ConvertObject(given, wanted.object, converted)) : std::nullopt;
+    }
+    if (wanted.type == VT_UI4 && !IsMissing(given)) {
+        return ConvertColor(given, converted);
+    }
+    const bool takesObjects = wanted.type == VT_VARIANT || wanted.type == VT_UNKNOWN || wanted.type & VT_BYREF;
+    return HoldsObject(given) && !takesObjects ? std::optional(ResolveDefault(given, converted)) : std::nullopt;
+}
+
+// The arguments of a call as the type library gets them.
+class Arguments {
+public:
+    Arguments(const MemberForm& form, const DISPPARAMS& given) : m_Form(form), m_Given(given) {
+        m_Values.reserve(given.cArgs);
+        m_Owned.reserve(given.cArgs);
+    }
+    Arguments(const Arguments&) = delete;
+    Arguments& operator=(const Arguments&) = delete;
+    ~Arguments() {
+        for (std::size_t place = 0; place < m_Values.size(); ++place) {
+            if (m_Owned[place]) {
+                VariantClear(&m_Values[place]); // the type library may have put another interface of an object there
+            }
         }
     }
-    return false;
-}
+
+    HRESULT Convert(UINT* badArgument) {
+        if (m_Given.cArgs > m_Form.parameters.size() || m_Given.cNamedArgs > m_Given.cArgs) {
+            return DISP_E_BADPARAMCOUNT;
+        }
+        for (UINT place = 0; place < m_Given.cArgs; ++place) {
+            const VARIANT& given = m_Given.rgvarg[place];
+            const MemberForm::Type* wanted = TypeAt(place);
+            _variant_t converted;
+            const auto done = wanted ? ConvertArgument(given, *wanted, m_Form.kind, converted) : std::nullopt;
+            if (done && FAILED(*done)) {
+                if (badArgument) {
+                    *badArgument = place;
+                }
+                return *done;
+            }
+            m_Owned.push_back(done.has_value());
+            m_Values.push_back(done ? converted.Detach() : given);
+        }
+        return S_OK;
+    }
+
+    DISPPARAMS Parameters() { return {m_Values.data(), m_Given.rgdispidNamedArgs, m_Given.cArgs, m_Given.cNamedArgs}; }
+
+private:
+    // Named arguments come first in the list, the others behind them from the last to the first. Null for a name that
+    // is none.
+    const MemberForm::Type* TypeAt(UINT place) const {
+        auto parameter = static_cast<std::size_t>(m_Given.cArgs - 1 - place);
+        if (place < m_Given.cNamedArgs) {
+            const DISPID name = m_Given.rgdispidNamedArgs[place];
+            parameter = name == DISPID_PROPERTYPUT ? m_Form.parameters.size() - 1 : static_cast<std::size_t>(name);
+        }
+        return parameter < m_Form.parameters.size() ? &m_Form.parameters[parameter] : nullptr;
+    }
+
+    const MemberForm& m_Form;
+    const DISPPARAMS& m_Given;
+    std::vector<VARIANT> m_Values;
+    std::vector<bool> m_Owned; // the others are borrowed from the caller
+};
 
 // Scripts know a colour as a signed number of 32 bits, and cannot compare an unsigned one. What a host keeps in a
 // Variant stays as it is.
-void GiveSigned(ITypeInfo* info, DISPID id, VARIANT* result) {
-    if (result && V_VT(result) == VT_UI4 && !GivesVariant(info, id)) {
+void GiveSigned(const MemberForm& form, VARIANT* result) {
+    if (result && form.result.type == VT_UI4 && V_VT(result) == VT_UI4) {
         V_VT(result) = VT_I4;
     }
 }
 
-// A script's small number has 16 bits; a colour takes a negative one only in 32.
-HRESULT PutWidened(ITypeInfo* info, IDispatch* instance, DISPID id, const DISPPARAMS& parameters, EXCEPINFO* exception,
-                   UINT* badArgument) {
-    VARIANT wide;
-    V_VT(&wide) = VT_I4;
-    V_I4(&wide) = V_I2(&parameters.rgvarg[0]);
-    DISPPARAMS widened{&wide, parameters.rgdispidNamedArgs, 1, parameters.cNamedArgs};
-    return info->Invoke(instance, id, DISPATCH_PROPERTYPUT, &widened, nullptr, exception, badArgument);
+// Runs the member. What it fails at comes as DISP_E_EXCEPTION.
+HRESULT Run(ITypeInfo* info, IDispatch* instance, const MemberForm& form, DISPPARAMS& parameters,
+            const CallOutcome& outcome) {
+    SetErrorInfo(0, nullptr);
+    EXCEPINFO raised{};
+    const HRESULT hr =
+        info->Invoke(instance, form.id, form.kind, &parameters, outcome.result, &raised, outcome.badArgument);
+    if (SUCCEEDED(hr)) {
+        GiveSigned(form, outcome.result);
+    }
+    if (SUCCEEDED(hr) || IsFailureOfCall(hr)) {
+        return hr;
+    }
+    // The type library has taken the error information already, or left it to its caller.
+    const bool taken = hr == DISP_E_EXCEPTION && (raised.bstrDescription || raised.bstrSource);
+    const HRESULT number = hr == DISP_E_EXCEPTION && FAILED(raised.scode) ? raised.scode : hr;
+    return GiveException(taken ? TakeException(raised) : TakeErrorInfo(number), outcome.exception);
 }
 
-// Languages without an assignment of references put an object where a member only takes a reference. Their null means
-// no object then. Anything else stays a member that was not found.
-HRESULT PutAsReference(ITypeInfo* info, IDispatch* instance, DISPID id, const DISPPARAMS& parameters,
-                       EXCEPINFO* exception, UINT* badArgument) {
-    const VARIANT& given = parameters.rgvarg[0];
-    if (!HoldsObject(given) && V_VT(&given) != VT_NULL) {
-        return DISP_E_MEMBERNOTFOUND;
+// Arguments of a property that has no parameters: they go to the default member of its object, whose own may give an
+// object again, and that may be the first one.
+HRESULT RunDefaultOf(ITypeInfo* info, IDispatch* instance, const MemberForm& form, const MemberCall& call,
+                     DISPPARAMS& parameters, const CallOutcome& outcome) {
+    thread_local int depth = 0;
+    const struct Hop {
+        Hop() { ++depth; }
+        Hop(const Hop&) = delete;
+        Hop& operator=(const Hop&) = delete;
+        ~Hop() { --depth; }
+    } hop;
+    DISPPARAMS none{};
+    _variant_t given;
+    const HRESULT hr = Run(info, instance, form, none, {&given, outcome.exception, outcome.badArgument});
+    if (FAILED(hr)) {
+        return hr;
     }
-    VARIANT object = given;
-    if (V_VT(&given) == VT_NULL) {
-        V_VT(&object) = VT_DISPATCH;
-        V_DISPATCH(&object) = nullptr;
+    const ComPtr<IDispatch> object = DispatchOf(given);
+    if (!object || depth > kDeepestDefault) {
+        return DISP_E_NOTACOLLECTION;
     }
-    DISPPARAMS reference{&object, parameters.rgdispidNamedArgs, 1, parameters.cNamedArgs};
-    return info->Invoke(instance, id, DISPATCH_PROPERTYPUTREF, &reference, nullptr, exception, badArgument);
+    return object->Invoke(DISPID_VALUE, IID_NULL, call.locale, call.flags, &parameters, outcome.result,
+                          outcome.exception, outcome.badArgument);
 }
 
 } // namespace
@@ -72,8 +191,8 @@ HRESULT GiveException(const AutomationError& error, EXCEPINFO* exception) {
     return DISP_E_EXCEPTION;
 }
 
-HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid, WORD flags, DISPPARAMS* parameters,
-                     VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
+HRESULT InvokeMember(const DispatchType& type, IDispatch* instance, const MemberCall& call, REFIID iid,
+                     DISPPARAMS* parameters, const CallOutcome& outcome) {
     if (iid != IID_NULL) {
         return DISP_E_UNKNOWNINTERFACE;
     }
@@ -81,30 +200,20 @@ HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid
         return E_POINTER;
     }
     const ComPtr<IDispatch> alive(instance);
-    SetErrorInfo(0, nullptr);
-    EXCEPINFO raised{};
-    HRESULT hr = info->Invoke(instance, id, flags, parameters, result, &raised, badArgument);
-    if (hr == DISP_E_MEMBERNOTFOUND && flags == DISPATCH_PROPERTYPUT && parameters->cArgs == 1) {
-        hr = PutAsReference(info, instance, id, *parameters, &raised, badArgument);
-    } else if (hr == DISP_E_OVERFLOW && flags == DISPATCH_PROPERTYPUT && parameters->cArgs == 1 &&
-               V_VT(&parameters->rgvarg[0]) == VT_I2) {
-        hr = PutWidened(info, instance, id, *parameters, &raised, badArgument);
-    } else if (SUCCEEDED(hr)) {
-        GiveSigned(info, id, result);
+    const MemberForm* form = FindForm(type, call, *parameters);
+    if (!form) {
+        return DISP_E_MEMBERNOTFOUND;
     }
-    // An argument is an object of another kind; what a member fails at comes as an exception.
-    if (hr == E_NOINTERFACE) {
-        hr = DISP_E_TYPEMISMATCH;
+    if (form->kind == DISPATCH_PROPERTYGET && form->parameters.empty() && parameters->cArgs > 0) {
+        return RunDefaultOf(type.Info(), instance, *form, call, *parameters, outcome);
     }
-    if (SUCCEEDED(hr) || IsFailureOfCall(hr)) {
+    Arguments arguments(*form, *parameters);
+    const HRESULT hr = arguments.Convert(outcome.badArgument);
+    if (FAILED(hr)) {
         return hr;
     }
-    // The type library has taken the error information already, or left it to its caller.
-    const bool taken = hr == DISP_E_EXCEPTION && (raised.bstrDescription || raised.bstrSource);
-    const HRESULT number = hr == DISP_E_EXCEPTION && FAILED(raised.scode) ? raised.scode : hr;
-    return Guarded(iid, [&]() -> HRESULT {
-        return GiveException(taken ? TakeException(raised) : TakeErrorInfo(number), exception);
-    });
+    DISPPARAMS converted = arguments.Parameters();
+    return Run(type.Info(), instance, *form, converted, outcome);
 }
 
 HRESULT FindMembers(ITypeInfo* info, REFIID iid, wchar_t** names, UINT count, DISPID* ids) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/DispatchType.h"
 #include "automation/Error.h"
 #include "automation/LiveObject.h"
 
@@ -7,11 +8,25 @@ namespace ormisk {
 
 // The parts of a dispatch object that do not depend on its types.
 
+// What is called, and how, and where its outcome goes: the arguments of IDispatch::Invoke.
+struct MemberCall {
+    DISPID id;
+    LCID locale;
+    WORD flags;
+};
+struct CallOutcome {
+    VARIANT* result;
+    EXCEPINFO* exception;
+    UINT* badArgument;
+};
+
 // IDispatch::Invoke through the type library: no stale error information before, a failed method as DISP_E_EXCEPTION
-// with its number, source, description and help file afterwards. A member that only takes references takes an object
-// that is put without a word about references as well. The instance is held during the call.
-HRESULT InvokeMember(ITypeInfo* info, IDispatch* instance, DISPID id, REFIID iid, WORD flags, DISPPARAMS* parameters,
-                     VARIANT* result, EXCEPINFO* exception, UINT* badArgument);
+// with its number, source, description and help file afterwards. The instance is held during the call.
+// - A member that only takes references takes an object, and Null for none, that is put without a word about them.
+// - A colour comes in any form that a number of 32 bits has, signed or not, and goes out signed.
+// - Arguments of a property that has no parameters are for the default member of the object that it gives.
+HRESULT InvokeMember(const DispatchType& type, IDispatch* instance, const MemberCall& call, REFIID iid,
+                     DISPPARAMS* parameters, const CallOutcome& outcome);
 // Hands an error to the caller of IDispatch::Invoke. Returns DISP_E_EXCEPTION.
 HRESULT GiveException(const AutomationError& error, EXCEPINFO* exception);
 HRESULT FindMembers(ITypeInfo* info, REFIID iid, wchar_t** names, UINT count, DISPID* ids);

@@ -60,16 +60,16 @@ public:
         return S_OK;
     }
     STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) override {
-        return Guarded(__uuidof(Primary), [&] { return GiveTypeInfo(PrimaryInfo(), index, info); });
+        return Guarded(__uuidof(Primary), [&] { return GiveTypeInfo(PrimaryType().Info(), index, info); });
     }
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-        return Guarded(__uuidof(Primary), [&] { return FindMembers(PrimaryInfo(), iid, names, count, ids); });
+        return Guarded(__uuidof(Primary), [&] { return FindMembers(PrimaryType().Info(), iid, names, count, ids); });
     }
-    STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+    STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* badArgument) override {
         return Guarded(__uuidof(Primary), [&] {
-            return InvokeMember(PrimaryInfo(), static_cast<Primary*>(this), id, iid, flags, parameters, result,
-                                exception, badArgument);
+            return InvokeMember(PrimaryType(), static_cast<Primary*>(this), {id, locale, flags}, iid, parameters,
+                                {result, exception, badArgument});
         });
     }
 
@@ -116,9 +116,9 @@ protected:
     virtual HRESULT QueryOther(REFIID, void**) { return E_NOINTERFACE; }
 
 private:
-    static ITypeInfo* PrimaryInfo() {
-        static const ComPtr<ITypeInfo> info = TypeInfoOf(__uuidof(Primary));
-        return info.Get();
+    static const DispatchType& PrimaryType() {
+        static const DispatchType type(TypeInfoOf(__uuidof(Primary)));
+        return type;
     }
 
     void* FindOwn(REFIID iid) {

@@ -80,8 +80,16 @@ void Check(HRESULT hr) {
 }
 
 void CheckSystem(HRESULT hr) {
-    if (FAILED(hr)) {
-        Raise(hr, SystemText(hr));
+    switch (hr) {
+    case DISP_E_TYPEMISMATCH:
+    case DISP_E_BADVARTYPE:
+        Raise(kTypeMismatch, L"Type mismatch");
+    case DISP_E_OVERFLOW:
+        Raise(kOverflow, L"Overflow");
+    default:
+        if (FAILED(hr)) {
+            Raise(hr, SystemText(hr));
+        }
     }
 }
 

@@ -51,7 +51,10 @@ struct AutomationError {
                         std::wstring helpFile = {});
 // Raises a failed call as the AutomationError that the called object described, else with the system's text.
 void Check(HRESULT hr);
-// The same of a plain function of the system, which leaves no description: with the system's text.
+// The same of a plain function of the system, which leaves no description: with the system's text. What a value cannot
+// be converted to is raised by the number that scripts know, 13 and 6.
+inline constexpr HRESULT kTypeMismatch = static_cast<HRESULT>(0x800A000D);
+inline constexpr HRESULT kOverflow = static_cast<HRESULT>(0x800A0006);
 void CheckSystem(HRESULT hr);
 // E_POINTER for a null argument.
 void CheckPointer(const void* pointer);

@@ -1,9 +1,12 @@
 #include "automation/Value.h"
 
+#include "automation/ByName.h"
 #include "automation/TypeLibrary.h"
 
 #include <cmath>
-#include <cwchar>
+#include <limits>
+#include <optional>
+#include <string_view>
 
 namespace ormisk {
 
@@ -16,6 +19,26 @@ const VARIANT& Referred(const VARIANT& v) {
 }
 
 VARTYPE TypeOf(const VARIANT& v) { return V_VT(&Referred(v)) & ~VT_BYREF; }
+
+// A value where it lies, or a copy of one that is referred to.
+class Direct {
+public:
+    explicit Direct(const VARIANT& v) : m_Value(&Referred(v)) {
+        if (V_ISBYREF(m_Value)) {
+            m_Copy = Plain(*m_Value);
+            m_Value = &m_Copy;
+        }
+    }
+    Direct(const Direct&) = delete;
+    Direct& operator=(const Direct&) = delete;
+    const VARIANT& operator*() const { return *m_Value; }
+
+private:
+    const VARIANT* m_Value;
+    _variant_t m_Copy;
+};
+
+std::wstring_view ViewBstr(BSTR text) { return {text ? text : L"", SysStringLen(text)}; }
 
 bool IsText(const VARIANT& v) { return V_VT(&v) == VT_BSTR; }
 
@@ -42,23 +65,39 @@ bool IsNumberOrBoolean(VARTYPE type) {
     }
 }
 
-bool SameText(BSTR a, BSTR b) {
-    const UINT length = SysStringLen(a);
-    return length == SysStringLen(b) && (length == 0 || std::wmemcmp(a, b, length) == 0);
-}
-
-// A text beside a value of another kind is read as one of that kind, so that it compares by meaning.
-bool ReadAs(VARTYPE other, VARIANT& text) {
-    VARTYPE type = VT_BSTR;
-    if (IsNumberOrBoolean(other)) {
-        type = VT_R8;
-    } else if (other == VT_DATE) {
-        type = VT_DATE;
+// A text as a value of the kind of another, so that it compares by meaning. The general way would copy the text first.
+bool ReadAs(VARTYPE other, BSTR text, VARIANT& read) {
+    wchar_t none[] = L"";
+    wchar_t* const characters = text ? text : none;
+    if (other == VT_DATE) {
+        V_VT(&read) = VT_DATE;
+        return SUCCEEDED(VarDateFromStr(characters, LOCALE_USER_DEFAULT, 0, &V_DATE(&read)));
     }
-    if (SUCCEEDED(VariantChangeTypeEx(&text, &text, LOCALE_USER_DEFAULT, 0, type))) {
+    V_VT(&read) = VT_R8;
+    if (SUCCEEDED(VarR8FromStr(characters, LOCALE_USER_DEFAULT, 0, &V_R8(&read)))) {
         return true;
     }
-    return other == VT_BOOL && SUCCEEDED(VariantChangeTypeEx(&text, &text, LOCALE_USER_DEFAULT, 0, VT_BOOL));
+    V_VT(&read) = VT_BOOL;
+    return other == VT_BOOL && SUCCEEDED(VarBoolFromStr(characters, LOCALE_USER_DEFAULT, 0, &V_BOOL(&read)));
+}
+
+Comparison CompareMixed(const VARIANT& left, const VARIANT& right) {
+    const HRESULT hr = VarCmp(const_cast<VARIANT*>(&left), const_cast<VARIANT*>(&right), LOCALE_USER_DEFAULT, 0);
+    return hr == static_cast<HRESULT>(VARCMP_EQ) ? Comparison::Equal : Comparison::Different;
+}
+
+// Hexadecimal digits as Basic writes them, with an "&" at the end of a long number or without.
+std::optional<std::uint32_t> ReadHexText(std::wstring_view text) {
+    if (!text.starts_with(L"&H") && !text.starts_with(L"&h")) {
+        return std::nullopt;
+    }
+    std::wstring digits(text.substr(2));
+    if (digits.ends_with(L'&')) {
+        digits.pop_back();
+    }
+    const bool fits = !digits.empty() && digits.size() <= 8 &&
+                      digits.find_first_not_of(L"0123456789abcdefABCDEF") == std::wstring::npos;
+    return fits ? std::optional(static_cast<std::uint32_t>(std::stoul(digits, nullptr, 16))) : std::nullopt;
 }
 
 const wchar_t* ElementName(VARTYPE type) {
@@ -150,6 +189,8 @@ ComPtr<IDispatch> DispatchOf(const VARIANT& v) {
     return Query<IDispatch>(object);
 }
 
+bool IsNull(const VARIANT& v) { return TypeOf(v) == VT_NULL; }
+
 bool IsMissing(const VARIANT& v) {
     const VARIANT& value = Referred(v);
     return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
@@ -165,19 +206,24 @@ bool SameObject(IUnknown* a, IUnknown* b) {
 }
 
 Comparison CompareValues(const VARIANT& a, const VARIANT& b) {
-    _variant_t left = Plain(a);
-    _variant_t right = Plain(b);
-    if (V_VT(&left) == VT_NULL || V_VT(&right) == VT_NULL) {
+    if (IsNull(a) || IsNull(b)) {
         return Comparison::Null;
     }
-    if (IsText(left) && IsText(right)) {
-        return SameText(V_BSTR(&left), V_BSTR(&right)) ? Comparison::Equal : Comparison::Different;
-    }
-    if ((IsText(left) && !ReadAs(V_VT(&right), left)) || (IsText(right) && !ReadAs(V_VT(&left), right))) {
+    if (HoldsObject(a) || HoldsObject(b)) {
         return Comparison::Different;
     }
-    return VarCmp(&left, &right, LOCALE_USER_DEFAULT, 0) == static_cast<HRESULT>(VARCMP_EQ) ? Comparison::Equal
-                                                                                            : Comparison::Different;
+    const Direct left(a);
+    const Direct right(b);
+    if (IsText(*left) && IsText(*right)) {
+        return ViewBstr(V_BSTR(&*left)) == ViewBstr(V_BSTR(&*right)) ? Comparison::Equal : Comparison::Different;
+    }
+    const VARIANT& text = IsText(*left) ? *left : *right;
+    const VARIANT& other = IsText(*left) ? *right : *left;
+    if (!IsText(text) || !(IsNumberOrBoolean(V_VT(&other)) || V_VT(&other) == VT_DATE)) {
+        return CompareMixed(text, other);
+    }
+    VARIANT read{};
+    return ReadAs(V_VT(&other), V_BSTR(&text), read) ? CompareMixed(read, other) : Comparison::Different;
 }
 
 _variant_t Plain(const VARIANT& v) {
@@ -186,26 +232,83 @@ _variant_t Plain(const VARIANT& v) {
     return copy;
 }
 
+HRESULT ResolveDefault(const VARIANT& v, _variant_t& plain) {
+    _variant_t value;
+    HRESULT hr = VariantCopyInd(&value, const_cast<VARIANT*>(&v));
+    for (int step = 0; SUCCEEDED(hr) && HoldsObject(value); ++step) {
+        const ComPtr<IDispatch> object = DispatchOf(value);
+        _variant_t given;
+        if (step == kDeepestDefault || !object || FAILED(GetDefaultValue(object.Get(), given))) {
+            return DISP_E_TYPEMISMATCH;
+        }
+        hr = VariantCopyInd(&value, &given);
+    }
+    if (SUCCEEDED(hr)) {
+        VARIANT found = value.Detach();
+        plain.Attach(found);
+    }
+    return hr;
+}
+
+HRESULT ConvertValue(const VARIANT& v, VARTYPE type, _variant_t& converted, LCID locale, USHORT flags) {
+    const VARIANT* value = &Referred(v);
+    _variant_t plain;
+    if (HoldsObject(*value)) {
+        const HRESULT hr = ResolveDefault(*value, plain);
+        if (FAILED(hr)) {
+            return hr;
+        }
+        value = &plain;
+    }
+    return VariantChangeTypeEx(&converted, const_cast<VARIANT*>(value), locale, flags, type);
+}
+
+// A Double holds every number of 32 bits, and all others can be read as one.
+HRESULT ReadColor(const VARIANT& v, std::uint32_t& color) {
+    _variant_t value;
+    HRESULT hr = ResolveDefault(v, value);
+    const auto hex = IsText(value) ? ReadHexText(ViewBstr(V_BSTR(&value))) : std::nullopt;
+    if (hex) {
+        color = *hex;
+        return S_OK;
+    }
+    if (SUCCEEDED(hr)) {
+        hr = ConvertValue(value, VT_R8, value);
+    }
+    if (FAILED(hr)) {
+        return hr;
+    }
+    const double number = std::nearbyint(V_R8(&value));
+    if (!(number >= std::numeric_limits<std::int32_t>::min() && number <= std::numeric_limits<std::uint32_t>::max())) {
+        return DISP_E_OVERFLOW; // also what is no number
+    }
+    color = static_cast<std::uint32_t>(static_cast<std::int64_t>(number));
+    return S_OK;
+}
+
 std::wstring TextOf(const VARIANT& v) {
-    _variant_t value = Plain(v);
+    const VARIANT& value = Referred(v);
     if (V_VT(&value) == VT_NULL) {
         return {};
     }
-    CheckSystem(VariantChangeTypeEx(&value, &value, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, VT_BSTR));
-    return FromBstr(V_BSTR(&value));
+    if (IsText(value)) {
+        return FromBstr(V_BSTR(&value));
+    }
+    _variant_t text;
+    CheckSystem(ConvertValue(value, VT_BSTR, text, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL));
+    return FromBstr(V_BSTR(&text));
 }
 
 bool IsNumeric(const VARIANT& v) {
+    _variant_t value;
+    if (HoldsObject(v)) {
+        return SUCCEEDED(ResolveDefault(v, value)) && IsNumeric(value);
+    }
     const VARTYPE type = TypeOf(v);
     if (type == VT_EMPTY || IsNumberOrBoolean(type)) {
         return true;
     }
-    if (type != VT_BSTR && type != VT_DISPATCH) {
-        return false;
-    }
-    _variant_t value;
-    return SUCCEEDED(VariantCopyInd(&value, const_cast<VARIANT*>(&v))) &&
-           SUCCEEDED(VariantChangeTypeEx(&value, &value, LOCALE_USER_DEFAULT, 0, VT_R8));
+    return type == VT_BSTR && SUCCEEDED(ConvertValue(v, VT_R8, value));
 }
 
 std::wstring TypeNameOf(const VARIANT& v) {

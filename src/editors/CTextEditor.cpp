@@ -72,9 +72,15 @@ void CTextEditor::KeyPress(int& keyAscii) {
     if (!m_TextBox)
         return;
     const ComPtr<_CEditor> self(this);
-    const std::wstring text = m_TextBox->Text();
-    const BoxState box{text, static_cast<std::size_t>(m_TextBox->SelStart()),
-                       static_cast<std::size_t>(m_TextBox->SelLength()), IsModified()};
+    std::wstring text;
+    BoxState box;
+    box.Modified = IsModified();
+    if (m_bNumberMode) {
+        text = m_TextBox->Text();
+        box.Text = text;
+        box.SelStart = static_cast<std::size_t>(m_TextBox->SelStart());
+        box.SelLength = static_cast<std::size_t>(m_TextBox->SelLength());
+    }
     const KeyVerdict verdict = DecideKey(keyAscii, box, m_bNumberMode ? &m_NumberLimits : nullptr);
     if (verdict == KeyVerdict::Pass)
         return;

@@ -358,15 +358,10 @@ void RowPainter::DrawPropertyPicture(HDC dc, const Cell& cell) {
 
 void RowPainter::DrawColorSwatch(HDC dc, Cell& cell) {
     const Rect swatch = SwatchRect(cell.rect);
-    _variant_t value(cell.property->Value()); // an object may do anything when it is asked for a number
-    VARIANT number;
-    VariantInit(&number);
     Color color = 0;
-    if (V_VT(&value) == VT_UI4)
-        color = TranslateColor(V_UI4(&value));
-    else if (SUCCEEDED(VariantChangeType(&number, &value, 0, VT_I4)))
-        color = TranslateColor(static_cast<Color>(V_I4(&number)));
-    const SelectGuard brush(dc, m_Grid.m_ResourceMgr.GetBrush(color, L"ColorEditorRet"));
+    const _variant_t value(cell.property->Value()); // an object may do anything when it is asked for a number
+    const bool isColor = SUCCEEDED(ReadColor(value, color));
+    const SelectGuard brush(dc, m_Grid.m_ResourceMgr.GetBrush(isColor ? TranslateColor(color) : 0, L"ColorEditorRet"));
     const SelectGuard pen(dc, m_Grid.m_ResourceMgr.GetPen(cell.textColor, L"ForeColor"));
     Rectangle(dc, swatch.left, swatch.top, swatch.right, swatch.bottom);
     cell.rect.left = swatch.right;
@@ -376,7 +371,7 @@ void RowPainter::DrawCellText(HDC dc, Cell& cell) {
     const bool category = !cell.property;
     const bool byteExpanded = category ? m_Grid.m_State.unicode : cell.property->ByteExpanded();
     if (cell.nameCell) {
-        m_Text = cell.node.Name();
+        m_Text.assign(cell.node.Name(), 0, kMostShown);
         if (category && byteExpanded && IsBuiltInCategory(m_Text))
             m_Text = ExpandText(m_Text);
         cell.rect.left += cell.geometry.textLeft;
@@ -391,7 +386,7 @@ void RowPainter::DrawCellText(HDC dc, Cell& cell) {
 
 void RowPainter::ValueText(const Cell& cell) {
     if (cell.property)
-        cell.property->FormatText(m_Text);
+        cell.property->FormatText(m_Text, kMostShown);
     else
         m_Text = TextOf(cell.node.Value());
 }

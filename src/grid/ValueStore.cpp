@@ -9,21 +9,11 @@ namespace ormisk {
 
 namespace {
 
-// Raises when the object has none.
-_variant_t DefaultMember(IUnknown* object) {
-    const ComPtr<IDispatch> dispatch = Query<IDispatch>(object);
-    CheckPointer(dispatch.Get());
-    _variant_t result;
-    DISPPARAMS none{};
-    Check(dispatch->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
-                           &result, nullptr, nullptr));
-    return result;
-}
-
-bool SamePicture(IUnknown* a, IUnknown* b) {
-    bool same = false;
-    IgnoringFailures([&] { same = CompareValues(DefaultMember(a), DefaultMember(b)) == Comparison::Equal; });
-    return same;
+bool SamePicture(const VARIANT& a, const VARIANT& b) {
+    _variant_t handleOfA;
+    _variant_t handleOfB;
+    return SUCCEEDED(ResolveDefault(a, handleOfA)) && SUCCEEDED(ResolveDefault(b, handleOfB)) &&
+           CompareValues(handleOfA, handleOfB) == Comparison::Equal;
 }
 
 } // namespace
@@ -39,7 +29,7 @@ bool ValuesEqual(const VARIANT& a, const VARIANT& b) {
     if (Query<IFont>(first) && Query<IFont>(second))
         return DescribeFont(first.Get()) == DescribeFont(second.Get());
     if (Query<IPicture>(first) && Query<IPicture>(second))
-        return SamePicture(first.Get(), second.Get());
+        return SamePicture(_variant_t(a), _variant_t(b));
     return false;
 }
 

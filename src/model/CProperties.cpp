@@ -23,9 +23,7 @@ std::wstring JoinKey(std::wstring_view scope, std::wstring_view name) {
 // A position that is no whole number goes to the nearest; one that does not fit is none.
 long PositionOf(const VARIANT& value) {
     _variant_t position;
-    const bool fits =
-        SUCCEEDED(VariantChangeTypeEx(&position, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, VT_I4));
-    return fits ? V_I4(&position) : 0;
+    return SUCCEEDED(ConvertValue(value, VT_I4, position)) ? V_I4(&position) : 0;
 }
 
 bool IsGiven(const VARIANT* value) { return value && !IsMissing(*value); }
@@ -138,7 +136,8 @@ CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
     if (CountOf() == 0) {
         return nullptr;
     }
-    const _variant_t value = Plain(indexOrKey);
+    _variant_t value;
+    CheckSystem(ResolveDefault(indexOrKey, value));
     if (IsNumeric(value)) {
         return At(PositionOf(value));
     }

@@ -119,10 +119,7 @@ void CProperty::LetValue(const VARIANT& given) {
     }
     const ComPtr<CProperty> alive(this);
     const _variant_t value = Plain(given);
-    const bool overObject = HoldsObject(m_Value) && V_VT(&value) != VT_NULL;
-    const bool changed =
-        V_VT(&m_Value) == VT_NULL || overObject || CompareValues(value, m_Value) == Comparison::Different;
-    if (!changed) {
+    if (!IsNull(m_Value) && CompareValues(value, m_Value) != Comparison::Different) {
         return;
     }
     _variant_t former = value;

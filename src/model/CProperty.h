@@ -45,8 +45,9 @@ public:
     long Index() const { return m_Index; }
     ComPtr<IDispatch> SourceObject() const { return m_SourceObject; }
 
-    // The text of the value column, into a buffer of the caller's. Raises for Null and where a conversion fails.
-    void FormatText(std::wstring& text);
+    // The text of the value column, into a buffer of the caller's. Raises for Null and where a conversion fails. Of a
+    // longer value, what lies behind so many characters may be left out.
+    void FormatText(std::wstring& text, std::size_t longest = std::wstring::npos);
 
     // The editor type; of a Boolean property the list items are made anew by it.
     omEditorType EditorType();
@@ -182,8 +183,8 @@ private:
     void WriteThrough(const std::wstring& member, WORD callType, const _variant_t& value);
     std::wstring ParamOr(const std::wstring& name, const wchar_t* otherwise) const;
     std::wstring ObjectText(IUnknown* borrowed);
-    void PlainText(std::wstring& text);
-    void ListText(std::wstring& text);
+    void PlainText(std::wstring& text, std::size_t longest);
+    void ListText(std::wstring& text, std::size_t longest);
 
     std::wstring m_Name;
     std::unique_ptr<std::wstring>

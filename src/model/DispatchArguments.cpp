@@ -41,7 +41,7 @@ const VARIANT& DispatchArguments::Converted(UINT parameter, VARTYPE type) {
         return *given;
     }
     _variant_t converted;
-    const HRESULT hr = VariantChangeTypeEx(&converted, const_cast<VARIANT*>(given), m_Locale, 0, type);
+    const HRESULT hr = ConvertValue(*given, type, converted, m_Locale);
     if (FAILED(hr)) {
         Refuse(hr == DISP_E_OVERFLOW ? hr : DISP_E_TYPEMISMATCH, parameter);
     }
@@ -74,7 +74,11 @@ ComPtr<IDispatch> DispatchArguments::Object(UINT parameter) {
     if (!value || V_VT(value) == VT_NULL || V_VT(value) == VT_EMPTY) {
         return nullptr;
     }
-    return ComPtr<IDispatch>(V_DISPATCH(&Converted(parameter, VT_DISPATCH)));
+    const ComPtr<IDispatch> object = DispatchOf(*value);
+    if (!HoldsObject(*value) || (ObjectOf(*value) && !object)) {
+        Refuse(DISP_E_TYPEMISMATCH, parameter);
+    }
+    return object;
 }
 
 void DispatchArguments::PutText(UINT parameter, std::wstring_view text) {

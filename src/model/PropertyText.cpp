@@ -1,8 +1,12 @@
 #include "model/CProperty.h"
 
 #include "automation/ByName.h"
+#include "model/FormatBound.h"
 #include "model/NumberText.h"
 #include "model/ValueRules.h"
+
+#include <algorithm>
+#include <cmath>
 
 // The text of the value column.
 
@@ -21,20 +25,48 @@ short PictureTypeOf(IUnknown* object) {
         return type;
     }
     _variant_t value = InvokeByName(Query<IDispatch>(object).Get(), L"Type", DISPATCH_PROPERTYGET);
-    CheckSystem(VariantChangeType(&value, &value, 0, VT_I2));
+    CheckSystem(ConvertValue(value, VT_I2, value));
     return V_I2(&value);
 }
 
-void FormatValue(const VARIANT& value, const std::wstring& format, std::wstring& text) {
+// A text goes as it is, into the buffer that the caller has, and no more of it than is asked for.
+void AssignText(const VARIANT& value, std::size_t longest, std::wstring& text) {
+    if (V_VT(&value) == VT_BSTR) {
+        const BSTR held = V_BSTR(&value);
+        text.assign(held ? held : L"", std::min<std::size_t>(SysStringLen(held), longest));
+    } else {
+        text = TextOf(value);
+    }
+}
+
+// Whether the system can be trusted with a value: it writes over the stack for one that is too long.
+bool CanFormat(const VARIANT& value, const std::wstring& format) {
+    _variant_t number;
+    std::size_t length = V_VT(&value) == VT_BSTR ? SysStringLen(V_BSTR(&value)) : 0;
+    if (!FitsFormatting(format, length)) {
+        return false;
+    }
+    if (ShowsAllDigits(format) && SUCCEEDED(ConvertValue(value, VT_R8, number))) {
+        if (!std::isfinite(V_R8(&number))) {
+            return false;
+        }
+        const double digits = std::log10(std::max(std::fabs(V_R8(&number)), 1.0)) + 3; // with those of a percentage
+        length = std::max(length, static_cast<std::size_t>(digits));
+    }
+    return FitsFormatting(format, length);
+}
+
+void FormatValue(const VARIANT& value, const std::wstring& format, std::size_t longest, std::wstring& text) {
     if (V_VT(&value) == VT_NULL) {
         Raise(static_cast<HRESULT>(0x800A005E), L"Invalid use of Null");
     }
-    if (format.empty()) {
-        // A text goes as it is, into the buffer that the caller has.
-        if (V_VT(&value) == VT_BSTR) {
-            text.assign(V_BSTR(&value) ? V_BSTR(&value) : L"", SysStringLen(V_BSTR(&value)));
-        } else {
-            text = TextOf(value);
+    if (format.empty() || !CanFormat(value, format)) {
+        AssignText(value, longest, text);
+        // The case is all that a format changes in a long text.
+        if (format.find(L'>') != std::wstring::npos) {
+            CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
+        } else if (format.find(L'<') != std::wstring::npos) {
+            CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
         }
         return;
     }
@@ -47,28 +79,27 @@ void FormatValue(const VARIANT& value, const std::wstring& format, std::wstring&
 
 bool AsBoolean(const VARIANT& value) {
     _variant_t boolean;
-    CheckSystem(VariantChangeTypeEx(&boolean, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, VT_BOOL));
+    CheckSystem(ConvertValue(value, VT_BOOL, boolean));
     return V_BOOL(&boolean) != VARIANT_FALSE;
 }
 
-// The bits that a hexadecimal number shows: those of the value's own size, of a long for all but the small ones.
+// The bits that a hexadecimal number shows: those of the value's own size for the small ones, else of a colour.
 std::uint32_t BitsOf(const VARIANT& value) {
-    if (V_VT(&value) == VT_UI4 || V_VT(&value) == VT_UINT) {
-        return V_UI4(&value); // beyond a Long, as system colours are
+    if (V_VT(&value) == VT_I2 || V_VT(&value) == VT_BOOL) {
+        return static_cast<std::uint16_t>(V_I2(&value));
     }
-    _variant_t number;
-    const VARTYPE type = V_VT(&value) == VT_I2 || V_VT(&value) == VT_BOOL ? VT_I2 : VT_I4;
-    CheckSystem(VariantChangeTypeEx(&number, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, type));
-    return type == VT_I2 ? static_cast<std::uint16_t>(V_I2(&number)) : static_cast<std::uint32_t>(V_I4(&number));
+    std::uint32_t color = 0;
+    CheckSystem(ReadColor(value, color));
+    return color;
 }
 
 } // namespace
 
-void CProperty::FormatText(std::wstring& text) {
+void CProperty::FormatText(std::wstring& text, std::size_t longest) {
     if (HoldsObject(m_Value)) {
         text = ObjectText(ObjectOf(m_Value));
     } else {
-        PlainText(text);
+        PlainText(text, longest);
     }
 }
 
@@ -95,7 +126,7 @@ std::wstring CProperty::ObjectText(IUnknown* borrowed) {
     return text;
 }
 
-void CProperty::PlainText(std::wstring& text) {
+void CProperty::PlainText(std::wstring& text, std::size_t longest) {
     text.clear();
     if (m_EditorType == omPictureEditor) {
         text = ParamOr(L"NoPicturePrompt", L"(none)");
@@ -103,21 +134,21 @@ void CProperty::PlainText(std::wstring& text) {
     if (V_VT(&m_Value) == VT_EMPTY || IsMissing(m_Value)) {
         return;
     }
-    FormatValue(m_Value, m_Format, text);
+    FormatValue(m_Value, m_Format, longest, text);
     if (m_EditorType == omBooleanEditor) {
         std::wstring label = EditorParam(AsBoolean(m_Value) ? L"True" : L"False");
         if (!label.empty()) {
             text = std::move(label);
         }
     } else if (m_EditorType == omListEditor) {
-        ListText(text);
+        ListText(text, longest);
     } else if (m_EditorType == omColorEditor && m_Format.empty()) {
         text = ColorHexText(BitsOf(m_Value));
     }
 }
 
 // The last of the entries with this value gives the text.
-void CProperty::ListText(std::wstring& text) {
+void CProperty::ListText(std::wstring& text, std::size_t longest) {
     bool found = false;
     for (long i = 1; i <= ListItems().CountOf(); ++i) {
         const CListItem* item = ListItems().At(i);
@@ -127,7 +158,7 @@ void CProperty::ListText(std::wstring& text) {
         }
     }
     if (!found) {
-        text = TextOf(m_Value);
+        AssignText(m_Value, longest, text);
     }
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 bool Converts(const VARIANT& value, VARTYPE type) {
     _variant_t copy;
-    return SUCCEEDED(VariantChangeTypeEx(&copy, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, type));
+    return SUCCEEDED(ConvertValue(value, type, copy));
 }
 
 template <class Interface> bool IsNothingOr(const VARIANT& value) {
@@ -107,20 +107,7 @@ ReferenceArgument::ReferenceArgument(const VARIANT& value, WORD callType) : m_Va
 
 std::wstring DefaultText(IUnknown* object) {
     std::wstring text;
-    IgnoringFailures([&] {
-        const ComPtr<IDispatch> dispatch = Query<IDispatch>(object);
-        CheckPointer(dispatch.Get());
-        DISPPARAMS none{};
-        _variant_t value;
-        EXCEPINFO exception{};
-        const HRESULT hr = dispatch->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
-                                            DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none, &value, &exception, nullptr);
-        if (hr == DISP_E_EXCEPTION) {
-            throw TakeException(exception);
-        }
-        Check(hr);
-        text = TextOf(value);
-    });
+    IgnoringFailures([&] { text = TextOf(_variant_t(object)); });
     return text;
 }
 

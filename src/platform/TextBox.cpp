@@ -1,11 +1,13 @@
 #include "platform/TextBox.h"
 
 #include "automation/Error.h"
+#include "platform/TextOutput.h"
 #include "win/Checked.h"
 #include "win/Module.h"
 
 #include <algorithm>
 #include <commctrl.h>
+#include <utility>
 
 namespace ormisk {
 namespace {
@@ -13,6 +15,36 @@ namespace {
 constexpr UINT_PTR kSubclassId = 1;
 
 bool IsDown(int key) { return GetKeyState(key) < 0; }
+
+// Whether the user or a program goes to work on the text by this message.
+bool WorksOnText(UINT message, WPARAM wParam) {
+    switch (message) {
+    case WM_KEYDOWN:
+        return wParam != VK_RETURN && wParam != VK_ESCAPE && wParam != VK_SHIFT && wParam != VK_CONTROL;
+    case WM_CHAR:
+        return wParam != VK_RETURN && wParam != VK_ESCAPE;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_CONTEXTMENU:
+    case WM_IME_STARTCOMPOSITION:
+    case WM_CUT:
+    case WM_COPY:
+    case WM_PASTE:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_GETSEL:
+    case EM_SETSEL:
+    case EM_LINELENGTH:
+    case EM_REPLACESEL:
+    case EM_GETLINE:
+    case EM_UNDO:
+    case EM_POSFROMCHAR:
+    case EM_CHARFROMPOS:
+        return true;
+    default:
+        return false;
+    }
+}
 
 int ShiftState() { return (IsDown(VK_SHIFT) ? 1 : 0) | (IsDown(VK_CONTROL) ? 2 : 0) | (IsDown(VK_MENU) ? 4 : 0); }
 
@@ -78,7 +110,11 @@ void TextBox::Select(long start, long length) {
     SendMessageW(m_Window, EM_SETSEL, static_cast<WPARAM>(start), static_cast<LPARAM>(start) + length);
 }
 
-void TextBox::SelectAll() { SendMessageW(m_Window, EM_SETSEL, 0, -1); }
+void TextBox::SelectAll() {
+    std::wstring whole = std::exchange(m_Whole, {}); // what the window holds stands for all of it
+    SendMessageW(m_Window, EM_SETSEL, 0, -1);
+    m_Whole = std::move(whole);
+}
 
 void TextBox::SetBackColor(Color color) {
     m_BackColor = color;
@@ -143,7 +179,20 @@ LRESULT CALLBACK TextBox::WindowProc(HWND window, UINT message, WPARAM wParam, L
 }
 
 LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool key = message == WM_KEYDOWN || message == WM_CHAR; // the listener is asked first
+    if (HoldsBeginning() && !key && WorksOnText(message, wParam))
+        ShowWhole();
     switch (message) {
+    case WM_SETTEXT:
+        return OnSetText(window, reinterpret_cast<const wchar_t*>(lParam));
+    case WM_GETTEXT:
+        if (HoldsBeginning())
+            return OnGetText(reinterpret_cast<wchar_t*>(lParam), wParam);
+        break;
+    case WM_GETTEXTLENGTH:
+        if (HoldsBeginning())
+            return static_cast<LRESULT>(m_Whole.size());
+        break;
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
     case WM_KEYUP:
@@ -157,7 +206,10 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
         const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-        Tell([&](TextBoxListener& to) { message == WM_SETFOCUS ? to.OnGotFocus() : to.OnLostFocus(); });
+        const bool alive =
+            Tell([&](TextBoxListener& to) { message == WM_SETFOCUS ? to.OnGotFocus() : to.OnLostFocus(); });
+        if (alive && message == WM_KILLFOCUS)
+            ShowBeginning();
         return result;
     }
     case WM_NCDESTROY:
@@ -180,7 +232,46 @@ LRESULT TextBox::OnKey(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
         else
             to.OnKeyUp(key, ShiftState());
     });
-    return alive && key != 0 ? DefSubclassProc(window, message, static_cast<WPARAM>(key), lParam) : 0;
+    if (!alive || key == 0)
+        return 0;
+    if (HoldsBeginning() && WorksOnText(message, static_cast<WPARAM>(key)))
+        ShowWhole();
+    return DefSubclassProc(window, message, static_cast<WPARAM>(key), lParam);
+}
+
+LRESULT TextBox::OnSetText(HWND window, const wchar_t* text) {
+    m_Whole = text ? text : L"";
+    const std::wstring shown(m_Whole, 0, kMostShown);
+    if (shown.size() == m_Whole.size())
+        m_Whole.clear();
+    return DefSubclassProc(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(shown.c_str()));
+}
+
+// For use within the window procedure.
+void TextBox::ShowWhole() {
+    const std::wstring whole = std::exchange(m_Whole, {});
+    const bool modified = IsModified();
+    const bool selected = SelLength() > 0;
+    DefSubclassProc(m_Window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(whole.c_str()));
+    SetModified(modified);
+    if (selected)
+        SelectAll();
+}
+
+void TextBox::ShowBeginning() {
+    if (HoldsBeginning() || static_cast<std::size_t>(GetWindowTextLengthW(m_Window)) <= kMostShown)
+        return;
+    const bool modified = IsModified();
+    SetText(Text());
+    SetModified(modified);
+}
+
+LRESULT TextBox::OnGetText(wchar_t* buffer, std::size_t size) const {
+    if (!buffer || size == 0)
+        return 0;
+    const std::size_t length = m_Whole.copy(buffer, size - 1);
+    buffer[length] = L'\0';
+    return static_cast<LRESULT>(length);
 }
 
 // A dialog keeps ENTER and ESC to itself unless a window asks for them.

@@ -25,8 +25,10 @@ protected:
     ~TextBoxListener() = default;
 };
 
-// A single-line edit window without border. Without its window (not created, or destroyed with its parent) every
-// operation does nothing and reads as empty. Positions count UTF-16 code units; pixels throughout.
+// A single-line edit window without border. It draws all of its text at each repaint, so of a very long text the window
+// holds what can show until the user goes to work on it; whoever asks for the text gets all of it. Without its window
+// (not created, or destroyed with its parent) every operation does nothing and reads as empty. Positions count UTF-16
+// code units; pixels throughout.
 class TextBox {
 public:
     TextBox();
@@ -50,7 +52,7 @@ public:
     long SelStart() const;
     long SelLength() const;
     void Select(long start, long length);
-    void SelectAll();
+    void SelectAll(); // the very long text stays as it is
 
     // OLE colours. The parent answers WM_CTLCOLOREDIT of this window with the result of OnCtlColor.
     void SetBackColor(Color color);
@@ -72,10 +74,16 @@ private:
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnKey(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnDialogCode(HWND window, WPARAM wParam, LPARAM lParam);
+    LRESULT OnSetText(HWND window, const wchar_t* text);
+    LRESULT OnGetText(wchar_t* buffer, std::size_t size) const;
     template <class Call> bool Tell(Call&& call);
+    bool HoldsBeginning() const { return !m_Whole.empty(); }
+    void ShowWhole();
+    void ShowBeginning();
     void Repaint();
 
     HWND m_Window = nullptr;
+    std::wstring m_Whole; // the text of which the window holds the beginning; empty when it holds all
     TextBoxListener* m_Listener = nullptr;
     unsigned m_TextsSet = 0;
     std::shared_ptr<char> m_Life; // a callback that destroys the box is seen by a weak reference to it

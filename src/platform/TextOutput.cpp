@@ -10,7 +10,7 @@ namespace ormisk {
 
 namespace {
 
-constexpr std::size_t kLongest = 8192; // what the system takes in one output call
+constexpr std::size_t kLongest = kMostShown / 2; // what the system takes in one output call
 constexpr std::size_t kCodePageBuffer = 255;
 
 // Room for one text: on the stack for what cells usually hold.
@@ -74,7 +74,7 @@ std::wstring_view ShownPart(std::wstring_view text) {
 }
 
 // The part of a byte-expanded text that can be shown. A zero character in it is a zero byte, not the end.
-std::wstring_view ShownExpanded(std::wstring_view text) { return text.substr(0, 2 * kLongest); }
+std::wstring_view ShownExpanded(std::wstring_view text) { return text.substr(0, kMostShown); }
 
 bool IsDoubleByte(UINT codePage) { return codePage == 932 || codePage == 936 || codePage == 949 || codePage == 950; }
 

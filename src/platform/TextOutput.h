@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <windows.h>
 
@@ -7,6 +8,9 @@ namespace ormisk {
 
 // The one road of text to the screen. A zero character ends a text. A text is cut after 8192 characters: the most that
 // the system writes at once, and more than a cell can show.
+
+// No character of a text behind these is looked at, in either form.
+inline constexpr std::size_t kMostShown = 2 * 8192;
 
 // Draws with a DrawText format and gives back what the system's call returned. With `bUnicode` the text is
 // byte-expanded. `bRTL` adds right-to-left reading order. DT_CALCRECT changes `rc` as it does for DrawText.

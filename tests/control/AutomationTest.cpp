@@ -390,7 +390,7 @@ TEST_F(Automation, TextOrTypeOfAValueIsNotTheOneAScriptSees) {
     EXPECT_EQ(TextOf(_variant_t(true)), L"True");
     EXPECT_EQ(TextOf(_variant_t(-12l)), L"-12");
     EXPECT_EQ(TextOf(ToVariant(std::wstring(L"a\0b", 3))), std::wstring(L"a\0b", 3));
-    EXPECT_EQ(ErrorRaisedBy([] { TextOf(kMissing); }).number, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(ErrorRaisedBy([] { TextOf(kMissing); }).number, kTypeMismatch);
 
     EXPECT_TRUE(IsNumeric(_variant_t(true)));
     EXPECT_TRUE(IsNumeric(_variant_t(L" -1.5e3 ")));

@@ -102,6 +102,25 @@ TEST_F(GridTest, ARefusedValueIsStoredOrReportedOrLosesItsText) {
     EXPECT_EQ(host.Heard(), L"");
 }
 
+TEST_F(GridTest, AVeryLongTextLosesItsEndInAnEdit) {
+    GridContainer host;
+    const std::wstring text = std::wstring(100'000, L'x') + L"end";
+    const auto row = host.Add(L"A", ToVariant(text));
+    host.Add(L"B", L"other");
+    host.Select(row.Get());
+    host.Heard();
+    SetFocus(host.EditBox());
+    host.RealKeys({VK_RETURN});
+    host.Press(VK_DOWN);
+    EXPECT_EQ(host.Heard(), L"SelChanged B") << "looked at, and left as it was";
+    host.Select(row.Get());
+    SetFocus(host.EditBox());
+    host.RealKeys({VK_HOME, 'A', VK_RETURN});
+    EXPECT_TRUE(ValueText(row.Get()) == L'a' + text);
+    host.RealKeys({'B', VK_RETURN});
+    EXPECT_TRUE(ValueText(row.Get()) == L"b") << "typing over the row replaces all of it";
+}
+
 TEST_F(GridTest, AnInvalidTextIsKeptOnLeavingOrGivenUpOnEnter) {
     GridContainer host;
     const auto row = host.Add(L"A", L"old");

@@ -234,6 +234,8 @@ TEST_F(GridTest, AColourSwatchHasAnotherPlaceOrColour) {
     EXPECT_NE(picture.At(cell.left + 1, cell.top + 4), kBlue);
     EXPECT_FALSE(Has(picture, kBlue, {cell.left + 2 + side, cell.top + 2, cell.left + 4 + side, cell.bottom}))
         << "the text stands off";
+    row->put_Value(_variant_t(static_cast<double>(0x80000000U | COLOR_HIGHLIGHT))); // as JScript has it
+    EXPECT_EQ(host.Paint().At(cell.left + 2 + side / 2, cell.top + 2 + side / 2), GetSysColor(COLOR_HIGHLIGHT));
     // No colour is black, and nothing breaks.
     row->put_Value(_variant_t(L"no colour"));
     EXPECT_EQ(host.Paint().At(cell.left + 2 + side / 2, cell.top + 2 + side / 2), RGB(0, 0, 0));

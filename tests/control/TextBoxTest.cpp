@@ -4,8 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cwchar>
 #include <functional>
 #include <stdexcept>
+#include <utility>
 
 namespace ormisk {
 namespace {
@@ -110,6 +113,79 @@ TEST_F(TextBoxTest, TextsOfAnyLengthAndCharactersAreKeptUpToTheirFirstZero) {
     box->SetText(std::wstring(40'000, L'x'));
     Type(L"y");
     EXPECT_EQ(box->Text().size(), 40'001U);
+}
+
+// The most characters that the system's edit windows were given at once, of those made meanwhile.
+class EditClassWatch {
+public:
+    EditClassWatch() {
+        const HWND any = CreateWindowW(L"EDIT", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+        s_Original = reinterpret_cast<WNDPROC>(
+            SetClassLongPtrW(any, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(Watch))));
+        DestroyWindow(any);
+    }
+    EditClassWatch(const EditClassWatch&) = delete;
+    EditClassWatch& operator=(const EditClassWatch&) = delete;
+    ~EditClassWatch() {
+        const HWND any = CreateWindowW(L"EDIT", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+        SetClassLongPtrW(any, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(s_Original));
+        DestroyWindow(any);
+    }
+    static std::size_t Longest() { return std::exchange(s_Longest, 0); }
+
+private:
+    static LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message == WM_SETTEXT)
+            s_Longest = std::max(s_Longest, std::wcslen(reinterpret_cast<const wchar_t*>(lParam)));
+        return CallWindowProcW(s_Original, window, message, wParam, lParam);
+    }
+    static inline WNDPROC s_Original = nullptr;
+    static inline std::size_t s_Longest = 0;
+};
+
+TEST_F(TextBoxTest, OnlyTheBeginningOfAVeryLongTextIsDrawnUntilTheUserWorksOnIt) {
+    CloseBox();
+    const EditClassWatch watch;
+    OpenBox();
+    constexpr std::size_t kFew = 20'000;
+    std::wstring text(300'000, L'x');
+    text.back() = L'y';
+    const auto whole = [&] {
+        EXPECT_TRUE(box->Text() == text);
+        EXPECT_EQ(static_cast<std::size_t>(GetWindowTextLengthW(box->Hwnd())), text.size());
+    };
+    EXPECT_LT((box->SetText(text), watch.Longest()), kFew);
+    whole();
+    // What only looks, leaves or goes elsewhere does not ask for all of it.
+    box->SelectAll();
+    box->SetModified(true);
+    for (const WPARAM key : {VK_CONTROL, VK_RETURN, VK_ESCAPE})
+        SendMessageW(box->Hwnd(), WM_KEYDOWN, key, 1);
+    listener.onKeyDown = listener.onKeyPress = [](int& key) { key = 0; };
+    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_DELETE, 1);
+    Type(L"z");
+    listener.onKeyDown = listener.onKeyPress = [](int&) {};
+    whole();
+    EXPECT_EQ(watch.Longest(), 0U);
+    // All that was selected stays selected, and what is typed goes into the whole.
+    EXPECT_EQ(box->SelLength(), static_cast<long>(text.size()));
+    EXPECT_TRUE(box->IsModified());
+    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_HOME, 1);
+    Type(L"z");
+    text.insert(0, L"z");
+    whole();
+    // Left, it shows its beginning again.
+    watch.Longest();
+    SetFocus(parent);
+    EXPECT_LT(watch.Longest(), kFew);
+    EXPECT_TRUE(box->IsModified());
+    whole();
+    box->SetFocus();
+    Type(L"a");
+    text.insert(0, L"a");
+    whole();
+    box->SetText(L"short");
+    EXPECT_EQ(box->Text(), L"short");
 }
 
 TEST_F(TextBoxTest, AHandlerSwallowsOrReplacesKeys) {

@@ -58,14 +58,34 @@ Set Grid.Font = thing
 CheckFailed "a foreign object for a font"
 Grid.BackColor = "red"
 CheckFailed "a word for a colour"
+Grid.BackColor = 2 ^ 32
+CheckEqual "a number beyond a colour", 6, Err.Number
+Err.Clear
+text = Grid.SelectedProperty(1).Name
+CheckFailed "an argument for Nothing"
+Grid.Refresh 1
+CheckFailed "an argument too many"
 text = Grid.RegisterEditor(" ", Nothing)
 CheckRefused "blank key of an editor", 3, "RegisterEditor : ", "Invalid key specified."
 On Error GoTo 0
 CheckEvents "refused", ""
 CheckEqual "rows after refusals", 3, all.Count
 
-' A removal numbers the rest anew. A row that the script holds stays usable; references need no Set.
 Set item = all("tall")
+
+' Colours come from variables, and what is handed out is taken back.
+Dim color, colors(1)
+color = -1
+item.BackColor = color
+CheckEqual "the colour of the control", Grid.PropertyBackColor, item.BackColor
+colors(0) = -2
+Grid.ForeColor = colors(0)
+CheckEqual "a small number", -2, Grid.ForeColor
+item.BackColor = CDbl(Grid.LineColor)
+item.ForeColor = CStr(Grid.LineColor)
+CheckEqual "as Double and as text", Grid.LineColor & " " & Grid.LineColor, item.BackColor & " " & item.ForeColor
+
+' A removal numbers the rest anew. A row that the script holds stays usable; references need no Set.
 Grid.SelectedProperty = item
 CheckEqual "a reference without Set", "Height", Selected()
 all.Remove 1

@@ -60,6 +60,13 @@ refused("unknown member", 0, function () { Grid.NoSuchMember(); });
 refused("text for a number", 10, function () { all.Add("bad", "abc", "", "", object, false, 3); });
 check("count", 10, all.Count);
 
+// A colour is a number of 32 bits, which is a positive one here.
+Grid.BackColor = 0x8000000F;
+check("colour", 0x8000000F - 0x100000000, Grid.BackColor);
+all.Add("colour", 0x8000000F).EditorType = 10;
+check("colour as a value", "&H8000000F&", all("_colour").FormattedText);
+all.Remove("_colour");
+
 // A value compares as automation compares: the same text or number is no change.
 events = [];
 all("_number").Value = 42;
