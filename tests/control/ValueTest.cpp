@@ -149,8 +149,8 @@ TEST_F(Values, AColourComesInEveryFormOfANumberOf32Bits) {
 }
 
 TEST_F(Values, AnObjectThatIsItsOwnDefaultHasNeitherTextNorNumber) {
-    const auto first = MakeObject<CListItem>(L"first", _variant_t());
-    const auto second = MakeObject<CListItem>(L"second", _variant_t(5L));
+    const auto first = MakeObject<CListItem>(L"first", _variant_t(), Ref<OwnerLink>());
+    const auto second = MakeObject<CListItem>(L"second", _variant_t(5L), Ref<OwnerLink>());
     const _variant_t holder(static_cast<IDispatch*>(first.Get()));
     first->put_Value(_variant_t(static_cast<IDispatch*>(second.Get())));
     EXPECT_EQ(TextOf(holder), L"5") << "the default of a default";
