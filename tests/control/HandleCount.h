@@ -6,24 +6,16 @@
 // What a test may not leave behind.
 namespace ormisk::test {
 
-// The contexts that the system keeps for windows hold on to what they last drew on: with that the number of handles
-// goes up and down by itself. Here they are taken for a window of no use.
-inline void EmptyContexts() {
-    constexpr int kMany = 32;
-    HDC contexts[kMany]{};
-    const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
-    for (HDC& context : contexts)
-        context = GetDC(window);
-    for (const HDC context : contexts)
-        ReleaseDC(window, context);
-    DestroyWindow(window);
-}
-
-// Drawing handles of this process. Where the system does not count them, it is asked about each: there the lower half
-// of a handle, its place in the table of handles, stands for all of it.
+// Drawing handles of this process. The contexts that the system keeps for windows, up to 64, hold on to what they last
+// drew on, so that a count goes up and down by itself: all of them are taken for the screen first. Where the system
+// does not count, it is asked about each handle: there the lower half, a place in the table of handles, stands for all
+// of it.
 inline unsigned LiveGdiHandles() {
-    EmptyContexts();
-    EmptyContexts(); // the ones used last come last
+    HDC contexts[64]{};
+    for (HDC& context : contexts)
+        context = GetDC(nullptr);
+    for (const HDC context : contexts)
+        ReleaseDC(nullptr, context);
     if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
         return counted;
     constexpr std::uintptr_t kPlaces = 0x10000;
