@@ -1,5 +1,6 @@
 #include "GridWindow.h"
 
+#include <bit>
 #include <cstdio>
 #include <cstdlib>
 
@@ -12,7 +13,7 @@ constexpr int kHeight = 600;
 template <class Function> Function Entry(HMODULE module, const char* name) {
     const FARPROC found = GetProcAddress(module, name);
     Need(found ? S_OK : E_NOINTERFACE, name);
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
+    return std::bit_cast<Function>(found);
 }
 
 HMODULE Loaded(const std::wstring& path, const char* what) {

@@ -74,7 +74,7 @@ ComPtr<IDispatch> DispatchArguments::Object(UINT parameter) {
     if (!value || V_VT(value) == VT_NULL || V_VT(value) == VT_EMPTY) {
         return nullptr;
     }
-    const ComPtr<IDispatch> object = DispatchOf(*value);
+    ComPtr<IDispatch> object = DispatchOf(*value);
     if (!HoldsObject(*value) || (ObjectOf(*value) && !object)) {
         Refuse(DISP_E_TYPEMISMATCH, parameter);
     }

@@ -1,7 +1,7 @@
 #include "model/FormatBound.h"
 
 #include <algorithm>
-#include <iterator>
+#include <initializer_list>
 
 namespace ormisk {
 
@@ -13,11 +13,9 @@ wchar_t Lower(wchar_t character) {
     return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
 }
 
-// "c" is a whole date and time, six "d" are a long date, "AMPM" is two words of the locale, "e" is an exponent.
+// Six "d" are a long date, "AMPM" is two words of the locale, "e" is an exponent.
 std::size_t LengthOf(wchar_t character) {
     switch (Lower(character)) {
-    case L'c':
-        return 40;
     case L'a':
         return 12;
     case L'd':
@@ -44,20 +42,13 @@ std::size_t LengthOf(wchar_t character) {
     }
 }
 
-bool SameName(std::wstring_view format, std::wstring_view name) { return std::ranges::equal(format, name, {}, Lower); }
-
-// A quoted letter, or one of several sections, tells nothing of the number.
-bool IsPowerOfTen(std::wstring_view format) {
-    static constexpr std::wstring_view kExponents[] = {L"E+", L"E-", L"e+", L"e-"};
-    return format.find_first_of(L"\"\\;") == std::wstring_view::npos &&
-           std::ranges::any_of(kExponents, [&](std::wstring_view exponent) {
-               return format.find(exponent) != std::wstring_view::npos;
-           });
+bool IsAnyOf(std::wstring_view format, std::initializer_list<std::wstring_view> names) {
+    return std::ranges::any_of(names,
+                               [&](std::wstring_view name) { return std::ranges::equal(format, name, {}, Lower); });
 }
 
-} // namespace
-
-std::size_t FormatLength(std::wstring_view format) {
+// The most characters that a format makes by itself, in any locale.
+std::size_t LengthOf(std::wstring_view format) {
     std::size_t length = 0;
     for (const wchar_t character : format) {
         length += LengthOf(character);
@@ -65,19 +56,44 @@ std::size_t FormatLength(std::wstring_view format) {
     return length;
 }
 
-bool ShowsAllDigits(std::wstring_view format) {
-    static constexpr std::wstring_view kNames[] = {L"currency", L"fixed", L"standard", L"percent"};
-    if (std::ranges::any_of(kNames, [&](std::wstring_view name) { return SameName(format, name); })) {
-        return true;
+// A bare "c", the date and time of the locale: the system goes on reading behind the end of such a format.
+bool HasGeneralDate(std::wstring_view format) {
+    bool quoted = false;
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        if (format[i] == L'"') {
+            quoted = !quoted;
+        } else if (format[i] == L'\\' && !quoted) {
+            ++i;
+        } else if (!quoted && Lower(format[i]) == L'c') {
+            return !IsAnyOf(format, {L"currency", L"percent", L"scientific"});
+        }
     }
-    return format.find_first_of(L"0#.,%") != std::wstring_view::npos && !IsPowerOfTen(format);
+    return false;
+}
+
+// A digit, an exponent and its digits, and nothing that could make it mean something else.
+bool IsPowerOfTen(std::wstring_view format) {
+    const std::size_t exponent = format.find_first_of(L"Ee");
+    return format.find_first_not_of(L"0#.,+-Ee") == std::wstring_view::npos && exponent != std::wstring_view::npos &&
+           exponent > 0 && (format[exponent - 1] == L'0' || format[exponent - 1] == L'#') &&
+           exponent + 1 < format.size() && (format[exponent + 1] == L'+' || format[exponent + 1] == L'-');
+}
+
+} // namespace
+
+bool ShowsAllDigits(std::wstring_view format) {
+    return IsAnyOf(format, {L"currency", L"fixed", L"standard", L"percent"}) ||
+           (format.find_first_of(L"0#.,%") != std::wstring_view::npos && !IsPowerOfTen(format));
 }
 
 bool FitsFormatting(std::wstring_view format, std::size_t length) {
+    if (format.size() >= kBuffer || length >= kBuffer || HasGeneralDate(format)) {
+        return false;
+    }
     // Between groups of three digits come marks of up to three characters.
     const bool grouped =
         format.find_first_of(L"0#") == std::wstring_view::npos || format.find(L',') != std::wstring_view::npos;
-    return format.size() < kBuffer && length < kBuffer && FormatLength(format) + (grouped ? 2 : 1) * length <= kBuffer;
+    return LengthOf(format) + (grouped ? 2 : 1) * length <= kBuffer;
 }
 
 } // namespace ormisk

@@ -7,9 +7,6 @@ namespace ormisk {
 
 // The system's formatting writes into a buffer that it does not guard. These tell before a call what may come of it.
 
-// The most characters that a format makes by itself, in any locale.
-std::size_t FormatLength(std::wstring_view format);
-
 // Whether a format shows a number digit by digit, however large it is: not as a power of ten, a word or a text.
 bool ShowsAllDigits(std::wstring_view format);
 

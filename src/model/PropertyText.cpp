@@ -56,25 +56,33 @@ bool CanFormat(const VARIANT& value, const std::wstring& format) {
     return FitsFormatting(format, length);
 }
 
+bool FormatBySystem(const VARIANT& value, std::wstring format, std::wstring& text) {
+    if (format == L"c" || format == L"C") {
+        format = L"General Date"; // the same, without the fault of the letter
+    }
+    BSTR formatted = nullptr;
+    if (!CanFormat(value, format) || FAILED(VarFormat(const_cast<VARIANT*>(&value), format.data(), kFirstDayOfWeek,
+                                                      kFirstWeekOfYear, 0, &formatted))) {
+        return false;
+    }
+    text = FromBstr(_bstr_t(formatted, false).GetBSTR());
+    return true;
+}
+
+// A value that the system cannot format shows as it is; the case is all that a format changes in a long text.
 void FormatValue(const VARIANT& value, const std::wstring& format, std::size_t longest, std::wstring& text) {
     if (V_VT(&value) == VT_NULL) {
         Raise(static_cast<HRESULT>(0x800A005E), L"Invalid use of Null");
     }
-    if (format.empty() || !CanFormat(value, format)) {
-        AssignText(value, longest, text);
-        // The case is all that a format changes in a long text.
-        if (format.find(L'>') != std::wstring::npos) {
-            CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
-        } else if (format.find(L'<') != std::wstring::npos) {
-            CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
-        }
+    if (!format.empty() && FormatBySystem(value, format, text)) {
         return;
     }
-    BSTR formatted = nullptr;
-    CheckSystem(VarFormat(const_cast<VARIANT*>(&value), const_cast<wchar_t*>(format.c_str()), kFirstDayOfWeek,
-                          kFirstWeekOfYear, 0, &formatted));
-    text.assign(formatted ? formatted : L"", SysStringLen(formatted));
-    SysFreeString(formatted);
+    AssignText(value, longest, text);
+    if (format.find(L'>') != std::wstring::npos) {
+        CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
+    } else if (format.find(L'<') != std::wstring::npos) {
+        CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
+    }
 }
 
 bool AsBoolean(const VARIANT& value) {

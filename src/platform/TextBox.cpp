@@ -214,6 +214,7 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     }
     case WM_NCDESTROY:
         m_Window = nullptr;
+        m_Whole.clear();
         RemoveWindowSubclass(window, WindowProc, kSubclassId);
         break;
     }

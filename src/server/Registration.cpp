@@ -5,6 +5,7 @@
 #include "win/Module.h"
 
 #include <array>
+#include <bit>
 #include <string>
 
 #include <olectl.h>
@@ -101,7 +102,7 @@ using ForUser = HRESULT(STDAPICALLTYPE*)(ITypeLib*, OLECHAR*, OLECHAR*);
 using UnForUser = HRESULT(STDAPICALLTYPE*)(REFGUID, WORD, WORD, LCID, SYSKIND);
 
 template <class F> F FromOleAut(const char* name) {
-    return reinterpret_cast<F>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"oleaut32.dll"), name)));
+    return std::bit_cast<F>(GetProcAddress(GetModuleHandleW(L"oleaut32.dll"), name));
 }
 
 // Interfaces that are only dispatched need no entry but that of their library; registering one writes them all.

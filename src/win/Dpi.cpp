@@ -2,6 +2,8 @@
 
 #include "win/Gdi.h"
 
+#include <bit>
+
 namespace ormisk {
 
 namespace {
@@ -18,8 +20,7 @@ int DesktopDpi() {
 using DpiForWindow = UINT(WINAPI*)(HWND);
 
 DpiForWindow FindDpiForWindow() {
-    return reinterpret_cast<DpiForWindow>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+    return std::bit_cast<DpiForWindow>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow"));
 }
 
 } // namespace

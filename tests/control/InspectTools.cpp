@@ -1,5 +1,6 @@
 #include "InspectTools.h"
 
+#include <bit>
 namespace ormisk::test {
 
 namespace {
@@ -22,15 +23,15 @@ ComPtr<IDispatch> TestServer::Make() {
     const FARPROC give = Export("DllGetClassObject");
     if (!give)
         throw std::runtime_error("TestObjects.dll is not beside the tests");
-    Check(reinterpret_cast<Giver>(reinterpret_cast<void*>(give))(__uuidof(::TestObject), IID_IClassFactory,
-                                                                 reinterpret_cast<void**>(factory.GetAddressOf())));
+    Check(std::bit_cast<Giver>(give)(__uuidof(::TestObject), IID_IClassFactory,
+                                     reinterpret_cast<void**>(factory.GetAddressOf())));
     Check(factory->CreateInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(object.GetAddressOf())));
     return object;
 }
 
 bool TestServer::IsIdle() {
     const FARPROC ask = Export("DllCanUnloadNow");
-    return !ask || reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(ask))() == S_OK;
+    return !ask || std::bit_cast<HRESULT(WINAPI*)()>(ask)() == S_OK;
 }
 
 bool Load(OrmiskGrid* grid, IDispatch* object, long depth, bool clear) {

@@ -208,7 +208,10 @@ TEST_F(Values, AFormatNeverGetsMoreThanTheSystemCanBear) {
     EXPECT_EQ(Shown(infinity, L"0"), TextOf(infinity));
     EXPECT_EQ(Shown(_variant_t(5L), (std::wstring(400, L'-') + L"0").c_str()), L"5");
     const _variant_t date(2.0, VT_DATE);
-    EXPECT_EQ(Shown(date, std::wstring(20, L'c').c_str()), TextOf(date));
+    EXPECT_EQ(Shown(date, std::wstring(90, L'd').c_str()), TextOf(date));
+    EXPECT_EQ(Shown(date, L"c"), TextOf(date));
+    EXPECT_EQ(Shown(_variant_t(1e283), L"x$E+00"), L"1E+283");
+    EXPECT_EQ(Shown(_variant_t(5L), L"0AM/PM"), L"5") << "a number is no time of day";
     // What can be formatted is.
     EXPECT_EQ(Shown(_variant_t(1e60), L"0.0"), L"1" + std::wstring(60, L'0') + L".0");
     EXPECT_EQ(Shown(_variant_t(1e300), L"0.00E+00"), L"1.00E+300");

@@ -2,6 +2,7 @@
 
 #include "../control/HandleCount.h"
 
+#include <bit>
 #include <ole2.h>
 #include <windows.h>
 #include <wrl/client.h>
@@ -72,7 +73,7 @@ private:
 // A function of a library that stays loaded.
 template <class Function> Function* Import(const std::wstring& library, const char* name) {
     const HMODULE module = LoadLibraryW(library.c_str());
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(module ? GetProcAddress(module, name) : nullptr));
+    return std::bit_cast<Function*>(module ? GetProcAddress(module, name) : nullptr);
 }
 
 using ServerCall = HRESULT WINAPI();
