@@ -19,7 +19,7 @@ _variant_t Converted(const VARIANT& value, VARTYPE type, int position, const wch
 } // namespace
 
 bool CallArguments::Given(int position) const {
-    return position < Count() && !(At(position).vt == VT_ERROR && At(position).scode == DISP_E_PARAMNOTFOUND);
+    return position < Count() && (At(position).vt != VT_ERROR || At(position).scode != DISP_E_PARAMNOTFOUND);
 }
 
 std::wstring CallArguments::Text(int position) const {
@@ -37,9 +37,9 @@ int CallArguments::Integer(int position) const {
 
 OLE_COLOR CallArguments::Color(int position) const {
     const double number = Number(position);
-    if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<unsigned>::max()))
-        throw Failure{L"Argument " + std::to_wstring(position + 1) + L" is not a colour"};
-    return static_cast<OLE_COLOR>(static_cast<long long>(number));
+    if (number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<unsigned>::max())
+        return static_cast<OLE_COLOR>(static_cast<long long>(number));
+    throw Failure{L"Argument " + std::to_wstring(position + 1) + L" is not a colour"};
 }
 
 } // namespace ormisk

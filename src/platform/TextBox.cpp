@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <commctrl.h>
+#include <cwchar>
 #include <utility>
 
 namespace ormisk {
@@ -241,11 +242,14 @@ LRESULT TextBox::OnKey(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 LRESULT TextBox::OnSetText(HWND window, const wchar_t* text) {
-    m_Whole = text ? text : L"";
-    const std::wstring shown(m_Whole, 0, kMostShown);
-    if (shown.size() == m_Whole.size())
-        m_Whole.clear();
-    return DefSubclassProc(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(shown.c_str()));
+    m_Whole.clear();
+    std::wstring shown;
+    if (text && wcsnlen(text, kMostShown + 1) > kMostShown)
+        IgnoringFailures([&] {
+            shown.assign(text, kMostShown);
+            m_Whole = text;
+        });
+    return DefSubclassProc(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(HoldsBeginning() ? shown.c_str() : text));
 }
 
 // For use within the window procedure.
@@ -263,7 +267,7 @@ void TextBox::ShowBeginning() {
     if (HoldsBeginning() || static_cast<std::size_t>(GetWindowTextLengthW(m_Window)) <= kMostShown)
         return;
     const bool modified = IsModified();
-    SetText(Text());
+    IgnoringFailures([&] { SetText(Text()); });
     SetModified(modified);
 }
 

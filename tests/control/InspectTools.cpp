@@ -1,6 +1,7 @@
 #include "InspectTools.h"
 
 #include <bit>
+
 namespace ormisk::test {
 
 namespace {
