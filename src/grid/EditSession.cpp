@@ -86,7 +86,7 @@ void EditSession::SetSelectedNode(Ref<CNode> node) {
     ComPtr<CProperty> newProperty;
     if (node) {
         newProperty = node->Property();
-        m_Grid.m_Input.ExpandParents(*node);
+        m_Grid.m_ModelView.ExpandParents(*node);
         if (!IsOn(node))
             return; // a handler ended the control, or moved the selection and told of that
         m_Grid.m_Panes.EnsureRowVisible(*node);

@@ -160,17 +160,6 @@ bool Input::OnMouseWheel(WPARAM wParam) {
     return true;
 }
 
-// From the top down.
-void Input::ExpandParents(const CNode& node) {
-    std::vector<Ref<CNode>> parents;
-    for (CNode* parent = node.ParentNode(); parent; parent = parent->ParentNode())
-        parents.emplace_back(parent);
-    for (; !parents.empty(); parents.pop_back()) {
-        if (!parents.back()->Expanded())
-            parents.back()->SetExpanded(true);
-    }
-}
-
 void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
     // A control that is disabled while it has the focus keeps the focus, but takes no keys.
     if (!m_Grid.m_State.enabled)

@@ -31,9 +31,6 @@ public:
     void OnAccessKey(wchar_t key);
     std::wstring AccessKeys() const;
 
-    // Opens every category above a row, the outermost first.
-    void ExpandParents(const CNode& node);
-
 private:
     // TextBoxListener: the text box of the text and number editors.
     void OnKeyDown(int& keyCode, int shift) override;

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <exception>
+#include <utility>
 
 namespace ormisk {
 
@@ -289,6 +291,10 @@ void ModelView::NodePropertyChanged(CNode& node, const wchar_t* propertyName) {
         return;
     if (!node.Expanded() && selected && selected->IsDescendantOf(&node))
         selected = Ref<CNode>(&node);
+    if (m_Opened && node.Expanded()) {
+        *m_Opened = true;
+        return;
+    }
     m_Grid.m_Panes.UpdateScrollBar();
     m_Grid.m_Session.SetSelectedNode(selected);
     m_Grid.m_Panes.InvalidateRowsFrom(node);
@@ -310,16 +316,49 @@ void ModelView::ViewChanged() {
 void ModelView::ExpandCategory(const std::wstring& path, bool expand) {
     std::wstring_view rest = TrimBlanks(path);
     std::wstring_view segment;
-    Ref<CNode> node;
+    std::vector<Ref<CNode>> found;
+    CNode* node = nullptr;
     while (NextCategorySegment(rest, m_Grid.m_State.categorySeparator, segment)) {
-        node = Ref<CNode>(m_Grid.m_CategorizedNodes.Category(node.Get(), segment));
+        node = m_Grid.m_CategorizedNodes.Category(node, segment);
         if (!node)
             break;
-        if (expand)
-            node->SetExpanded(true);
+        found.emplace_back(node);
     }
-    if (node && node->Tree())
-        node->SetExpanded(expand);
+    const Ref<CNode> last(node);
+    if (expand)
+        Open(found, true);
+    if (last && last->Tree())
+        last->SetExpanded(expand);
+}
+
+void ModelView::ExpandParents(const CNode& node) {
+    std::vector<Ref<CNode>> parents;
+    for (CNode* parent = node.ParentNode(); parent; parent = parent->ParentNode())
+        parents.emplace_back(parent);
+    std::ranges::reverse(parents);
+    Open(parents, false); // it gets its editor once it is selected
+}
+
+// One after the other, each with its event; what shows follows once, also when a handler raised on the way.
+void ModelView::Open(const std::vector<Ref<CNode>>& path, bool restartEditor) {
+    bool opened = false;
+    bool* const outer = std::exchange(m_Opened, &opened);
+    std::exception_ptr failure;
+    try {
+        for (const Ref<CNode>& node : path)
+            node->SetExpanded(true);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    m_Opened = outer;
+    if (opened && m_Grid.IsAlive()) {
+        m_Grid.m_Panes.UpdateScrollBar();
+        if (restartEditor)
+            m_Grid.m_Session.SetSelectedNode(m_Grid.m_Session.SelectedNode());
+        m_Grid.m_Panes.m_picTreeContainer.Invalidate(false);
+    }
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 void ModelView::MarkCategories(void (*mark)(CNode&, const GridState&)) {

@@ -26,6 +26,8 @@ public:
     void ViewChanged();
     // Expands the whole path, or collapses its last category. A path that leads nowhere changes nothing.
     void ExpandCategory(const std::wstring& path, bool expand);
+    // Expands every row above one, the outermost first.
+    void ExpandParents(const CNode& node);
     // Every category node takes one of the control's category settings.
     void MarkCategories(void (*mark)(CNode&, const GridState&));
     // The separator in the category texts of all properties; rows stay where they are.
@@ -47,6 +49,7 @@ public:
 
 private:
     CNode* CategoryNodeFor(CProperty& property);
+    void Open(const std::vector<Ref<CNode>>& path, bool restartEditor);
     // A property that is out of the collection and not yet out of the trees; the lock as it was.
     struct Removal {
         ComPtr<CProperty> property;
@@ -64,7 +67,8 @@ private:
     template <class F> void Trapped(F&& statement);
 
     Grid& m_Grid;
-    bool m_Sorting = false; // the host is being asked
+    bool m_Sorting = false;   // the host is being asked
+    bool* m_Opened = nullptr; // while a path is being opened: whether rows on screen came by that
     // The category of the last addition: bulk additions mostly follow each other in one category.
     std::wstring m_LastCategory;
     Ref<CNode> m_LastCategoryNode;

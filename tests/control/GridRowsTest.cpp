@@ -136,6 +136,30 @@ TEST_F(GridTest, TheOpenEditorCoversAnotherRowWhenAScrolledListShrinks) {
     }
 }
 
+TEST_F(GridTest, TheOpenEditorIsLostWhenAPathOpensInFrontOfItOrAHandlerRaisesOnTheWay) {
+    GridContainer host;
+    host.Add(L"a", L"", L"X|Y");
+    const auto b = host.Add(L"b", L"text", L"Z");
+    host->put_ActiveView(omCatagorized);
+    host.Select(b.Get());
+    const auto close = [&] {
+        for (const wchar_t* path : {L"X|Y", L"X"})
+            EXPECT_EQ(host->ExpandCategory(_bstr_t(path), VARIANT_FALSE), S_OK);
+    };
+    close();
+    EXPECT_EQ(host->ExpandCategory(_bstr_t(L"X|Y"), VARIANT_TRUE), S_OK);
+    ExpectEditorOverItsRow(host, "opened");
+    close();
+    ExpectEditorOverItsRow(host, "closed");
+    host.events.on[L"CategoryExpanding"] = [&](const EventCall& call) {
+        if (TextOf(call[0]) == L"Y")
+            host.events.answer = DISP_E_EXCEPTION;
+    };
+    EXPECT_EQ(FailureOfCall(host->ExpandCategory(_bstr_t(L"X|Y"), VARIANT_TRUE)),
+              L"800A03E8|Handler|The handler raised.");
+    ExpectEditorOverItsRow(host, "half opened");
+}
+
 TEST_F(InspectTest, ARowBelowAHiddenOneKeepsSelectionOrEditor) {
     const Inspected outer(1), middle(1), inner(1);
     outer.Put(L"Child", middle.Get());
