@@ -132,9 +132,9 @@ void Form::MoveTo(const ControlSite& site, long tabIndex) {
     const auto from = m_Sites.begin() + TabIndexOf(site);
     if (from == m_Sites.end())
         return;
-    const ComPtr<ControlSite> moved = *from;
+    ComPtr<ControlSite> moved = std::move(*from);
     m_Sites.erase(from);
-    m_Sites.insert(m_Sites.begin() + std::clamp(tabIndex, 0L, static_cast<long>(m_Sites.size())), moved);
+    m_Sites.insert(m_Sites.begin() + std::clamp(tabIndex, 0L, static_cast<long>(m_Sites.size())), std::move(moved));
     Layout();
 }
 
