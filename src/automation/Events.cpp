@@ -130,6 +130,7 @@ HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
         CheckPointer(points);
         *points = nullptr;
         std::vector<ComPtr<IConnectionPoint>> snapshot;
+        snapshot.reserve(m_Points.size());
         for (const auto& point : m_Points) {
             snapshot.emplace_back(point.get());
         }
