@@ -19,7 +19,7 @@ void Clip(HWND window, const RECT* visible) {
     if (visible) {
         Unique<HRGN> region(CreateRectRgnIndirect(visible));
         if (SetWindowRgn(window, region.get(), TRUE)) {
-            region.release(); // it is the system's now
+            static_cast<void>(region.release()); // it is the system's now
         }
     } else if (IsClipped(window)) {
         SetWindowRgn(window, nullptr, TRUE);
