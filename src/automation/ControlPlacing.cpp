@@ -19,7 +19,7 @@ void Clip(HWND window, const RECT* visible) {
     if (visible) {
         Unique<HRGN> region(CreateRectRgnIndirect(visible));
         if (SetWindowRgn(window, region.get(), TRUE)) {
-            static_cast<void>(region.release()); // it is the system's now
+            [[maybe_unused]] const HRGN given = region.release(); // to the system
         }
     } else if (IsClipped(window)) {
         SetWindowRgn(window, nullptr, TRUE);
