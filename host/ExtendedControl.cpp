@@ -146,10 +146,9 @@ STDMETHODIMP ExtendedControl::Invoke(DISPID id, REFIID reserved, LCID locale, WO
                                      VARIANT* result, EXCEPINFO* error, UINT* argumentError) {
     const ComPtr<ExtendedControl> alive(this);
     const Member* found = nullptr;
-    for (const Member& member : kMembers) {
+    for (const Member& member : kMembers)
         if (member.id == id)
             found = &member;
-    }
     if (!found) {
         const ComPtr<IDispatch> inner = Inner();
         return inner ? inner->Invoke(id, reserved, locale, flags, passed, result, error, argumentError)

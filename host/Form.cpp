@@ -38,10 +38,9 @@ ControlSite& Form::Add(const std::wstring& progId, const std::wstring& name, std
 }
 
 ControlSite* Form::Find(const std::wstring& name) const {
-    for (const ComPtr<ControlSite>& site : m_Sites) {
+    for (const ComPtr<ControlSite>& site : m_Sites)
         if (_wcsicmp(site->Name().c_str(), name.c_str()) == 0)
             return site.Get();
-    }
     return nullptr;
 }
 
@@ -49,10 +48,9 @@ ControlSite* Form::Find(const std::wstring& name) const {
 void Form::Layout() {
     RECT rest = m_Window.ClientRect();
     const std::vector<ComPtr<ControlSite>> sites = m_Sites;
-    for (const ComPtr<ControlSite>& site : sites) {
+    for (const ComPtr<ControlSite>& site : sites)
         if (site->IsVisible() && site->Alignment() != ControlSite::Align::None)
             site->TakeEdge(rest);
-    }
     for (const ComPtr<ControlSite>& site : sites)
         site->Place(rest);
 }

@@ -45,10 +45,9 @@ int KeyNamed(const std::wstring& name) {
     std::wstring upper;
     for (wchar_t c : name)
         upper += static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(c)));
-    for (const NamedKey& key : kNamedKeys) {
+    for (const NamedKey& key : kNamedKeys)
         if (key.name == upper)
             return key.virtualKey;
-    }
     if (upper.size() < 2 || upper[0] != L'F' || upper[1] == L'0')
         return 0;
     const long number = CountIn(std::wstring_view(upper).substr(1), kFunctionKeys);

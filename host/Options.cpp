@@ -34,10 +34,9 @@ void ReadSize(const std::wstring& text, Options& options) {
 ScriptLanguage LanguageOf(const std::wstring& path) {
     const std::size_t dot = path.find_last_of(L"./\\");
     std::wstring extension;
-    if (dot != std::wstring::npos && path[dot] == L'.') {
+    if (dot != std::wstring::npos && path[dot] == L'.')
         for (wchar_t c : path.substr(dot))
             extension += static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c)));
-    }
     if (extension == L".vbs")
         return ScriptLanguage::VBScript;
     if (extension == L".js")

@@ -49,9 +49,8 @@ _variant_t InvokeByName(IDispatch* object, const std::wstring& member, WORD flag
     _variant_t result;
     EXCEPINFO exception{};
     const HRESULT hr = InvokeById(object, id, flags, argument, locale, &result, &exception);
-    if (hr == DISP_E_EXCEPTION) {
+    if (hr == DISP_E_EXCEPTION)
         throw TakeException(exception);
-    }
     Check(hr);
     return result;
 }
@@ -61,9 +60,8 @@ HRESULT GetDefaultValue(IDispatch* object, _variant_t& value) {
 }
 
 NamedProperty::NamedProperty(IDispatch* object, const std::wstring& name) : m_Object(object) {
-    if (object) {
+    if (object)
         m_Found = FindByName(object, name, kByNameLocale, &m_Id);
-    }
 }
 
 HRESULT NamedProperty::Get(_variant_t& value) const {
@@ -75,14 +73,12 @@ HRESULT NamedProperty::Get(_variant_t& value) const {
 }
 
 HRESULT NamedProperty::Put(WORD flags, VARIANT* value) const {
-    if (FAILED(m_Found)) {
+    if (FAILED(m_Found))
         return m_Found;
-    }
     EXCEPINFO exception{};
     const HRESULT hr = InvokeById(m_Object.Get(), m_Id, flags, value, kByNameLocale, nullptr, &exception);
-    if (FAILED(hr)) {
+    if (FAILED(hr))
         FreeTexts(exception);
-    }
     return hr;
 }
 

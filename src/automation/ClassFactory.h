@@ -15,9 +15,8 @@ public:
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
         return Guarded(iid, [&]() -> HRESULT {
-            if (!object) {
+            if (!object)
                 return E_POINTER;
-            }
             *object = nullptr;
             return outer ? CLASS_E_NOAGGREGATION : MakeObject<T>()->QueryInterface(iid, object);
         });

@@ -18,9 +18,8 @@ template <class T> ComPtr<T> Adopt(T* object) {
 // The interface of an object, null when there is no object or it has no such interface.
 template <class T, class U> ComPtr<T> Query(U* object) {
     ComPtr<T> result;
-    if (object && FAILED(object->QueryInterface(__uuidof(T), reinterpret_cast<void**>(result.GetAddressOf())))) {
+    if (object && FAILED(object->QueryInterface(__uuidof(T), reinterpret_cast<void**>(result.GetAddressOf()))))
         *result.GetAddressOf() = nullptr;
-    }
     return result;
 }
 template <class T, class U> ComPtr<T> Query(const ComPtr<U>& object) { return Query<T>(object.Get()); }

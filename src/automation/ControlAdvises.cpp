@@ -3,9 +3,8 @@
 namespace ormisk {
 
 IOleAdviseHolder* ControlAdvises::Holder() {
-    if (!m_Holder) {
+    if (!m_Holder)
         Check(CreateOleAdviseHolder(m_Holder.GetAddressOf()));
-    }
     return m_Holder.Get();
 }
 
@@ -20,15 +19,13 @@ HRESULT ControlAdvises::EnumAdvise(IEnumSTATDATA** connections) {
 }
 
 void ControlAdvises::TellSaved() const {
-    if (const auto holder = m_Holder) {
+    if (const auto holder = m_Holder)
         holder->SendOnSave();
-    }
 }
 
 void ControlAdvises::TellClosed() const {
-    if (const auto holder = m_Holder) {
+    if (const auto holder = m_Holder)
         holder->SendOnClose();
-    }
 }
 
 HRESULT ControlAdvises::SetViewAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
@@ -36,36 +33,29 @@ HRESULT ControlAdvises::SetViewAdvise(DWORD aspects, DWORD flags, IAdviseSink* s
     m_ViewSink = sink;
     m_ViewAspects = aspects;
     m_ViewFlags = flags;
-    if (flags & ADVF_PRIMEFIRST) {
+    if (flags & ADVF_PRIMEFIRST)
         TellViewChanged();
-    }
     return S_OK;
 }
 
 HRESULT ControlAdvises::GetViewAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) const {
-    if (aspects) {
+    if (aspects)
         *aspects = m_ViewAspects;
-    }
-    if (flags) {
+    if (flags)
         *flags = m_ViewFlags;
-    }
-    if (sink) {
+    if (sink)
         m_ViewSink.CopyTo(sink);
-    }
     return S_OK;
 }
 
 void ControlAdvises::TellViewChanged() {
-    if (!(m_ViewAspects & DVASPECT_CONTENT)) {
+    if (!(m_ViewAspects & DVASPECT_CONTENT))
         return;
-    }
     const ComPtr<IAdviseSink> sink = m_ViewSink;
-    if (m_ViewFlags & ADVF_ONLYONCE) {
+    if (m_ViewFlags & ADVF_ONLYONCE)
         m_ViewSink.Reset();
-    }
-    if (sink) {
+    if (sink)
         sink->OnViewChange(DVASPECT_CONTENT, -1);
-    }
 }
 
 } // namespace ormisk

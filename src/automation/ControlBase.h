@@ -14,9 +14,8 @@ class ControlBase : public DispatchObject<Primary, CoClass, Source, ControlCore>
 public:
     STDMETHODIMP_(ULONG) Release() override {
         const ULONG left = Base::Release();
-        if (left == 0 || !this->OwnsReferences(left)) {
+        if (left == 0 || !this->OwnsReferences(left))
             return left;
-        }
         this->AddRef();
         IgnoringFailures([&] { this->OnUseEnded(); });
         return Base::Release();

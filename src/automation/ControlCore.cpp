@@ -3,63 +3,50 @@
 namespace ormisk {
 
 void* ControlCore::FindInterface(REFIID iid) {
-    if (iid == __uuidof(IOleObject)) {
+    if (iid == __uuidof(IOleObject))
         return static_cast<IOleObject*>(this);
-    }
-    if (iid == __uuidof(IOleControl)) {
+    if (iid == __uuidof(IOleControl))
         return static_cast<IOleControl*>(this);
-    }
-    if (iid == __uuidof(IOleInPlaceObject) || iid == __uuidof(IOleWindow)) {
+    if (iid == __uuidof(IOleInPlaceObject) || iid == __uuidof(IOleWindow))
         return static_cast<IOleInPlaceObject*>(this);
-    }
-    if (iid == __uuidof(IOleInPlaceActiveObject)) {
+    if (iid == __uuidof(IOleInPlaceActiveObject))
         return static_cast<IOleInPlaceActiveObject*>(this);
-    }
-    if (iid == __uuidof(IViewObject2) || iid == __uuidof(IViewObject)) {
+    if (iid == __uuidof(IViewObject2) || iid == __uuidof(IViewObject))
         return static_cast<IViewObject2*>(this);
-    }
-    if (iid == __uuidof(IPersistStreamInit) || iid == __uuidof(IPersist)) {
+    if (iid == __uuidof(IPersistStreamInit) || iid == __uuidof(IPersist))
         return static_cast<IPersistStreamInit*>(this);
-    }
-    if (iid == __uuidof(IPersistPropertyBag)) {
+    if (iid == __uuidof(IPersistPropertyBag))
         return static_cast<IPersistPropertyBag*>(this);
-    }
-    if (iid == __uuidof(IQuickActivate)) {
+    if (iid == __uuidof(IQuickActivate))
         return static_cast<IQuickActivate*>(this);
-    }
-    if (iid == __uuidof(IObjectSafety)) {
+    if (iid == __uuidof(IObjectSafety))
         return static_cast<IObjectSafety*>(this);
-    }
     return nullptr;
 }
 
 HRESULT ControlCore::SetClientSite(IOleClientSite* site) {
     const ComPtr<IUnknown> alive(Self());
     return Guarded(__uuidof(IOleObject), [&] {
-        if (m_Site.Is(site)) {
+        if (m_Site.Is(site))
             return;
-        }
         Deactivate(); // the activation belongs to the old site
         m_Site.Attach(site);
         if (!site) {
             OnUseEnded();
             return;
         }
-        if (!m_WindowsMade) {
+        if (!m_WindowsMade)
             CreateWindows();
-        } else {
+        else
             OnAmbientChange(DISPID_UNKNOWN);
-        }
-        if (m_NewWanted) {
+        if (m_NewWanted)
             Initialize();
-        }
     });
 }
 
 HRESULT ControlCore::GetClientSite(IOleClientSite** site) {
-    if (!site) {
+    if (!site)
         return E_POINTER;
-    }
     *site = ComPtr<IOleClientSite>(m_Site.Get()).Detach();
     return S_OK;
 }
@@ -79,9 +66,8 @@ void ControlCore::CreateWindows() {
 
 // First defaults need windows and ambient properties: those of a control without a site wait for it.
 void ControlCore::Initialize() {
-    if (m_Initialized) {
+    if (m_Initialized)
         return;
-    }
     m_NewWanted = !m_WindowsMade;
     if (m_WindowsMade) {
         m_Initialized = true;
@@ -95,17 +81,15 @@ void ControlCore::CloseForever() {
     Points().SuspendEvents(true);
     m_Session.End();
     m_Site.Attach(nullptr);
-    if (const HWND window = Window()) {
+    if (const HWND window = Window())
         DestroyWindow(window);
-    }
 }
 
 void ControlCore::NotifyChanged(DISPID id) {
     const ComPtr<IUnknown> alive(Self());
     m_Dirty = true;
-    for (const auto& sink : Points().SinksOf(__uuidof(IPropertyNotifySink))) {
+    for (const auto& sink : Points().SinksOf(__uuidof(IPropertyNotifySink)))
         static_cast<IPropertyNotifySink*>(sink.Get())->OnChanged(id);
-    }
     m_Advises.TellViewChanged();
 }
 
@@ -115,9 +99,8 @@ void ControlCore::NotifyAccessKeysChanged() {
 }
 
 HRESULT ControlCore::GetClassID(CLSID* id) {
-    if (!id) {
+    if (!id)
         return E_POINTER;
-    }
     *id = ClassId();
     return S_OK;
 }
@@ -140,9 +123,8 @@ HRESULT ControlCore::Load(IPropertyBag* bag, IErrorLog*) {
     const ComPtr<IUnknown> alive(Self());
     return Guarded(__uuidof(IPersistPropertyBag), [&]() -> HRESULT {
         CheckPointer(bag);
-        if (!m_WindowsMade) {
+        if (!m_WindowsMade)
             return E_UNEXPECTED; // OLEMISC_SETCLIENTSITEFIRST
-        }
         OnLoad(bag);
         m_Initialized = true;
         m_Dirty = false;
@@ -155,9 +137,8 @@ HRESULT ControlCore::Save(IPropertyBag* bag, BOOL clearDirty, BOOL) {
     return Guarded(__uuidof(IPersistPropertyBag), [&] {
         CheckPointer(bag);
         OnSave(bag);
-        if (clearDirty) {
+        if (clearDirty)
             m_Dirty = false;
-        }
         m_Advises.TellSaved();
     });
 }
@@ -169,19 +150,16 @@ void ControlCore::OnSave(IPropertyBag*) { Raise(E_NOTIMPL, SystemText(E_NOTIMPL)
 DWORD ControlCore::Connect(REFIID source, IUnknown* sink) {
     ComPtr<IConnectionPoint> point;
     DWORD cookie = 0;
-    if (sink && SUCCEEDED(Points().FindConnectionPoint(source, point.GetAddressOf()))) {
+    if (sink && SUCCEEDED(Points().FindConnectionPoint(source, point.GetAddressOf())))
         point->Advise(sink, &cookie);
-    }
     return cookie;
 }
 
 HRESULT ControlCore::QuickActivate(QACONTAINER* container, QACONTROL* control) {
-    if (!container || !control) {
+    if (!container || !control)
         return E_POINTER;
-    }
-    if (container->cbSize < sizeof(QACONTAINER) || control->cbSize < sizeof(QACONTROL)) {
+    if (container->cbSize < sizeof(QACONTAINER) || control->cbSize < sizeof(QACONTROL))
         return E_INVALIDARG;
-    }
     const ComPtr<IUnknown> alive(Self());
     return Guarded(__uuidof(IQuickActivate), [&]() -> HRESULT {
         const ULONG size = control->cbSize;
@@ -189,13 +167,11 @@ HRESULT ControlCore::QuickActivate(QACONTAINER* container, QACONTROL* control) {
         control->cbSize = size;
         if (container->pClientSite) {
             const HRESULT hr = SetClientSite(container->pClientSite);
-            if (FAILED(hr)) {
+            if (FAILED(hr))
                 return hr;
-            }
         }
-        if (container->pAdviseSink) {
+        if (container->pAdviseSink)
             m_Advises.SetViewAdvise(DVASPECT_CONTENT, 0, container->pAdviseSink);
-        }
         control->dwPropNotifyCookie = Connect(__uuidof(IPropertyNotifySink), container->pPropertyNotifySink);
         control->dwEventCookie = Connect(EventSource(), container->pUnkEventSink);
         control->dwMiscStatus = kControlMiscStatus;
@@ -210,14 +186,12 @@ HRESULT ControlCore::GetContentExtent(SIZEL* size) { return GetExtent(DVASPECT_C
 
 // A control promises nothing unless it says so: a script can make a grid read and write whatever object it is handed.
 HRESULT ControlCore::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) {
-    if (!supported || !enabled) {
+    if (!supported || !enabled)
         return E_POINTER;
-    }
     *supported = *enabled = 0;
     ComPtr<IUnknown> asked;
-    if (FAILED(Self()->QueryInterface(iid, reinterpret_cast<void**>(asked.GetAddressOf())))) {
+    if (FAILED(Self()->QueryInterface(iid, reinterpret_cast<void**>(asked.GetAddressOf()))))
         return E_NOINTERFACE;
-    }
     *supported = SafetyPromised();
     *enabled = m_SafetyEnabled;
     return S_OK;
@@ -226,12 +200,10 @@ HRESULT ControlCore::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWO
 HRESULT ControlCore::SetInterfaceSafetyOptions(REFIID iid, DWORD mask, DWORD enabled) {
     DWORD supported = 0, present = 0;
     const HRESULT hr = GetInterfaceSafetyOptions(iid, &supported, &present);
-    if (FAILED(hr)) {
+    if (FAILED(hr))
         return hr;
-    }
-    if (mask & enabled & ~supported) {
+    if (mask & enabled & ~supported)
         return E_FAIL;
-    }
     m_SafetyEnabled = (present & ~mask) | (enabled & mask);
     return S_OK;
 }

@@ -19,9 +19,8 @@ void MapByWindow(HDC dc, const RECTL& bounds, const RECTL& window, SIZE pixels) 
 void MapByViewport(HDC dc, const RECTL& bounds, SIZE pixels) {
     POINT corners[2]{{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
     LPtoDP(dc, corners, 2);
-    if (GetGraphicsMode(dc) == GM_ADVANCED) {
+    if (GetGraphicsMode(dc) == GM_ADVANCED)
         ModifyWorldTransform(dc, nullptr, MWT_IDENTITY); // the corners have it in them already
-    }
     SetMapMode(dc, MM_ANISOTROPIC);
     SetWindowOrgEx(dc, 0, 0, nullptr);
     SetWindowExtEx(dc, pixels.cx, pixels.cy, nullptr);
@@ -33,9 +32,8 @@ void MapByViewport(HDC dc, const RECTL& bounds, SIZE pixels) {
 
 void DrawMapped(HDC dc, const RECTL& bounds, const RECTL* metafileWindow, SIZE pixels,
                 const std::function<void(HDC, const RECT&)>& draw) {
-    if (bounds.right == bounds.left || bounds.bottom == bounds.top || pixels.cx <= 0 || pixels.cy <= 0) {
+    if (bounds.right == bounds.left || bounds.bottom == bounds.top || pixels.cx <= 0 || pixels.cy <= 0)
         return;
-    }
     const SavedDC saved(dc);
     if (GetObjectType(dc) == OBJ_METADC) {
         const RECTL whole{bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top};

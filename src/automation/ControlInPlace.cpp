@@ -33,9 +33,8 @@ wchar_t CharacterOf(const MSG& message) {
 ACCEL AcceleratorOf(wchar_t character, WORD command) {
     const SHORT key = VkKeyScanW(character);
     const bool plain = key != -1 && (HIBYTE(key) & ~1) == 0;
-    if (plain) {
+    if (plain)
         return {FALT | FVIRTKEY, static_cast<WORD>(LOBYTE(key)), command};
-    }
     return {FALT, static_cast<WORD>(character), command};
 }
 
@@ -61,27 +60,23 @@ HRESULT ControlCore::DoVerb(LONG verb, LPMSG cause, IOleClientSite*, LONG, HWND,
         default:
             break;
         }
-        if (verb < 0) {
+        if (verb < 0)
             return E_NOTIMPL;
-        }
         const HRESULT hr = ActivateUi(cause);
         return hr == S_OK ? OLEOBJ_S_INVALIDVERB : hr;
     });
 }
 
 HRESULT ControlCore::ActivateInPlace() {
-    if (!m_Site.IsSited()) {
+    if (!m_Site.IsSited())
         return OLEOBJ_S_CANNOT_DOVERB_NOW;
-    }
-    if (!Window()) {
+    if (!Window())
         return OLEOBJ_S_CANNOT_DOVERB_NOW;
-    }
     if (!m_Session.IsActive()) {
         InPlaceSession::Place place;
         const HRESULT hr = m_Session.Begin(m_Site.Get(), place);
-        if (FAILED(hr)) {
+        if (FAILED(hr))
             return hr;
-        }
         if (!m_Placing.Unpark(Window(), place.parent)) {
             Deactivate();
             return E_FAIL;
@@ -97,16 +92,13 @@ HRESULT ControlCore::ActivateInPlace() {
 
 HRESULT ControlCore::ActivateUi(const MSG* cause) {
     HRESULT hr = ActivateInPlace();
-    if (hr != S_OK) {
+    if (hr != S_OK)
         return hr;
-    }
     hr = m_Session.BeginUi(this, UserTypeName(USERCLASSTYPE_SHORT).c_str());
-    if (hr == S_OK && Window() && !HasFocusWithin(Window())) {
+    if (hr == S_OK && Window() && !HasFocusWithin(Window()))
         SetFocus(Window());
-    }
-    if (hr == S_OK && cause && cause->message == WM_KEYDOWN && cause->wParam == VK_TAB) {
+    if (hr == S_OK && cause && cause->message == WM_KEYDOWN && cause->wParam == VK_TAB)
         OnTabbedInto(GetKeyState(VK_SHIFT) < 0);
-    }
     return FAILED(hr) ? hr : S_OK;
 }
 
@@ -126,9 +118,8 @@ void ControlCore::Place(const RECT& position, const RECT* clip) {
 }
 
 HRESULT ControlCore::GetWindow(HWND* window) {
-    if (!window) {
+    if (!window)
         return E_POINTER;
-    }
     *window = Window();
     return *window ? S_OK : E_FAIL;
 }
@@ -176,9 +167,8 @@ HRESULT ControlCore::GetControlInfo(CONTROLINFO* info) {
     return Guarded(__uuidof(IOleControl), [&] {
         CheckPointer(info);
         std::vector<ACCEL> keys;
-        for (const wchar_t key : AccessKeys()) {
+        for (const wchar_t key : AccessKeys())
             keys.push_back(AcceleratorOf(key, static_cast<WORD>(keys.size())));
-        }
         m_Accelerators.reset(keys.empty() ? nullptr
                                           : CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size())));
         info->cb = sizeof *info;
@@ -194,18 +184,16 @@ HRESULT ControlCore::OnMnemonic(MSG* message) {
         CheckPointer(message);
         const wchar_t pressed = CharacterOf(*message);
         const std::wstring keys = AccessKeys();
-        if (pressed && std::any_of(keys.begin(), keys.end(), [&](wchar_t key) { return UpperCase(key) == pressed; })) {
+        if (pressed && std::any_of(keys.begin(), keys.end(), [&](wchar_t key) { return UpperCase(key) == pressed; }))
             OnAccessKey(pressed);
-        }
     });
 }
 
 HRESULT ControlCore::OnAmbientPropertyChange(DISPID id) {
     const ComPtr<IUnknown> alive(Self());
     return Guarded(__uuidof(IOleControl), [&] {
-        if (m_WindowsMade && IsSited()) {
+        if (m_WindowsMade && IsSited())
             OnAmbientChange(id);
-        }
     });
 }
 
@@ -215,21 +203,18 @@ HRESULT ControlCore::FreezeEvents(BOOL freeze) {
 }
 
 void ControlCore::UiActivate() {
-    if (!m_Session.IsActive()) {
+    if (!m_Session.IsActive())
         return;
-    }
     const ComPtr<IUnknown> alive(Self());
     IgnoringFailures([&] { return m_Session.BeginUi(this, UserTypeName(USERCLASSTYPE_SHORT).c_str()); });
-    if (!std::exchange(m_Focused, true)) {
+    if (!std::exchange(m_Focused, true))
         m_Site.TellFocus(true);
-    }
 }
 
 void ControlCore::FocusLost() {
     const ComPtr<IUnknown> alive(Self());
-    if (std::exchange(m_Focused, false)) {
+    if (std::exchange(m_Focused, false))
         m_Site.TellFocus(false);
-    }
 }
 
 } // namespace ormisk

@@ -12,9 +12,8 @@ namespace {
 LPOLESTR NewTaskString(const std::wstring& text) {
     const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
     auto* copy = static_cast<LPOLESTR>(CoTaskMemAlloc(bytes));
-    if (copy) {
+    if (copy)
         memcpy(copy, text.c_str(), bytes);
-    }
     return copy;
 }
 
@@ -46,9 +45,8 @@ HRESULT ControlCore::SetHostNames(LPCOLESTR, LPCOLESTR) { return S_OK; }
 HRESULT ControlCore::Close(DWORD saveOption) {
     const ComPtr<IUnknown> alive(Self());
     return Guarded(__uuidof(IOleObject), [&] {
-        if (m_Dirty && saveOption != OLECLOSE_NOSAVE) {
+        if (m_Dirty && saveOption != OLECLOSE_NOSAVE)
             m_Site.AskToSave();
-        }
         Deactivate();
         m_Advises.TellClosed();
         OnUseEnded();
@@ -58,18 +56,16 @@ HRESULT ControlCore::Close(DWORD saveOption) {
 HRESULT ControlCore::SetMoniker(DWORD, IMoniker*) { return E_NOTIMPL; }
 
 HRESULT ControlCore::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
-    if (moniker) {
+    if (moniker)
         *moniker = nullptr;
-    }
     return E_NOTIMPL;
 }
 
 HRESULT ControlCore::InitFromData(IDataObject*, BOOL, DWORD) { return E_NOTIMPL; }
 
 HRESULT ControlCore::GetClipboardData(DWORD, IDataObject** data) {
-    if (data) {
+    if (data)
         *data = nullptr;
-    }
     return E_NOTIMPL;
 }
 
@@ -112,35 +108,29 @@ HRESULT ControlCore::SetExtent(DWORD aspect, SIZEL* size) {
     const ComPtr<IUnknown> alive(Self());
     return Guarded(__uuidof(IOleObject), [&]() -> HRESULT {
         CheckPointer(size);
-        if (aspect != DVASPECT_CONTENT) {
+        if (aspect != DVASPECT_CONTENT)
             return DV_E_DVASPECT;
-        }
-        if (size->cx < 0 || size->cy < 0) {
+        if (size->cx < 0 || size->cy < 0)
             return E_INVALIDARG;
-        }
         const bool changed = size->cx != m_Extent.cx || size->cy != m_Extent.cy;
         m_Extent = *size;
-        if (changed && !m_Session.IsActive()) {
+        if (changed && !m_Session.IsActive())
             ApplyExtent();
-        }
-        if (changed) {
+        if (changed)
             m_Advises.TellViewChanged();
-        }
         return S_OK;
     });
 }
 
 void ControlCore::ApplyExtent() {
     const SIZE pixels = PixelsOf(m_Extent);
-    if (m_Placing.Resize(Window(), pixels)) {
+    if (m_Placing.Resize(Window(), pixels))
         OnSize(pixels.cx, pixels.cy);
-    }
 }
 
 HRESULT ControlCore::GetExtent(DWORD aspect, SIZEL* size) {
-    if (!size) {
+    if (!size)
         return E_POINTER;
-    }
     if (aspect != DVASPECT_CONTENT) {
         *size = {};
         return DV_E_DVASPECT;
@@ -160,9 +150,8 @@ HRESULT ControlCore::EnumAdvise(IEnumSTATDATA** connections) {
 }
 
 HRESULT ControlCore::GetMiscStatus(DWORD aspect, DWORD* status) {
-    if (!status) {
+    if (!status)
         return E_POINTER;
-    }
     *status = aspect == DVASPECT_CONTENT ? kControlMiscStatus : 0;
     return S_OK;
 }
@@ -173,23 +162,18 @@ HRESULT ControlCore::Draw(DWORD aspect, LONG index, void*, DVTARGETDEVICE*, HDC,
                           LPCRECTL windowBounds, BOOL(STDMETHODCALLTYPE* goOn)(ULONG_PTR), ULONG_PTR goOnArgument) {
     const ComPtr<IUnknown> alive(Self());
     return Guarded(__uuidof(IViewObject), [&]() -> HRESULT {
-        if (aspect != DVASPECT_CONTENT) {
+        if (aspect != DVASPECT_CONTENT)
             return DV_E_DVASPECT;
-        }
-        if (index != -1) {
+        if (index != -1)
             return DV_E_LINDEX;
-        }
         CheckPointer(bounds);
-        if (!dc) {
+        if (!dc)
             return E_INVALIDARG;
-        }
         RECT window;
-        if (!GetWindowRect(Window(), &window)) {
+        if (!GetWindowRect(Window(), &window))
             return OLE_E_BLANK; // no site yet: there is nothing to show
-        }
-        if (goOn && !goOn(goOnArgument)) {
+        if (goOn && !goOn(goOnArgument))
             return E_ABORT;
-        }
         DrawMapped(dc, *bounds, windowBounds, SizeOf(window),
                    [&](HDC mapped, const RECT& pixels) { OnDraw(mapped, pixels); });
         return S_OK;
@@ -197,9 +181,8 @@ HRESULT ControlCore::Draw(DWORD aspect, LONG index, void*, DVTARGETDEVICE*, HDC,
 }
 
 HRESULT ControlCore::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** colors) {
-    if (!colors) {
+    if (!colors)
         return E_POINTER;
-    }
     *colors = nullptr;
     return S_FALSE;
 }

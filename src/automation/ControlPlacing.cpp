@@ -18,9 +18,8 @@ bool IsClipped(HWND window) {
 void Clip(HWND window, const RECT* visible) {
     if (visible) {
         Unique<HRGN> region(CreateRectRgnIndirect(visible));
-        if (SetWindowRgn(window, region.get(), TRUE)) {
-            [[maybe_unused]] const HRGN given = region.release(); // to the system
-        }
+        if (SetWindowRgn(window, region.get(), TRUE)) [[maybe_unused]]
+            const HRGN given = region.release(); // to the system
     } else if (IsClipped(window)) {
         SetWindowRgn(window, nullptr, TRUE);
     }
@@ -37,12 +36,10 @@ HWND ControlPlacing::Parking() {
 }
 
 void ControlPlacing::Park(HWND window) {
-    if (IsWindow(window) && HasFocusWithin(window)) {
+    if (IsWindow(window) && HasFocusWithin(window))
         SetFocus(GetParent(window));
-    }
-    if (IsWindow(window)) {
+    if (IsWindow(window))
         ShowWindow(window, SW_HIDE);
-    }
     if (IsWindow(window)) {
         Clip(window, nullptr);
         SetParent(window, m_Parking.get());
@@ -55,28 +52,24 @@ bool ControlPlacing::Unpark(HWND window, HWND parent) {
 
 bool ControlPlacing::Move(HWND window, const RECT& position, const RECT* clip) {
     const SIZE size = SizeOf(position);
-    if (!IsWindow(window)) {
+    if (!IsWindow(window))
         return false;
-    }
     SetWindowPos(window, nullptr, position.left, position.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     RECT visible = position;
-    if (clip) {
+    if (clip)
         IntersectRect(&visible, &position, clip);
-    }
     const bool whole = EqualRect(&visible, &position);
     OffsetRect(&visible, -position.left, -position.top);
-    if (IsWindow(window)) {
+    if (IsWindow(window))
         Clip(window, whole ? nullptr : &visible);
-    }
     const bool isNew = size.cx != m_Size.cx || size.cy != m_Size.cy;
     m_Size = size;
     return isNew && IsWindow(window);
 }
 
 bool ControlPlacing::Resize(HWND window, SIZE size) {
-    if (!IsWindow(window)) {
+    if (!IsWindow(window))
         return false;
-    }
     const Rect present = PlaceInParent(window);
     return Move(window, {present.left, present.top, present.left + size.cx, present.top + size.cy}, nullptr);
 }

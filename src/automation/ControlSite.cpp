@@ -38,17 +38,15 @@ std::optional<_variant_t> ControlSite::Ambient(const std::wstring& name) const {
     const auto ambients = As<IDispatch>();
     wchar_t* text = const_cast<wchar_t*>(name.c_str());
     DISPID id = DISPID_UNKNOWN;
-    if (!ambients || FAILED(ambients->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id))) {
+    if (!ambients || FAILED(ambients->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id)))
         return std::nullopt;
-    }
     return ormisk::Get(ambients.Get(), id);
 }
 
 std::wstring ControlSite::AmbientText(DISPID id) const {
     std::wstring text;
-    if (const auto value = Ambient(id)) {
+    if (const auto value = Ambient(id))
         IgnoringFailures([&] { text = TextOf(*value); });
-    }
     return text;
 }
 
@@ -69,27 +67,23 @@ bool ControlSite::TranslateAccelerator(MSG& message) const {
 }
 
 void ControlSite::TellFocus(bool hasFocus) const {
-    if (const auto site = As<IOleControlSite>()) {
+    if (const auto site = As<IOleControlSite>())
         site->OnFocus(hasFocus);
-    }
 }
 
 void ControlSite::TellControlInfoChanged() const {
-    if (const auto site = As<IOleControlSite>()) {
+    if (const auto site = As<IOleControlSite>())
         site->OnControlInfoChanged();
-    }
 }
 
 void ControlSite::AskToSave() const {
-    if (const auto site = m_Site) {
+    if (const auto site = m_Site)
         site->SaveObject();
-    }
 }
 
 void ControlSite::AskToShow() const {
-    if (const auto site = m_Site) {
+    if (const auto site = m_Site)
         site->ShowObject();
-    }
 }
 
 } // namespace ormisk

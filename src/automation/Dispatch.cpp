@@ -18,12 +18,10 @@ bool IsFailureOfCall(HRESULT hr) { return HRESULT_FACILITY(hr) == FACILITY_DISPA
 // The form of the member that a call is for. Languages without an assignment of references put an object where a member
 // only takes a reference; their null means no object then. Those that say both put an object by reference if they can.
 const MemberForm* FindForm(const DispatchType& type, const MemberCall& call, const DISPPARAMS& parameters) {
-    if (call.flags & kGets) {
+    if (call.flags & kGets)
         return type.Find(call.id, call.flags & kGets);
-    }
-    if (parameters.cArgs == 0) {
+    if (parameters.cArgs == 0)
         return nullptr;
-    }
     const VARIANT& value = parameters.rgvarg[0];
     const MemberForm* put = type.Find(call.id, call.flags & DISPATCH_PROPERTYPUT);
     const bool refers = call.flags & DISPATCH_PROPERTYPUTREF || (!put && (HoldsObject(value) || IsNull(value)));
@@ -43,9 +41,8 @@ HRESULT ConvertColor(const VARIANT& given, _variant_t& converted) {
 HRESULT ConvertObject(const VARIANT& given, REFIID iid, _variant_t& converted) {
     IUnknown* const object = ObjectOf(given);
     IDispatch* asked = nullptr;
-    if (object && FAILED(object->QueryInterface(iid, reinterpret_cast<void**>(&asked)))) {
+    if (object && FAILED(object->QueryInterface(iid, reinterpret_cast<void**>(&asked))))
         return DISP_E_TYPEMISMATCH; // an object of another kind
-    }
     V_VT(&converted) = VT_DISPATCH;
     V_DISPATCH(&converted) = asked;
     return S_OK;
@@ -59,9 +56,8 @@ std::optional<HRESULT> ConvertArgument(const VARIANT& given, const MemberForm::T
         const bool named = HoldsObject(given) && wanted.object != GUID_NULL;
         return none || named ? std::optional(ConvertObject(given, wanted.object, converted)) : std::nullopt;
     }
-    if (wanted.type == VT_UI4 && !IsMissing(given)) {
+    if (wanted.type == VT_UI4 && !IsMissing(given))
         return ConvertColor(given, converted);
-    }
     const bool takesObjects = wanted.type == VT_VARIANT || wanted.type == VT_UNKNOWN || wanted.type & VT_BYREF;
     return HoldsObject(given) && !takesObjects ? std::optional(ResolveDefault(given, converted)) : std::nullopt;
 }
@@ -76,26 +72,22 @@ public:
     Arguments(const Arguments&) = delete;
     Arguments& operator=(const Arguments&) = delete;
     ~Arguments() {
-        for (std::size_t place = 0; place < m_Values.size(); ++place) {
-            if (m_Owned[place]) {
+        for (std::size_t place = 0; place < m_Values.size(); ++place)
+            if (m_Owned[place])
                 VariantClear(&m_Values[place]); // the type library may have put another interface of an object there
-            }
-        }
     }
 
     HRESULT Convert(UINT* badArgument) {
-        if (m_Given.cArgs > m_Form.parameters.size() || m_Given.cNamedArgs > m_Given.cArgs) {
+        if (m_Given.cArgs > m_Form.parameters.size() || m_Given.cNamedArgs > m_Given.cArgs)
             return DISP_E_BADPARAMCOUNT;
-        }
         for (UINT place = 0; place < m_Given.cArgs; ++place) {
             const VARIANT& given = m_Given.rgvarg[place];
             const MemberForm::Type* wanted = TypeAt(place);
             _variant_t converted;
             const auto done = wanted ? ConvertArgument(given, *wanted, m_Form.kind, converted) : std::nullopt;
             if (done && FAILED(*done)) {
-                if (badArgument) {
+                if (badArgument)
                     *badArgument = place;
-                }
                 return *done;
             }
             m_Owned.push_back(done.has_value());
@@ -127,9 +119,8 @@ private:
 // Scripts know a colour as a signed number of 32 bits, and cannot compare an unsigned one. What a host keeps in a
 // Variant stays as it is.
 void GiveSigned(const MemberForm& form, VARIANT* result) {
-    if (result && form.result.type == VT_UI4 && V_VT(result) == VT_UI4) {
+    if (result && form.result.type == VT_UI4 && V_VT(result) == VT_UI4)
         V_VT(result) = VT_I4;
-    }
 }
 
 // Runs the member. What it fails at comes as DISP_E_EXCEPTION.
@@ -139,12 +130,10 @@ HRESULT Run(ITypeInfo* info, IDispatch* instance, const MemberForm& form, DISPPA
     EXCEPINFO raised{};
     const HRESULT hr =
         info->Invoke(instance, form.id, form.kind, &parameters, outcome.result, &raised, outcome.badArgument);
-    if (SUCCEEDED(hr)) {
+    if (SUCCEEDED(hr))
         GiveSigned(form, outcome.result);
-    }
-    if (SUCCEEDED(hr) || IsFailureOfCall(hr)) {
+    if (SUCCEEDED(hr) || IsFailureOfCall(hr))
         return hr;
-    }
     // The type library has taken the error information already, or left it to its caller.
     const bool taken = hr == DISP_E_EXCEPTION && (raised.bstrDescription || raised.bstrSource);
     const HRESULT number = hr == DISP_E_EXCEPTION && FAILED(raised.scode) ? raised.scode : hr;
@@ -165,13 +154,11 @@ HRESULT RunDefaultOf(ITypeInfo* info, IDispatch* instance, const MemberForm& for
     DISPPARAMS none{};
     _variant_t given;
     const HRESULT hr = Run(info, instance, form, none, {&given, outcome.exception, outcome.badArgument});
-    if (FAILED(hr)) {
+    if (FAILED(hr))
         return hr;
-    }
     const ComPtr<IDispatch> object = DispatchOf(given);
-    if (!object || depth > kDeepestDefault) {
+    if (!object || depth > kDeepestDefault)
         return DISP_E_NOTACOLLECTION;
-    }
     return object->Invoke(DISPID_VALUE, IID_NULL, call.locale, call.flags, &parameters, outcome.result,
                           outcome.exception, outcome.badArgument);
 }
@@ -184,53 +171,44 @@ HRESULT GiveException(const AutomationError& error, EXCEPINFO* exception) {
         exception->scode = error.number;
         exception->bstrSource = SysAllocString(error.source.c_str());
         exception->bstrDescription = SysAllocString(error.description.c_str());
-        if (!error.helpFile.empty()) {
+        if (!error.helpFile.empty())
             exception->bstrHelpFile = SysAllocString(error.helpFile.c_str());
-        }
     }
     return DISP_E_EXCEPTION;
 }
 
 HRESULT InvokeMember(const DispatchType& type, IDispatch* instance, const MemberCall& call, REFIID iid,
                      DISPPARAMS* parameters, const CallOutcome& outcome) {
-    if (iid != IID_NULL) {
+    if (iid != IID_NULL)
         return DISP_E_UNKNOWNINTERFACE;
-    }
-    if (!parameters) {
+    if (!parameters)
         return E_POINTER;
-    }
     const ComPtr<IDispatch> alive(instance);
     const MemberForm* form = FindForm(type, call, *parameters);
-    if (!form) {
+    if (!form)
         return DISP_E_MEMBERNOTFOUND;
-    }
-    if (form->kind == DISPATCH_PROPERTYGET && form->parameters.empty() && parameters->cArgs > 0) {
+    if (form->kind == DISPATCH_PROPERTYGET && form->parameters.empty() && parameters->cArgs > 0)
         return RunDefaultOf(type.Info(), instance, *form, call, *parameters, outcome);
-    }
     Arguments arguments(*form, *parameters);
     const HRESULT hr = arguments.Convert(outcome.badArgument);
-    if (FAILED(hr)) {
+    if (FAILED(hr))
         return hr;
-    }
     DISPPARAMS converted = arguments.Parameters();
     return Run(type.Info(), instance, *form, converted, outcome);
 }
 
 HRESULT FindMembers(ITypeInfo* info, REFIID iid, wchar_t** names, UINT count, DISPID* ids) {
-    if (iid != IID_NULL) {
+    if (iid != IID_NULL)
         return DISP_E_UNKNOWNINTERFACE;
-    }
     return names && ids ? info->GetIDsOfNames(names, count, ids) : E_POINTER;
 }
 
 HRESULT GiveTypeInfo(ITypeInfo* info, UINT index, ITypeInfo** result) {
-    if (!result) {
+    if (!result)
         return E_POINTER;
-    }
     *result = nullptr;
-    if (index != 0) {
+    if (index != 0)
         return DISP_E_BADINDEX;
-    }
     *result = info;
     info->AddRef();
     return S_OK;

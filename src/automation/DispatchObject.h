@@ -31,13 +31,11 @@ class DispatchObject : public Primary,
                        public Others... {
 public:
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) {
+        if (!object)
             return E_POINTER;
-        }
         *object = FindOwn(iid);
-        if (!*object) {
+        if (!*object)
             return QueryOther(iid, object);
-        }
         AddRef();
         return S_OK;
     }
@@ -53,9 +51,8 @@ public:
     }
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-        if (!count) {
+        if (!count)
             return E_POINTER;
-        }
         *count = 1;
         return S_OK;
     }
@@ -81,15 +78,13 @@ public:
         return Guarded(__uuidof(IProvideClassInfo), [&] {
             CheckPointer(info);
             *info = nullptr;
-            if constexpr (!std::is_void_v<CoClass>) {
+            if constexpr (!std::is_void_v<CoClass>)
                 *info = TypeInfoOf(__uuidof(CoClass)).Detach();
-            }
         });
     }
     STDMETHODIMP GetGUID(DWORD kind, GUID* id) override {
-        if (!id) {
+        if (!id)
             return E_POINTER;
-        }
         *id = GUID_NULL;
         if constexpr (!std::is_void_v<Source>) {
             if (kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID) {
@@ -122,32 +117,27 @@ private:
     }
 
     void* FindOwn(REFIID iid) {
-        if (iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch) || iid == __uuidof(Primary)) {
+        if (iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch) || iid == __uuidof(Primary))
             return static_cast<Primary*>(this);
-        }
-        if (iid == __uuidof(ISupportErrorInfo)) {
+        if (iid == __uuidof(ISupportErrorInfo))
             return static_cast<ISupportErrorInfo*>(this);
-        }
         if constexpr (!std::is_void_v<CoClass>) {
-            if (iid == __uuidof(IProvideClassInfo) || iid == __uuidof(IProvideClassInfo2)) {
+            if (iid == __uuidof(IProvideClassInfo) || iid == __uuidof(IProvideClassInfo2))
                 return static_cast<IProvideClassInfo2*>(this);
-            }
         }
         if constexpr (!std::is_void_v<Source>) {
-            if (iid == __uuidof(IConnectionPointContainer)) {
+            if (iid == __uuidof(IConnectionPointContainer))
                 return static_cast<IConnectionPointContainer*>(this);
-            }
         }
         void* found = nullptr;
         static_cast<void>(((found = FindIn<Others>(iid)) || ...));
         return found;
     }
     template <class Other> void* FindIn(REFIID iid) {
-        if constexpr (requires(Other& other) { other.FindInterface(iid); }) {
+        if constexpr (requires(Other& other) { other.FindInterface(iid); })
             return static_cast<Other*>(this)->FindInterface(iid);
-        } else {
+        else
             return iid == __uuidof(Other) ? static_cast<Other*>(this) : nullptr;
-        }
     }
 
     ReferenceCount m_References;

@@ -29,25 +29,21 @@ MemberForm::Type ResolveNamed(ITypeInfo* info, HREFTYPE reference) {
 }
 
 MemberForm::Type Resolve(ITypeInfo* info, const TYPEDESC& type) {
-    if (type.vt == VT_USERDEFINED) {
+    if (type.vt == VT_USERDEFINED)
         return ResolveNamed(info, type.hreftype);
-    }
-    if (type.vt != VT_PTR) {
+    if (type.vt != VT_PTR)
         return {type.vt};
-    }
     MemberForm::Type target = Resolve(info, *type.lptdesc);
     // A pointer to a named object is the object itself.
-    if (type.lptdesc->vt != VT_USERDEFINED || target.type != VT_DISPATCH) {
+    if (type.lptdesc->vt != VT_USERDEFINED || target.type != VT_DISPATCH)
         target.type |= VT_BYREF;
-    }
     return target;
 }
 
 MemberForm Describe(ITypeInfo* info, const FUNCDESC& member) {
     MemberForm form{member.memid, static_cast<WORD>(member.invkind), Resolve(info, member.elemdescFunc.tdesc), {}};
-    for (SHORT i = 0; i < member.cParams; ++i) {
+    for (SHORT i = 0; i < member.cParams; ++i)
         form.parameters.push_back(Resolve(info, member.lprgelemdescParam[i].tdesc));
-    }
     return form;
 }
 
@@ -59,9 +55,8 @@ DispatchType::DispatchType(ComPtr<ITypeInfo> info) : m_Info(std::move(info)) {
     for (UINT i = 0; SUCCEEDED(m_Info->GetFuncDesc(i, &found)); ++i) {
         const std::unique_ptr<FUNCDESC, decltype(release)> member(found, release);
         // Those of IDispatch itself are not called by number; what is not for people has a negative one.
-        if (member->memid < 0 || !(member->wFuncFlags & FUNCFLAG_FRESTRICTED)) {
+        if (member->memid < 0 || !(member->wFuncFlags & FUNCFLAG_FRESTRICTED))
             m_Members.push_back(Describe(m_Info.Get(), *member));
-        }
     }
 }
 

@@ -74,9 +74,8 @@ void Raise(HRESULT number, std::wstring description, std::wstring source, std::w
 }
 
 void Check(HRESULT hr) {
-    if (FAILED(hr)) {
+    if (FAILED(hr))
         throw TakeErrorInfo(hr);
-    }
 }
 
 void CheckSystem(HRESULT hr) {
@@ -87,16 +86,14 @@ void CheckSystem(HRESULT hr) {
     case DISP_E_OVERFLOW:
         Raise(kOverflow, L"Overflow");
     default:
-        if (FAILED(hr)) {
+        if (FAILED(hr))
             Raise(hr, SystemText(hr));
-        }
     }
 }
 
 void CheckPointer(const void* pointer) {
-    if (!pointer) {
+    if (!pointer)
         Raise(E_POINTER, SystemText(E_POINTER));
-    }
 }
 
 AutomationError CurrentError() {
@@ -127,17 +124,15 @@ AutomationError TakeException(EXCEPINFO& exception) {
     }
     AutomationError error;
     // An error is given either as an HRESULT or as a small code of the callee's own.
-    if (exception.wCode) {
+    if (exception.wCode)
         error.number = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, exception.wCode);
-    } else if (FAILED(exception.scode)) {
+    else if (FAILED(exception.scode))
         error.number = exception.scode;
-    }
     error.source = TakeText(exception.bstrSource);
     error.description = TakeText(exception.bstrDescription);
     error.helpFile = TakeText(exception.bstrHelpFile);
-    if (error.description.empty()) {
+    if (error.description.empty())
         error.description = SystemText(error.number);
-    }
     return error;
 }
 
@@ -146,22 +141,17 @@ AutomationError TakeErrorInfo(HRESULT hr) {
     ComPtr<IErrorInfo> info;
     if (GetErrorInfo(0, info.GetAddressOf()) == S_OK && info) {
         BSTR text = nullptr;
-        if (SUCCEEDED(info->GetSource(&text))) {
+        if (SUCCEEDED(info->GetSource(&text)))
             error.source = TakeText(text);
-        }
-        if (SUCCEEDED(info->GetDescription(&text))) {
+        if (SUCCEEDED(info->GetDescription(&text)))
             error.description = TakeText(text);
-        }
-        if (SUCCEEDED(info->GetHelpFile(&text))) {
+        if (SUCCEEDED(info->GetHelpFile(&text)))
             error.helpFile = TakeText(text);
-        }
     }
-    if (error.source.empty()) {
+    if (error.source.empty())
         error.source = kLibraryTitle;
-    }
-    if (error.description.empty()) {
+    if (error.description.empty())
         error.description = SystemText(hr);
-    }
     return error;
 }
 
@@ -171,9 +161,8 @@ HRESULT PublishError(REFIID iid, const AutomationError& error) noexcept {
         create->SetGUID(iid);
         create->SetSource(const_cast<wchar_t*>(error.source.c_str()));
         create->SetDescription(const_cast<wchar_t*>(error.description.c_str()));
-        if (!error.helpFile.empty()) {
+        if (!error.helpFile.empty())
             create->SetHelpFile(const_cast<wchar_t*>(error.helpFile.c_str()));
-        }
         SetErrorInfo(0, Query<IErrorInfo>(create).Get());
     }
     return FAILED(error.number) ? error.number : E_FAIL;
@@ -194,9 +183,8 @@ std::wstring SystemText(HRESULT number) {
                        nullptr, static_cast<DWORD>(number), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
     std::wstring text(buffer ? buffer : L"", length);
     LocalFree(buffer);
-    while (!text.empty() && (text.back() == L'\n' || text.back() == L'\r' || text.back() == L' ')) {
+    while (!text.empty() && (text.back() == L'\n' || text.back() == L'\r' || text.back() == L' '))
         text.pop_back();
-    }
     return text.empty() ? L"Automation error" : text;
 }
 

@@ -29,30 +29,26 @@ public:
     STDMETHODIMP_(ULONG) Release() override { return m_Owner.Release(); }
 
     STDMETHODIMP GetConnectionInterface(IID* iid) override {
-        if (!iid) {
+        if (!iid)
             return E_POINTER;
-        }
         *iid = m_Source;
         return S_OK;
     }
     STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override {
-        if (!container) {
+        if (!container)
             return E_POINTER;
-        }
         *container = &m_Owner;
         m_Owner.AddRef();
         return S_OK;
     }
     STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) override {
         return Guarded(__uuidof(IConnectionPoint), [&]() -> HRESULT {
-            if (!sink || !cookie) {
+            if (!sink || !cookie)
                 return E_POINTER;
-            }
             *cookie = 0;
             ComPtr<IUnknown> object;
-            if (FAILED(sink->QueryInterface(m_Source, reinterpret_cast<void**>(object.GetAddressOf()))) || !object) {
+            if (FAILED(sink->QueryInterface(m_Source, reinterpret_cast<void**>(object.GetAddressOf()))) || !object)
                 return CONNECT_E_CANNOTCONNECT;
-            }
             m_Sinks.push_back({++m_LastCookie, std::move(object)});
             *cookie = m_LastCookie;
             return S_OK;
@@ -60,9 +56,8 @@ public:
     }
     STDMETHODIMP Unadvise(DWORD cookie) override {
         const auto found = Position(cookie);
-        if (found == m_Sinks.end()) {
+        if (found == m_Sinks.end())
             return CONNECT_E_NOCONNECTION;
-        }
         // The reference goes only after the list is in order again: letting go can call back.
         const ComPtr<IUnknown> last = found->object;
         m_Sinks.erase(found);
@@ -131,9 +126,8 @@ HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
         *points = nullptr;
         std::vector<ComPtr<IConnectionPoint>> snapshot;
         snapshot.reserve(m_Points.size());
-        for (const auto& point : m_Points) {
+        for (const auto& point : m_Points)
             snapshot.emplace_back(point.get());
-        }
         *points = SnapshotEnumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>,
                                      CopyReference<IConnectionPoint>>::Make(std::move(snapshot))
                       .Detach();
@@ -141,13 +135,11 @@ HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
 }
 
 HRESULT ConnectionPoints::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
-    if (!point) {
+    if (!point)
         return E_POINTER;
-    }
     *point = Find(iid);
-    if (!*point) {
+    if (!*point)
         return CONNECT_E_NOCONNECTION;
-    }
     (*point)->AddRef();
     return S_OK;
 }
@@ -155,43 +147,36 @@ HRESULT ConnectionPoints::FindConnectionPoint(REFIID iid, IConnectionPoint** poi
 bool ConnectionPoints::HasListeners() const { return m_Suspended == 0 && !m_Points.front()->Sinks().empty(); }
 
 void ConnectionPoints::Fire(DISPID id, VARIANT* arguments, UINT count) {
-    if (!HasListeners()) {
+    if (!HasListeners())
         return;
-    }
     const ComPtr<IConnectionPointContainer> alive(this);
     const ConnectionPoint& point = *m_Points.front();
     const std::vector<ConnectionPoint::Sink> sinks = point.Sinks();
     std::vector<VARIANT> reversed(std::make_reverse_iterator(arguments + count), std::make_reverse_iterator(arguments));
     std::optional<AutomationError> failure;
     for (const auto& sink : sinks) {
-        if (!point.IsConnected(sink.cookie)) {
+        if (!point.IsConnected(sink.cookie))
             continue;
-        }
         auto error = CallSink(sink.object.Get(), id, {reversed.data(), nullptr, count, 0});
-        if (error && !failure) {
+        if (error && !failure)
             failure = std::move(error);
-        }
     }
-    if (failure) {
+    if (failure)
         throw *std::move(failure);
-    }
 }
 
 void ConnectionPoints::SuspendEvents(bool suspend) {
-    if (suspend) {
+    if (suspend)
         ++m_Suspended;
-    } else if (m_Suspended > 0) {
+    else if (m_Suspended > 0)
         --m_Suspended;
-    }
 }
 
 std::vector<ComPtr<IUnknown>> ConnectionPoints::SinksOf(REFIID source) const {
     std::vector<ComPtr<IUnknown>> sinks;
-    if (const ConnectionPoint* point = Find(source)) {
-        for (const auto& sink : point->Sinks()) {
+    if (const ConnectionPoint* point = Find(source))
+        for (const auto& sink : point->Sinks())
             sinks.push_back(sink.object);
-        }
-    }
     return sinks;
 }
 

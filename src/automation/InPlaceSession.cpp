@@ -6,18 +6,16 @@ namespace ormisk {
 
 HRESULT InPlaceSession::Begin(IOleClientSite* clientSite, Place& place) {
     const auto site = Query<IOleInPlaceSite>(clientSite);
-    if (!site || site->CanInPlaceActivate() != S_OK || IsActive()) {
+    if (!site || site->CanInPlaceActivate() != S_OK || IsActive())
         return E_FAIL;
-    }
     m_Site = site;
     const auto extended = Query<IOleInPlaceSiteEx>(site);
     BOOL noRedraw = FALSE;
     HRESULT hr = extended ? extended->OnInPlaceActivateEx(&noRedraw, 0) : site->OnInPlaceActivate();
-    if (SUCCEEDED(hr)) {
+    if (SUCCEEDED(hr))
         hr = Enter(site.Get(), place);
-    } else if (m_Site.Get() == site.Get()) {
+    else if (m_Site.Get() == site.Get())
         m_Site.Reset(); // never begun in the host's eyes
-    }
     return hr;
 }
 
@@ -27,12 +25,10 @@ HRESULT InPlaceSession::Enter(IOleInPlaceSite* site, Place& place) {
     OLEINPLACEFRAMEINFO info{};
     info.cb = sizeof info;
     HRESULT hr = site->GetWindow(&place.parent);
-    if (SUCCEEDED(hr)) {
+    if (SUCCEEDED(hr))
         hr = site->GetWindowContext(frame.GetAddressOf(), document.GetAddressOf(), &place.position, &place.clip, &info);
-    }
-    if (m_Site.Get() != site) {
+    if (m_Site.Get() != site)
         return E_FAIL;
-    }
     if (FAILED(hr) || !IsWindow(place.parent)) {
         End();
         site->OnInPlaceDeactivate();
@@ -45,9 +41,8 @@ HRESULT InPlaceSession::Enter(IOleInPlaceSite* site, Place& place) {
 
 HRESULT InPlaceSession::BeginUi(IOleInPlaceActiveObject* object, const wchar_t* name) {
     const auto site = m_Site;
-    if (!site || m_UiActive) {
+    if (!site || m_UiActive)
         return site ? S_OK : E_FAIL;
-    }
     const auto stands = [&] { return m_Site.Get() == site.Get() && m_UiActive; };
     m_UiActive = true;
     const auto extended = Query<IOleInPlaceSiteEx>(site);
@@ -58,41 +53,33 @@ HRESULT InPlaceSession::BeginUi(IOleInPlaceActiveObject* object, const wchar_t* 
     }
     const HRESULT hr = site->OnUIActivate();
     if (FAILED(hr)) {
-        if (stands()) {
+        if (stands())
             m_UiActive = false;
-        }
         return hr;
     }
     const auto frame = m_Frame;
     const auto document = m_Document;
-    if (stands() && frame) {
+    if (stands() && frame)
         frame->SetActiveObject(object, name);
-    }
-    if (stands() && document) {
+    if (stands() && document)
         document->SetActiveObject(object, name);
-    }
-    if (stands() && frame) {
+    if (stands() && frame)
         frame->SetBorderSpace(nullptr); // the control has no tools of its own for the frame's border
-    }
     return stands() ? S_OK : S_FALSE;
 }
 
 void InPlaceSession::EndUi() {
-    if (!std::exchange(m_UiActive, false)) {
+    if (!std::exchange(m_UiActive, false))
         return;
-    }
     const auto site = m_Site;
     const auto frame = m_Frame;
     const auto document = m_Document;
-    if (frame) {
+    if (frame)
         frame->SetActiveObject(nullptr, nullptr);
-    }
-    if (document) {
+    if (document)
         document->SetActiveObject(nullptr, nullptr);
-    }
-    if (site) {
+    if (site)
         site->OnUIDeactivate(FALSE);
-    }
 }
 
 ComPtr<IOleInPlaceSite> InPlaceSession::End() {

@@ -24,26 +24,22 @@ public:
     }
 
     STDMETHODIMP Next(ULONG count, Item* items, ULONG* fetched) override {
-        if (fetched) {
+        if (fetched)
             *fetched = 0;
-        }
-        if (!items || (!fetched && count != 1)) {
+        if (!items || (!fetched && count != 1))
             return E_POINTER;
-        }
         const ULONG given = static_cast<ULONG>(std::min<size_t>(count, m_Items->size() - m_Next));
         for (ULONG i = 0; i < given; ++i) {
             const HRESULT hr = Policy::Copy((*m_Items)[m_Next + i], &items[i]);
             if (FAILED(hr)) {
-                while (i > 0) {
+                while (i > 0)
                     Policy::Clear(&items[--i]);
-                }
                 return hr;
             }
         }
         m_Next += given;
-        if (fetched) {
+        if (fetched)
             *fetched = given;
-        }
         return given == count ? S_OK : S_FALSE;
     }
     STDMETHODIMP Skip(ULONG count) override {

@@ -28,9 +28,8 @@ ComPtr<ITypeInfo> TypeInfoOf(REFGUID id) {
 
 std::wstring NameOf(ITypeInfo* info) {
     _bstr_t name;
-    if (FAILED(info->GetDocumentation(MEMBERID_NIL, name.GetAddress(), nullptr, nullptr, nullptr))) {
+    if (FAILED(info->GetDocumentation(MEMBERID_NIL, name.GetAddress(), nullptr, nullptr, nullptr)))
         return {};
-    }
     std::wstring text = FromBstr(name.GetBSTR());
     return text.starts_with(L'_') ? text.substr(1) : text;
 }

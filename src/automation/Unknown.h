@@ -7,18 +7,15 @@ namespace ormisk {
 
 // QueryInterface of an object that answers for the interfaces given; the first of them is its identity.
 template <class First, class... Others, class Object> HRESULT Answer(Object* self, REFIID iid, void** object) {
-    if (!object) {
+    if (!object)
         return E_POINTER;
-    }
     *object = nullptr;
-    if (iid == __uuidof(IUnknown) || iid == __uuidof(First)) {
+    if (iid == __uuidof(IUnknown) || iid == __uuidof(First))
         *object = static_cast<First*>(self);
-    } else {
+    else
         static_cast<void>(((iid == __uuidof(Others) && (*object = static_cast<Others*>(self))) || ...));
-    }
-    if (!*object) {
+    if (!*object)
         return E_NOINTERFACE;
-    }
     self->AddRef();
     return S_OK;
 }
@@ -31,9 +28,8 @@ public:
     STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(InterlockedIncrement(&m_References)); }
     STDMETHODIMP_(ULONG) Release() override {
         const LONG left = InterlockedDecrement(&m_References);
-        if (left == 0) {
+        if (left == 0)
             delete this;
-        }
         return static_cast<ULONG>(left);
     }
 

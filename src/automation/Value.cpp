@@ -74,9 +74,8 @@ bool ReadAs(VARTYPE other, BSTR text, VARIANT& read) {
         return SUCCEEDED(VarDateFromStr(characters, LOCALE_USER_DEFAULT, 0, &V_DATE(&read)));
     }
     V_VT(&read) = VT_R8;
-    if (SUCCEEDED(VarR8FromStr(characters, LOCALE_USER_DEFAULT, 0, &V_R8(&read)))) {
+    if (SUCCEEDED(VarR8FromStr(characters, LOCALE_USER_DEFAULT, 0, &V_R8(&read))))
         return true;
-    }
     V_VT(&read) = VT_BOOL;
     return other == VT_BOOL && SUCCEEDED(VarBoolFromStr(characters, LOCALE_USER_DEFAULT, 0, &V_BOOL(&read)));
 }
@@ -88,13 +87,11 @@ Comparison CompareMixed(const VARIANT& left, const VARIANT& right) {
 
 // Hexadecimal digits as Basic writes them, with an "&" at the end of a long number or without.
 std::optional<std::uint32_t> ReadHexText(std::wstring_view text) {
-    if (!text.starts_with(L"&H") && !text.starts_with(L"&h")) {
+    if (!text.starts_with(L"&H") && !text.starts_with(L"&h"))
         return std::nullopt;
-    }
     std::wstring digits(text.substr(2));
-    if (digits.ends_with(L'&')) {
+    if (digits.ends_with(L'&'))
         digits.pop_back();
-    }
     const bool fits = !digits.empty() && digits.size() <= 8 &&
                       digits.find_first_not_of(L"0123456789abcdefABCDEF") == std::wstring::npos;
     return fits ? std::optional(static_cast<std::uint32_t>(std::stoul(digits, nullptr, 16))) : std::nullopt;
@@ -151,13 +148,11 @@ const wchar_t* ElementName(VARTYPE type) {
 
 std::wstring ClassNameOf(IUnknown* object) {
     ComPtr<ITypeInfo> info;
-    if (const auto provider = Query<IProvideClassInfo>(object)) {
+    if (const auto provider = Query<IProvideClassInfo>(object))
         provider->GetClassInfo(info.GetAddressOf());
-    }
     if (!info) {
-        if (const auto dispatch = Query<IDispatch>(object)) {
+        if (const auto dispatch = Query<IDispatch>(object))
             dispatch->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.GetAddressOf());
-        }
     }
     const std::wstring name = info ? NameOf(info.Get()) : std::wstring();
     return name.empty() ? L"Object" : name;
@@ -171,21 +166,18 @@ bool HoldsObject(const VARIANT& v) {
 }
 
 IUnknown* ObjectOf(const VARIANT& v) {
-    if (!HoldsObject(v)) {
+    if (!HoldsObject(v))
         return nullptr;
-    }
     const VARIANT& value = Referred(v);
-    if (V_VT(&value) & VT_BYREF) {
+    if (V_VT(&value) & VT_BYREF)
         return V_UNKNOWNREF(&value) ? *V_UNKNOWNREF(&value) : nullptr;
-    }
     return V_UNKNOWN(&value);
 }
 
 ComPtr<IDispatch> DispatchOf(const VARIANT& v) {
     IUnknown* const object = ObjectOf(v);
-    if (TypeOf(v) == VT_DISPATCH) {
+    if (TypeOf(v) == VT_DISPATCH)
         return static_cast<IDispatch*>(object);
-    }
     return Query<IDispatch>(object);
 }
 
@@ -197,31 +189,26 @@ bool IsMissing(const VARIANT& v) {
 }
 
 bool SameObject(IUnknown* a, IUnknown* b) {
-    if (a == b || !a || !b) {
+    if (a == b || !a || !b)
         return a == b;
-    }
     const ComPtr<IUnknown> first(a); // while they are asked who they are
     const ComPtr<IUnknown> second(b);
     return Query<IUnknown>(first).Get() == Query<IUnknown>(second).Get();
 }
 
 Comparison CompareValues(const VARIANT& a, const VARIANT& b) {
-    if (IsNull(a) || IsNull(b)) {
+    if (IsNull(a) || IsNull(b))
         return Comparison::Null;
-    }
-    if (HoldsObject(a) || HoldsObject(b)) {
+    if (HoldsObject(a) || HoldsObject(b))
         return Comparison::Different;
-    }
     const Direct left(a);
     const Direct right(b);
-    if (IsText(*left) && IsText(*right)) {
+    if (IsText(*left) && IsText(*right))
         return ViewBstr(V_BSTR(&*left)) == ViewBstr(V_BSTR(&*right)) ? Comparison::Equal : Comparison::Different;
-    }
     const VARIANT& text = IsText(*left) ? *left : *right;
     const VARIANT& other = IsText(*left) ? *right : *left;
-    if (!IsText(text) || !(IsNumberOrBoolean(V_VT(&other)) || V_VT(&other) == VT_DATE)) {
+    if (!IsText(text) || !(IsNumberOrBoolean(V_VT(&other)) || V_VT(&other) == VT_DATE))
         return CompareMixed(text, other);
-    }
     VARIANT read{};
     return ReadAs(V_VT(&other), V_BSTR(&text), read) ? CompareMixed(read, other) : Comparison::Different;
 }
@@ -238,9 +225,8 @@ HRESULT ResolveDefault(const VARIANT& v, _variant_t& plain) {
     for (int step = 0; SUCCEEDED(hr) && HoldsObject(value); ++step) {
         const ComPtr<IDispatch> object = DispatchOf(value);
         _variant_t given;
-        if (step == kDeepestDefault || !object || FAILED(GetDefaultValue(object.Get(), given))) {
+        if (step == kDeepestDefault || !object || FAILED(GetDefaultValue(object.Get(), given)))
             return DISP_E_TYPEMISMATCH;
-        }
         hr = VariantCopyInd(&value, &given);
     }
     if (SUCCEEDED(hr)) {
@@ -255,9 +241,8 @@ HRESULT ConvertValue(const VARIANT& v, VARTYPE type, _variant_t& converted, LCID
     _variant_t plain;
     if (HoldsObject(*value)) {
         const HRESULT hr = ResolveDefault(*value, plain);
-        if (FAILED(hr)) {
+        if (FAILED(hr))
             return hr;
-        }
         value = &plain;
     }
     return VariantChangeTypeEx(&converted, const_cast<VARIANT*>(value), locale, flags, type);
@@ -272,28 +257,23 @@ HRESULT ReadColor(const VARIANT& v, std::uint32_t& color) {
         color = *hex;
         return S_OK;
     }
-    if (SUCCEEDED(hr)) {
+    if (SUCCEEDED(hr))
         hr = ConvertValue(value, VT_R8, value);
-    }
-    if (FAILED(hr)) {
+    if (FAILED(hr))
         return hr;
-    }
     const double number = std::nearbyint(V_R8(&value));
-    if (!(number >= std::numeric_limits<std::int32_t>::min() && number <= std::numeric_limits<std::uint32_t>::max())) {
+    if (!(number >= std::numeric_limits<std::int32_t>::min() && number <= std::numeric_limits<std::uint32_t>::max()))
         return DISP_E_OVERFLOW; // also what is no number
-    }
     color = static_cast<std::uint32_t>(static_cast<std::int64_t>(number));
     return S_OK;
 }
 
 std::wstring TextOf(const VARIANT& v) {
     const VARIANT& value = Referred(v);
-    if (V_VT(&value) == VT_NULL) {
+    if (V_VT(&value) == VT_NULL)
         return {};
-    }
-    if (IsText(value)) {
+    if (IsText(value))
         return FromBstr(V_BSTR(&value));
-    }
     _variant_t text;
     CheckSystem(ConvertValue(value, VT_BSTR, text, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL));
     return FromBstr(V_BSTR(&text));
@@ -301,13 +281,11 @@ std::wstring TextOf(const VARIANT& v) {
 
 bool IsNumeric(const VARIANT& v) {
     _variant_t value;
-    if (HoldsObject(v)) {
+    if (HoldsObject(v))
         return SUCCEEDED(ResolveDefault(v, value)) && IsNumeric(value);
-    }
     const VARTYPE type = TypeOf(v);
-    if (type == VT_EMPTY || IsNumberOrBoolean(type)) {
+    if (type == VT_EMPTY || IsNumberOrBoolean(type))
         return true;
-    }
     return type == VT_BSTR && SUCCEEDED(ConvertValue(v, VT_R8, value));
 }
 
@@ -326,9 +304,8 @@ std::wstring FromBstr(BSTR text) { return text ? std::wstring(text, SysStringLen
 _bstr_t ToBstr(const std::wstring& text) { return _bstr_t(NewBstr(text), false); }
 
 BSTR NewBstr(const std::wstring& text) {
-    if (BSTR result = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
+    if (BSTR result = SysAllocStringLen(text.data(), static_cast<UINT>(text.size())))
         return result;
-    }
     Raise(E_OUTOFMEMORY, SystemText(E_OUTOFMEMORY));
 }
 

@@ -85,10 +85,9 @@ STDMETHODIMP CListEditor::get_Value(VARIANT* pValue) {
 }
 
 long CListEditor::Find(const VARIANT& value) const {
-    for (long i = 0; m_ListBox && i < m_ListBox->ListCount(); ++i) {
+    for (long i = 0; m_ListBox && i < m_ListBox->ListCount(); ++i)
         if (IsSameValue(m_ListBox->ItemValue(i), value))
             return i;
-    }
     // Nothing equals Null: but the entry that was made for it serves again.
     return V_VT(&value) == VT_NULL && m_ListBox && V_VT(&m_ListBox->ItemValue(0)) == VT_NULL &&
                    m_ListBox->ItemText(0).empty()

@@ -79,10 +79,9 @@ void EditorRegistry::EndUse() noexcept {
     ++m_Uses;
     IgnoringFailures([&] {
         std::vector<std::unique_ptr<Entry>> removed; // these too go when the collection is whole again
-        for (long i = m_Editors.Count(); i > 0; --i) {
+        for (long i = m_Editors.Count(); i > 0; --i)
             if (!m_Editors.At(i)->BuiltIn)
                 removed.push_back(m_Editors.RemoveAt(i));
-        }
     });
 }
 
@@ -94,10 +93,9 @@ ComPtr<_CEditor> EditorRegistry::Find(omEditorType type, const std::wstring& edi
 }
 
 BuiltInEditor* EditorRegistry::BuiltIn(_CEditor* editor) const {
-    for (const auto& entry : m_Editors) {
+    for (const auto& entry : m_Editors)
         if (entry->BuiltIn && entry->Editor.Get() == editor)
             return entry->BuiltIn;
-    }
     return nullptr;
 }
 

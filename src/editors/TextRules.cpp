@@ -68,12 +68,11 @@ std::wstring SingleText(float value, wchar_t decimalPoint) {
     char digits[32];
     const auto end = std::to_chars(digits, std::end(digits), value, std::chars_format::general, 7).ptr;
     std::wstring text(digits, end);
-    for (wchar_t& c : text) {
+    for (wchar_t& c : text)
         if (c == L'.')
             c = decimalPoint;
         else if (c == L'e')
             c = L'E';
-    }
     return text;
 }
 

@@ -346,10 +346,9 @@ void EditSession::TypeInto(int keyCode, int shift) {
     // A quick hand has let go of them by now, and Shift or Ctrl and a letter would come as a small letter.
     static constexpr std::pair<int, BYTE> kModifiers[] = {{1, VK_SHIFT}, {2, VK_CONTROL}, {4, VK_MENU}};
     std::vector<BYTE> keys;
-    for (const auto& [bit, key] : kModifiers) {
+    for (const auto& [bit, key] : kModifiers)
         if (shift & bit && GetAsyncKeyState(key) >= 0)
             keys.push_back(key);
-    }
     for (const BYTE key : keys)
         keybd_event(key, 0, 0, 0);
     keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);

@@ -40,10 +40,9 @@ bool FocusOrder::Move(bool backward) {
     const std::vector<HWND> stops = Stops();
     // Panes lie in each other: the innermost one that has the focus is where it is.
     auto at = stops.end();
-    for (auto stop = stops.begin(); stop != stops.end(); ++stop) {
+    for (auto stop = stops.begin(); stop != stops.end(); ++stop)
         if (IsWithin(focus, *stop) && (at == stops.end() || IsChild(*at, *stop)))
             at = stop;
-    }
     if (at == stops.end() || (backward ? at == stops.begin() : at + 1 == stops.end()))
         return false;
     FocusTo(backward ? *(at - 1) : *(at + 1));

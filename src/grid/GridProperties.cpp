@@ -98,10 +98,9 @@ void GridProperties::Repaint(unsigned effects) {
 void GridProperties::RunFirstDefaults() {
     const GridState defaults;
     for (int place = 1; place <= static_cast<int>(kProperties.size()); ++place) {
-        for (const PropertyEntry& entry : kProperties) {
+        for (const PropertyEntry& entry : kProperties)
             if (entry.firstDefault == place)
                 Put(entry, entry.Read(defaults));
-        }
     }
 }
 

@@ -44,10 +44,9 @@ omHitItem Input::HitItemOf(const Pane& pane, const MouseEvent& event) const {
         {panes.m_picValueHeader, omValueHeader},
         {panes.m_picHeaderContainer, omHeaderSplitter},
     };
-    for (const auto& entry : items) {
+    for (const auto& entry : items)
         if (&entry.pane == &pane)
             return entry.item;
-    }
     return omNowhere;
 }
 
@@ -281,14 +280,12 @@ void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, R
 
 Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
     const auto matches = [&](const CNode& row) { return FirstUpper(row.Name()) == static_cast<wchar_t>(character); };
-    for (CNode* row = node.NextVisible(); row; row = row->NextVisible()) {
+    for (CNode* row = node.NextVisible(); row; row = row->NextVisible())
         if (matches(*row))
             return Ref<CNode>(row);
-    }
-    for (CNode* row = m_Grid.m_ActiveNodes->NodeAtRow(0); row; row = row->NextVisible()) {
+    for (CNode* row = m_Grid.m_ActiveNodes->NodeAtRow(0); row; row = row->NextVisible())
         if (matches(*row))
             return Ref<CNode>(row);
-    }
     return nullptr;
 }
 

@@ -362,10 +362,9 @@ void ModelView::Open(const std::vector<Ref<CNode>>& path, bool restartEditor) {
 }
 
 void ModelView::MarkCategories(void (*mark)(CNode&, const GridState&)) {
-    for (const Ref<CNode>& node : m_Grid.m_CategorizedNodes.All()) {
+    for (const Ref<CNode>& node : m_Grid.m_CategorizedNodes.All())
         if (node->IsCategory())
             mark(*node, m_Grid.m_State);
-    }
     if (m_Grid.m_State.activeView != omAlphabetic)
         m_Grid.m_Panes.RepaintRows();
 }

@@ -117,10 +117,9 @@ void RecordToolbar::Paint(const Pane& pane, HDC dc) {
         Arrow arrow;
         bool twoLines;
     } kFaces[] = {{Arrow::Left, true}, {Arrow::Left, false}, {Arrow::Right, false}, {Arrow::Right, true}};
-    for (std::size_t i = 0; i < m_Buttons.size(); ++i) {
+    for (std::size_t i = 0; i < m_Buttons.size(); ++i)
         if (m_Buttons[i].PictureContainer() == &pane)
             DrawToolbarButton(dc, m_Buttons[i], kFaces[i].arrow, kFaces[i].twoLines);
-    }
 }
 
 void RecordToolbar::DrawToolbarButton(HDC dc, const CButton& button, Arrow arrow, bool twoLines) {

@@ -39,9 +39,8 @@ HRESULT CListItem::get_Text(BSTR* text) {
 
 HRESULT CListItem::put_Text(BSTR text) {
     return Guarded(__uuidof(_CListItem), [&] {
-        if (!m_Key) {
+        if (!m_Key)
             m_Key = std::make_unique<const std::wstring>(m_Text);
-        }
         m_Text = FromBstr(text);
     });
 }

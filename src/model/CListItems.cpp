@@ -12,9 +12,8 @@ constexpr DISPID kListModified = 1;
 } // namespace
 
 ComPtr<CListItem> CListItems::AddItem(const std::wstring& text, const VARIANT& value) {
-    if (HoldsObject(value)) {
+    if (HoldsObject(value))
         Raise(static_cast<HRESULT>(0x800A01A8), L"Object required");
-    }
     ComPtr<CListItem> item = MakeObject<CListItem>(text, value, m_Link);
     RaisingFaults([&] { m_Items.Add(item); });
     FireModified();
@@ -33,9 +32,8 @@ void CListItems::RemoveAt(long position) {
 void CListItems::RemoveAll() { m_Items.TakeAll(); }
 
 void CListItems::FireModified() {
-    if (HasListeners()) {
+    if (HasListeners())
         Fire(kListModified);
-    }
 }
 
 HRESULT CListItems::Add(BSTR text, VARIANT value, _CListItem** item) {
@@ -74,9 +72,8 @@ HRESULT CListItems::get_NewEnum(IUnknown** enumerator) {
         CheckPointer(enumerator);
         *enumerator = nullptr;
         std::vector<_variant_t> items;
-        for (const auto& item : m_Items) {
+        for (const auto& item : m_Items)
             items.emplace_back(static_cast<IDispatch*>(item.Get()));
-        }
         *enumerator = MakeEnumerator(std::move(items)).Detach();
     });
 }

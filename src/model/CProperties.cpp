@@ -33,16 +33,14 @@ bool IsGiven(const VARIANT* value) { return value && !IsMissing(*value); }
 class Unlinking {
 public:
     explicit Unlinking(std::vector<ComPtr<CProperty>> removed) : m_Removed(std::move(removed)) {
-        for (const auto& property : m_Removed) {
+        for (const auto& property : m_Removed)
             property.Get()->SetFiled(false);
-        }
     }
     Unlinking(const Unlinking&) = delete;
     Unlinking& operator=(const Unlinking&) = delete;
     ~Unlinking() {
-        for (const auto& property : m_Removed) {
+        for (const auto& property : m_Removed)
             property.Get()->DropSourceObject();
-        }
     }
 
 private:
@@ -64,25 +62,20 @@ void CProperties::ReleaseOwner() {
 }
 
 void CProperties::LetObjectsGo() {
-    if (const Ref<OwnerLink> link = m_Owner) {
+    if (const Ref<OwnerLink> link = m_Owner)
         link->LetObjectsGo();
-    }
 }
 
 void CProperties::CheckArguments(CProperty* parent, const NewProperty& arguments, std::wstring_view key) const {
-    if (IsGiven(arguments.value) && !IsValueValidForEditor(*arguments.value, arguments.editorType)) {
+    if (IsGiven(arguments.value) && !IsValueValidForEditor(*arguments.value, arguments.editorType))
         Raise(ErrorCode::InvalidEditorValue, kAddSource);
-    }
-    if (!key.empty() && IsNumericText(key)) {
+    if (!key.empty() && IsNumericText(key))
         Raise(ErrorCode::InvalidKey, kAddSource);
-    }
-    if (!key.empty() && m_Keys.Find(FoldedKey(key))) {
+    if (!key.empty() && m_Keys.Find(FoldedKey(key)))
         Raise(ErrorCode::PropertyKeyPresent, kAddSource);
-    }
     // The probe of a child names its category too, unlike the key under which it is filed.
-    if (parent && ItemByInternalKey(JoinKey(JoinKey(arguments.category, parent->InternalKey()), arguments.name))) {
+    if (parent && ItemByInternalKey(JoinKey(JoinKey(arguments.category, parent->InternalKey()), arguments.name)))
         Raise(ErrorCode::PropertyNamePresent, kAddSource);
-    }
 }
 
 ComPtr<CProperty> CProperties::AddProperty(CProperty* parent, const NewProperty& arguments) {
@@ -95,14 +88,12 @@ ComPtr<CProperty> CProperties::AddProperty(CProperty* parent, const NewProperty&
     property->SetInternalKey(
         JoinKey(parent ? std::wstring_view(parent->InternalKey()) : arguments.category, arguments.name));
     if (m_Items.Find(property->FiledKey())) {
-        if (!parent) {
+        if (!parent)
             Raise(ErrorCode::PropertyNamePresent, kAddSource);
-        }
         return nullptr; // a second child of the same name
     }
-    if (!Owner()) {
+    if (!Owner())
         return nullptr;
-    }
     const _variant_t none;
     property->Init(m_Owner, arguments.name, IsGiven(arguments.value) ? *arguments.value : none, arguments.source,
                    arguments.autoUpdate, arguments.editorType, arguments.readOnly);
@@ -111,9 +102,8 @@ ComPtr<CProperty> CProperties::AddProperty(CProperty* parent, const NewProperty&
     property->SetIndex(CountOf() + 1);
     property->SetEditorKey(arguments.editorKey);
     m_Items.Add(property);
-    if (!key.empty()) {
+    if (!key.empty())
         m_Keys.Insert(property.Get());
-    }
     property->SetFiled(true);
 
     IgnoringFailures([&] { Owner()->OnPropertyAdded(*property.Get(), parent); });
@@ -133,14 +123,12 @@ CProperty* CProperties::At(long position) const {
 CProperty* CProperties::ItemByInternalKey(const std::wstring& key) const { return m_Items.Find(FoldedKey(key)); }
 
 CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
-    if (CountOf() == 0) {
+    if (CountOf() == 0)
         return nullptr;
-    }
     _variant_t value;
     CheckSystem(ResolveDefault(indexOrKey, value));
-    if (IsNumeric(value)) {
+    if (IsNumeric(value))
         return At(PositionOf(value));
-    }
     const std::wstring text = TextOf(value);
     const FoldedKey key(text);
     CProperty* property = text.empty() ? nullptr : m_Keys.Find(key);
@@ -150,13 +138,11 @@ CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
 ComPtr<CProperty> CProperties::TakeOut(const std::wstring& key) {
     ComPtr<CProperty> property = RaisingFaults([&] { return m_Items.Get(FoldedKey(key)); });
     m_Items.RemoveAt(property->Index());
-    if (!property->Key().empty()) {
+    if (!property->Key().empty())
         m_Keys.Erase(property.Get());
-    }
     property->SetFiled(false);
-    for (long i = property->Index(); i <= CountOf(); ++i) {
+    for (long i = property->Index(); i <= CountOf(); ++i)
         m_Items.At(i)->SetIndex(i);
-    }
     return property;
 }
 
@@ -169,9 +155,8 @@ void CProperties::RemoveByInternalKey(const std::wstring& key) {
     const ComPtr<CProperties> alive(this);
     const ComPtr<CProperty> property = TakeOut(key);
     const Unlinking unlinking({property});
-    if (PropertyOwner* owner = Owner()) {
+    if (PropertyOwner* owner = Owner())
         owner->OnPropertyDeleted(*property.Get());
-    }
     FireWith(kPropertyDeleted, *property.Get());
 }
 
@@ -179,12 +164,10 @@ void CProperties::RemoveAll() {
     const ComPtr<CProperties> alive(this);
     m_Keys.Clear();
     const Unlinking unlinking(m_Items.TakeAll());
-    if (PropertyOwner* owner = Owner()) {
+    if (PropertyOwner* owner = Owner())
         owner->OnPropertiesCleared();
-    }
-    if (HasListeners()) {
+    if (HasListeners())
         Fire(kPropertiesCleared);
-    }
 }
 
 void CProperties::FireWith(DISPID id, CProperty& property) {
@@ -198,9 +181,8 @@ void CProperties::FireWith(DISPID id, CProperty& property) {
 CProperty* CProperties::Own(IUnknown* object) const {
     const ComPtr<_CProperty> claimed = Query<_CProperty>(object);
     long index = 0;
-    if (!claimed || FAILED(claimed->get_Index(&index)) || index < 1 || index > CountOf()) {
+    if (!claimed || FAILED(claimed->get_Index(&index)) || index < 1 || index > CountOf())
         return nullptr;
-    }
     CProperty* property = m_Items.At(index);
     return SameObject(property->Identity(), claimed.Get()) ? property : nullptr;
 }

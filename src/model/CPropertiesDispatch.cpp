@@ -44,9 +44,8 @@ HRESULT CProperties::Add2(BSTR name, VARIANT* value, BSTR category, BSTR* key, I
         const bool trimmed = filed.size() != arguments.key.size();
         const std::wstring text(trimmed ? filed : std::wstring_view());
         *property = AddProperty(nullptr, arguments).Detach();
-        if (trimmed) {
+        if (trimmed)
             SysReAllocStringLen(key, text.data(), static_cast<UINT>(text.size()));
-        }
     });
 }
 
@@ -71,27 +70,24 @@ HRESULT CProperties::get_NewEnum(IUnknown** enumerator) {
         *enumerator = nullptr;
         std::vector<_variant_t> items;
         items.reserve(static_cast<std::size_t>(CountOf()));
-        for (const auto& property : m_Items) {
+        for (const auto& property : m_Items)
             items.emplace_back(static_cast<IDispatch*>(property.Get()));
-        }
         *enumerator = MakeEnumerator(std::move(items)).Detach();
     });
 }
 
 HRESULT CProperties::Clear(VARIANT* result) {
     return Member([&] {
-        if (result) {
+        if (result)
             VariantInit(result);
-        }
         RemoveAll();
     });
 }
 
 HRESULT CProperties::Remove(VARIANT indexOrKey) {
     return Member([&] {
-        if (const ComPtr<CProperty> property = FindItem(indexOrKey)) {
+        if (const ComPtr<CProperty> property = FindItem(indexOrKey))
             RemoveByInternalKey(property->InternalKey());
-        }
     });
 }
 
@@ -100,9 +96,8 @@ HRESULT CProperties::Remove(VARIANT indexOrKey) {
 HRESULT CProperties::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                             EXCEPINFO* exception, UINT* badArgument) {
     const bool adds = (id == kAdd || id == kAdd2) && (flags & DISPATCH_METHOD) && iid == IID_NULL && parameters;
-    if (!adds) {
+    if (!adds)
         return DispatchObject::Invoke(id, iid, locale, flags, parameters, result, exception, badArgument);
-    }
     try {
         return InvokeAdd(locale, *parameters, id == kAdd2, result, badArgument);
     } catch (...) {
@@ -127,9 +122,8 @@ HRESULT CProperties::InvokeAdd(LCID locale, const DISPPARAMS& parameters, bool w
         const bool trimmed = filed.size() != arguments.key.size();
         const std::wstring key(trimmed ? filed : std::wstring_view());
         const ComPtr<CProperty> property = AddProperty(nullptr, arguments);
-        if (trimmed) {
+        if (trimmed)
             given.PutText(Key, key);
-        }
         if (result) {
             VariantInit(result);
             V_VT(result) = VT_DISPATCH;
@@ -137,9 +131,8 @@ HRESULT CProperties::InvokeAdd(LCID locale, const DISPPARAMS& parameters, bool w
         }
         return S_OK;
     } catch (const CallFailure& failure) {
-        if (badArgument) {
+        if (badArgument)
             *badArgument = failure.badArgument;
-        }
         return failure.result;
     }
 }

@@ -7,16 +7,14 @@
 namespace ormisk {
 
 OLE_COLOR CProperty::ResolvedBackColor() const {
-    if (m_BackColor != kColorOfOwner) {
+    if (m_BackColor != kColorOfOwner)
         return m_BackColor;
-    }
     return Owner() ? Owner()->PropertyBackColor() : 0;
 }
 
 OLE_COLOR CProperty::ResolvedForeColor() const {
-    if (m_ForeColor != kColorOfOwner) {
+    if (m_ForeColor != kColorOfOwner)
         return m_ForeColor;
-    }
     return Owner() ? Owner()->PropertyForeColor() : 0;
 }
 
@@ -69,9 +67,8 @@ void CProperty::Exchange(_variant_t& field, _variant_t& value) {
 }
 
 void CProperty::ReplaceCategorySeparator(std::wstring_view oldSeparator, std::wstring_view newSeparator) {
-    if (oldSeparator.empty()) {
+    if (oldSeparator.empty())
         return;
-    }
     for (std::size_t at = m_Category.find(oldSeparator); at != std::wstring::npos;
          at = m_Category.find(oldSeparator, at + newSeparator.size())) {
         m_Category.replace(at, oldSeparator.size(), newSeparator);
@@ -81,32 +78,27 @@ void CProperty::ReplaceCategorySeparator(std::wstring_view oldSeparator, std::ws
 void CProperty::NotifyChange(const wchar_t* attribute) {
     const ComPtr<CProperty> alive(this);
     IgnoringFailures([&] {
-        if (PropertyOwner* owner = Owner()) {
+        if (PropertyOwner* owner = Owner())
             owner->PropertyChanged(*this);
-        }
     });
     IgnoringFailures([&] {
-        if (PropertyOwner* owner = Owner()) {
+        if (PropertyOwner* owner = Owner())
             owner->PropertyChangedEx(*this, attribute);
-        }
     });
 }
 
 void CProperty::SetName(const std::wstring& name) {
-    if (m_Name == name) {
+    if (m_Name == name)
         return;
-    }
-    if (!m_SourceName) {
+    if (!m_SourceName)
         m_SourceName = std::make_unique<std::wstring>(std::move(m_Name));
-    }
     m_Name = name;
     NotifyChange(L"Name");
 }
 
 void CProperty::SetPicture(IPictureDisp* picture) {
-    if (SameObject(m_Picture.Get(), picture)) {
+    if (SameObject(m_Picture.Get(), picture))
         return;
-    }
     ComPtr<IPictureDisp> old(picture);
     m_Picture.Swap(old);
     NotifyChange(L"Picture");
@@ -119,9 +111,8 @@ void CProperty::LetValue(const VARIANT& given) {
     }
     const ComPtr<CProperty> alive(this);
     const _variant_t value = Plain(given);
-    if (!IsNull(m_Value) && CompareValues(value, m_Value) != Comparison::Different) {
+    if (!IsNull(m_Value) && CompareValues(value, m_Value) != Comparison::Different)
         return;
-    }
     _variant_t former = value;
     Exchange(m_Value, former);
     WriteThrough(SourceName(), DISPATCH_PROPERTYPUT, value);
@@ -150,30 +141,26 @@ void CProperty::SetValue(const VARIANT& given) {
 // The source's own idea of the value wins. The source may do anything meanwhile; it and the member's name are held.
 void CProperty::WriteThrough(const std::wstring& memberName, WORD callType, const _variant_t& value) {
     const ComPtr<IDispatch> source = m_SourceObject;
-    if (!m_AutoUpdateSource || !source) {
+    if (!m_AutoUpdateSource || !source)
         return;
-    }
     const std::wstring member = memberName;
     const bool written = callType == DISPATCH_PROPERTYPUT && IgnoringFailures([&] {
                              _variant_t argument = value;
                              InvokeByName(source.Get(), member, callType, &argument);
                          });
-    if (!written) {
+    if (!written)
         IgnoringFailures([&] { InvokeProperty(source.Get(), member, callType, value); });
-    }
     IgnoringFailures([&] {
         _variant_t taken = Plain(InvokeByName(source.Get(), member, DISPATCH_PROPERTYGET));
-        if (m_SourceObject.Get() == source.Get()) { // else the property mirrors it no longer
+        if (m_SourceObject.Get() == source.Get()) // else the property mirrors it no longer
             Exchange(m_Value, taken);
-        }
     });
 }
 
 omEditorType CProperty::EditorType() {
     const ComPtr<CProperty> alive(this);
-    if (m_EditorType == omBooleanEditor) {
+    if (m_EditorType == omBooleanEditor)
         FillBooleanList();
-    }
     return m_EditorType;
 }
 
@@ -188,28 +175,24 @@ void CProperty::FillBooleanList() {
 }
 
 CListItems& CProperty::ListItems() {
-    if (!m_ListItems) {
+    if (!m_ListItems)
         m_ListItems = MakeObject<CListItems>(Link());
-    }
     return *m_ListItems.Get();
 }
 
 std::wstring CProperty::EditorParam(const std::wstring& name) const {
     const std::wstring trimmed(TrimBlanks(name));
-    if (trimmed.empty()) {
+    if (trimmed.empty())
         Raise(ErrorCode::InvalidKey);
-    }
     std::wstring value = m_EditorParams ? m_EditorParams->Get(trimmed) : std::wstring();
-    if (value.empty() && Owner()) {
+    if (value.empty() && Owner())
         value = Owner()->EditorParam(m_EditorType, trimmed);
-    }
     return value;
 }
 
 void CProperty::SetParam(const std::wstring& name, const std::wstring& value) {
-    if (!m_EditorParams) {
+    if (!m_EditorParams)
         m_EditorParams = std::make_unique<EditorParamStore>();
-    }
     m_EditorParams->Set(name, value);
 }
 

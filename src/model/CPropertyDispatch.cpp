@@ -39,9 +39,8 @@ bool IsTrue(VARIANT_BOOL value) { return value != VARIANT_FALSE; }
 // A parameter's name as it counts.
 std::wstring CheckedName(BSTR name) {
     std::wstring trimmed(TrimBlanks(FromBstr(name)));
-    if (trimmed.empty()) {
+    if (trimmed.empty())
         Raise(ErrorCode::InvalidKey);
-    }
     return trimmed;
 }
 
@@ -210,9 +209,8 @@ HRESULT CProperty::get_HelpContext(long* value) { return Give(value, m_HelpConte
 HRESULT CProperty::RemoveEditorParam(BSTR name) {
     return Member([&] {
         const std::wstring key = CheckedName(name);
-        if (m_EditorParams) {
+        if (m_EditorParams)
             m_EditorParams->Remove(key);
-        }
     });
 }
 

@@ -50,24 +50,21 @@ bool IsAnyOf(std::wstring_view format, std::initializer_list<std::wstring_view> 
 // The most characters that a format makes by itself, in any locale.
 std::size_t LengthOf(std::wstring_view format) {
     std::size_t length = 0;
-    for (const wchar_t character : format) {
+    for (const wchar_t character : format)
         length += LengthOf(character);
-    }
     return length;
 }
 
 // A bare "c", the date and time of the locale: the system goes on reading behind the end of such a format.
 bool HasGeneralDate(std::wstring_view format) {
     bool quoted = false;
-    for (std::size_t i = 0; i < format.size(); ++i) {
-        if (format[i] == L'"') {
+    for (std::size_t i = 0; i < format.size(); ++i)
+        if (format[i] == L'"')
             quoted = !quoted;
-        } else if (format[i] == L'\\' && !quoted) {
+        else if (format[i] == L'\\' && !quoted)
             ++i;
-        } else if (!quoted && Lower(format[i]) == L'c') {
+        else if (!quoted && Lower(format[i]) == L'c')
             return !IsAnyOf(format, {L"currency", L"percent", L"scientific"});
-        }
-    }
     return false;
 }
 
@@ -87,9 +84,8 @@ bool ShowsAllDigits(std::wstring_view format) {
 }
 
 bool FitsFormatting(std::wstring_view format, std::size_t length) {
-    if (format.size() >= kBuffer || length >= kBuffer || HasGeneralDate(format)) {
+    if (format.size() >= kBuffer || length >= kBuffer || HasGeneralDate(format))
         return false;
-    }
     // Between groups of three digits come marks of up to three characters.
     const bool grouped =
         format.find_first_of(L"0#") == std::wstring_view::npos || format.find(L',') != std::wstring_view::npos;

@@ -18,36 +18,30 @@ public:
 
     // Null when nothing is filed under the key.
     Item* Find(const Key& key) const {
-        if (m_Size == 0) {
+        if (m_Size == 0)
             return nullptr;
-        }
-        for (std::size_t i = Home(key.hash); m_Slots[i].item; i = Next(i)) {
-            if (m_Slots[i].hash == key.hash && std::invoke(KeyOf, *m_Slots[i].item) == key) {
+        for (std::size_t i = Home(key.hash); m_Slots[i].item; i = Next(i))
+            if (m_Slots[i].hash == key.hash && std::invoke(KeyOf, *m_Slots[i].item) == key)
                 return m_Slots[i].item;
-            }
-        }
         return nullptr;
     }
 
     // The caller has made sure that the key is free.
     void Insert(Item* item) {
-        if ((m_Size + 1) * 4 > m_Slots.size() * 3) {
+        if ((m_Size + 1) * 4 > m_Slots.size() * 3)
             Grow();
-        }
         Place({item, std::invoke(KeyOf, *item).hash});
         ++m_Size;
     }
 
     // Does nothing when the item is not filed.
     void Erase(const Item* item) {
-        if (m_Size == 0) {
+        if (m_Size == 0)
             return;
-        }
         std::size_t i = Home(std::invoke(KeyOf, *item).hash);
         while (m_Slots[i].item != item) {
-            if (!m_Slots[i].item) {
+            if (!m_Slots[i].item)
                 return;
-            }
             i = Next(i);
         }
         CloseGap(i);
@@ -72,20 +66,17 @@ private:
 
     void Place(Slot slot) {
         std::size_t i = Home(slot.hash);
-        while (m_Slots[i].item) {
+        while (m_Slots[i].item)
             i = Next(i);
-        }
         m_Slots[i] = slot;
     }
 
     void Grow() {
         std::vector<Slot> old(m_Slots.empty() ? 16 : m_Slots.size() * 2);
         old.swap(m_Slots);
-        for (const Slot& slot : old) {
-            if (slot.item) {
+        for (const Slot& slot : old)
+            if (slot.item)
                 Place(slot);
-            }
-        }
     }
 
     // Moves back what was pushed on by the slot that falls free, so that every run stays unbroken.

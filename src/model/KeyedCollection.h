@@ -20,13 +20,11 @@ public:
     Item* Add(Handle handle) {
         Item* item = Pointer(handle);
         const FoldedKey key = std::invoke(KeyOf, *item);
-        if (!key.text.empty() && m_Table.Find(key)) {
+        if (!key.text.empty() && m_Table.Find(key))
             throw CollectionFault::DuplicateKey;
-        }
         m_Items.push_back(std::move(handle));
-        if (!key.text.empty()) {
+        if (!key.text.empty())
             m_Table.Insert(item);
-        }
         return item;
     }
 
@@ -37,9 +35,8 @@ public:
     Item* At(long position) const { return Pointer(m_Items[Offset(position)]); }
     // Throws UnknownKey.
     Item* Get(const FoldedKey& key) const {
-        if (Item* item = Find(key)) {
+        if (Item* item = Find(key))
             return item;
-        }
         throw CollectionFault::UnknownKey;
     }
 
@@ -55,9 +52,8 @@ public:
     Handle Remove(const FoldedKey& key) {
         const Item* item = Get(key);
         long position = 1;
-        while (At(position) != item) {
+        while (At(position) != item)
             ++position;
-        }
         return RemoveAt(position);
     }
 
@@ -72,16 +68,14 @@ public:
 
 private:
     static Item* Pointer(const Handle& handle) {
-        if constexpr (requires { handle.Get(); }) {
+        if constexpr (requires { handle.Get(); })
             return handle.Get();
-        } else {
+        else
             return handle.get();
-        }
     }
     std::size_t Offset(long position) const {
-        if (position < 1 || position > Count()) {
+        if (position < 1 || position > Count())
             throw CollectionFault::BadPosition;
-        }
         return static_cast<std::size_t>(position) - 1;
     }
 

@@ -31,18 +31,15 @@ void OwnerLink::LetObjectsGo() {
     const Ref<OwnerLink> alive(this);
     std::vector<std::pair<ObjectHolder*, ComPtr<IUnknown>>> holders;
     holders.reserve(m_Holders.size());
-    for (ObjectHolder* holder : m_Holders) {
+    for (ObjectHolder* holder : m_Holders)
         holders.emplace_back(holder, holder->Identity());
-    }
-    for (const auto& holder : holders) {
+    for (const auto& holder : holders)
         holder.first->LetObjectsGo();
-    }
 }
 
 void ObjectHolder::NowHolds(std::initializer_list<const VARIANT*> values, IUnknown* object) {
-    if (!m_Link) {
+    if (!m_Link)
         return;
-    }
     const PropertyOwner* owner = m_Link->Get();
     const IUnknown* control = owner ? owner->Control() : nullptr;
     bool any = object != nullptr;
@@ -62,9 +59,8 @@ void ObjectHolder::NowHolds(std::initializer_list<const VARIANT*> values, IUnkno
 }
 
 void ObjectHolder::Unlist() {
-    if (m_Place == 0) {
+    if (m_Place == 0)
         return;
-    }
     m_Link->m_ControlReferences -= std::exchange(m_ControlReferences, 0);
     ObjectHolder* last = m_Link->m_Holders.back();
     last->m_Place = m_Place;

@@ -43,13 +43,11 @@ void AssignText(const VARIANT& value, std::size_t longest, std::wstring& text) {
 bool CanFormat(const VARIANT& value, const std::wstring& format) {
     _variant_t number;
     std::size_t length = V_VT(&value) == VT_BSTR ? SysStringLen(V_BSTR(&value)) : 0;
-    if (!FitsFormatting(format, length)) {
+    if (!FitsFormatting(format, length))
         return false;
-    }
     if (ShowsAllDigits(format) && SUCCEEDED(ConvertValue(value, VT_R8, number))) {
-        if (!std::isfinite(V_R8(&number))) {
+        if (!std::isfinite(V_R8(&number)))
             return false;
-        }
         const double digits = std::log10(std::max(std::fabs(V_R8(&number)), 1.0)) + 3; // with those of a percentage
         length = std::max(length, static_cast<std::size_t>(digits));
     }
@@ -57,9 +55,8 @@ bool CanFormat(const VARIANT& value, const std::wstring& format) {
 }
 
 bool FormatBySystem(const VARIANT& value, std::wstring format, std::wstring& text) {
-    if (format == L"c" || format == L"C") {
+    if (format == L"c" || format == L"C")
         format = L"General Date"; // the same, without the fault of the letter
-    }
     BSTR formatted = nullptr;
     if (!CanFormat(value, format) || FAILED(VarFormat(const_cast<VARIANT*>(&value), format.data(), kFirstDayOfWeek,
                                                       kFirstWeekOfYear, 0, &formatted))) {
@@ -71,18 +68,15 @@ bool FormatBySystem(const VARIANT& value, std::wstring format, std::wstring& tex
 
 // A value that the system cannot format shows as it is; the case is all that a format changes in a long text.
 void FormatValue(const VARIANT& value, const std::wstring& format, std::size_t longest, std::wstring& text) {
-    if (V_VT(&value) == VT_NULL) {
+    if (V_VT(&value) == VT_NULL)
         Raise(static_cast<HRESULT>(0x800A005E), L"Invalid use of Null");
-    }
-    if (!format.empty() && FormatBySystem(value, format, text)) {
+    if (!format.empty() && FormatBySystem(value, format, text))
         return;
-    }
     AssignText(value, longest, text);
-    if (format.find(L'>') != std::wstring::npos) {
+    if (format.find(L'>') != std::wstring::npos)
         CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
-    } else if (format.find(L'<') != std::wstring::npos) {
+    else if (format.find(L'<') != std::wstring::npos)
         CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
-    }
 }
 
 bool AsBoolean(const VARIANT& value) {
@@ -93,9 +87,8 @@ bool AsBoolean(const VARIANT& value) {
 
 // The bits that a hexadecimal number shows: those of the value's own size for the small ones, else of a colour.
 std::uint32_t BitsOf(const VARIANT& value) {
-    if (V_VT(&value) == VT_I2 || V_VT(&value) == VT_BOOL) {
+    if (V_VT(&value) == VT_I2 || V_VT(&value) == VT_BOOL)
         return static_cast<std::uint16_t>(V_I2(&value));
-    }
     std::uint32_t color = 0;
     CheckSystem(ReadColor(value, color));
     return color;
@@ -104,11 +97,10 @@ std::uint32_t BitsOf(const VARIANT& value) {
 } // namespace
 
 void CProperty::FormatText(std::wstring& text, std::size_t longest) {
-    if (HoldsObject(m_Value)) {
+    if (HoldsObject(m_Value))
         text = ObjectText(ObjectOf(m_Value));
-    } else {
+    else
         PlainText(text, longest);
-    }
 }
 
 std::wstring CProperty::ObjectText(IUnknown* borrowed) {
@@ -118,36 +110,30 @@ std::wstring CProperty::ObjectText(IUnknown* borrowed) {
         const bool shown = object && PictureTypeOf(object.Get()) > 0;
         return shown ? ParamOr(L"(Picture)", L"(Picture)") : ParamOr(L"NoPicturePrompt", L"(none)");
     }
-    if (!object) {
+    if (!object)
         return {};
-    }
-    if (m_EditorType != omListEditor) {
+    if (m_EditorType != omListEditor)
         return DefaultText(object.Get());
-    }
     std::wstring text;
     for (long i = 1; i <= ListItems().CountOf(); ++i) {
         const ComPtr<CListItem> item = ListItems().At(i);
-        if (HoldsObject(item->Value()) && SameObject(ObjectOf(item->Value()), object.Get())) {
+        if (HoldsObject(item->Value()) && SameObject(ObjectOf(item->Value()), object.Get()))
             text = item->Text();
-        }
     }
     return text;
 }
 
 void CProperty::PlainText(std::wstring& text, std::size_t longest) {
     text.clear();
-    if (m_EditorType == omPictureEditor) {
+    if (m_EditorType == omPictureEditor)
         text = ParamOr(L"NoPicturePrompt", L"(none)");
-    }
-    if (V_VT(&m_Value) == VT_EMPTY || IsMissing(m_Value)) {
+    if (V_VT(&m_Value) == VT_EMPTY || IsMissing(m_Value))
         return;
-    }
     FormatValue(m_Value, m_Format, longest, text);
     if (m_EditorType == omBooleanEditor) {
         std::wstring label = EditorParam(AsBoolean(m_Value) ? L"True" : L"False");
-        if (!label.empty()) {
+        if (!label.empty())
             text = std::move(label);
-        }
     } else if (m_EditorType == omListEditor) {
         ListText(text, longest);
     } else if (m_EditorType == omColorEditor && m_Format.empty()) {
@@ -165,9 +151,8 @@ void CProperty::ListText(std::wstring& text, std::size_t longest) {
             found = true;
         }
     }
-    if (!found) {
+    if (!found)
         AssignText(m_Value, longest, text);
-    }
 }
 
 } // namespace ormisk

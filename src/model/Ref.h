@@ -42,14 +42,12 @@ public:
 
 private:
     void Hold() const {
-        if (m_Object) {
+        if (m_Object)
             ++m_Object->RefCounted::m_References;
-        }
     }
     static void LetGo(T* object) {
-        if (object && --object->RefCounted::m_References == 0) {
+        if (object && --object->RefCounted::m_References == 0)
             delete object;
-        }
     }
 
     T* m_Object = nullptr;

@@ -49,13 +49,11 @@ VARTYPE ReferenceType(VARTYPE type) {
 } // namespace
 
 bool IsValueValidForEditor(const VARIANT& given, omEditorType type) {
-    if (type == omTextEditor || type == omListEditor || type == omCustomDialog || type == omCustomEditor) {
+    if (type == omTextEditor || type == omListEditor || type == omCustomDialog || type == omCustomEditor)
         return true; // they take what there is
-    }
     const _variant_t value = Plain(given);
-    if (V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL || IsMissing(value)) {
+    if (V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL || IsMissing(value))
         return true;
-    }
     switch (type) {
     case omNumberEditor:
         return IsNumeric(value);
@@ -79,9 +77,8 @@ bool IsValueValidForEditor(const VARIANT& given, omEditorType type) {
 
 bool IsNumericText(std::wstring_view text) {
     // Most keys are names, told without a call of the system; a number may be hexadecimal.
-    if (text.find_first_of(L"0123456789&") == std::wstring_view::npos) {
+    if (text.find_first_of(L"0123456789&") == std::wstring_view::npos)
         return false;
-    }
     std::wstring copy(text);
     double number = 0;
     return copy.find(L'\0') == std::wstring::npos &&

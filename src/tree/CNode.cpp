@@ -62,109 +62,95 @@ bool CNode::Italic() const {
 }
 
 omAppearance CNode::Appearance() const {
-    if (m_Category) {
+    if (m_Category)
         return m_Category->appearance;
-    }
     return Property() ? Property()->Appearance() : omFlat;
 }
 
 OLE_COLOR CNode::BackColor() const {
-    if (m_Category) {
+    if (m_Category)
         return m_Category->backColor;
-    }
     return Property() ? Property()->ResolvedBackColor() : 0xFFFFFFFF;
 }
 
 OLE_COLOR CNode::ForeColor() const {
-    if (m_Category) {
+    if (m_Category)
         return m_Category->foreColor;
-    }
     return Property() ? Property()->ResolvedForeColor() : 0xFFFFFFFF;
 }
 
 IPictureDisp* CNode::Picture() const {
-    if (m_Category) {
+    if (m_Category)
         return m_Category->picture.Get();
-    }
     return Property() ? Property()->Picture() : nullptr;
 }
 
 const VARIANT& CNode::Value() const {
     static const _variant_t none;
-    if (m_Category) {
+    if (m_Category)
         return m_Category->value;
-    }
     return Property() ? Property()->Value() : none;
 }
 
 std::wstring CNode::DataType() const {
-    if (m_Category) {
+    if (m_Category)
         return L"AA";
-    }
     return Property() ? Property()->DataType() : std::wstring();
 }
 
 void CNode::SetBold(bool bold) {
-    if (m_Category) {
+    if (m_Category)
         m_Category->bold = bold;
-    } else if (CProperty* property = Property()) {
+    else if (CProperty* property = Property())
         property->SetBold(bold);
-    }
 }
 
 void CNode::SetItalic(bool italic) {
-    if (m_Category) {
+    if (m_Category)
         m_Category->italic = italic;
-    } else if (CProperty* property = Property()) {
+    else if (CProperty* property = Property())
         property->SetItalic(italic);
-    }
 }
 
 void CNode::SetAppearance(omAppearance appearance) {
-    if (m_Category) {
+    if (m_Category)
         m_Category->appearance = appearance;
-    } else if (CProperty* property = Property()) {
+    else if (CProperty* property = Property())
         property->SetAppearance(appearance);
-    }
 }
 
 void CNode::SetBackColor(OLE_COLOR color) {
-    if (m_Category) {
+    if (m_Category)
         m_Category->backColor = color;
-    } else if (CProperty* property = Property()) {
+    else if (CProperty* property = Property())
         property->SetBackColor(color);
-    }
 }
 
 void CNode::SetForeColor(OLE_COLOR color) {
-    if (m_Category) {
+    if (m_Category)
         m_Category->foreColor = color;
-    } else if (CProperty* property = Property()) {
+    else if (CProperty* property = Property())
         property->SetForeColor(color);
-    }
 }
 
 void CNode::SetPicture(IPictureDisp* picture) {
-    if (m_Category) {
+    if (m_Category)
         m_Category->picture = picture;
-    } else if (CProperty* property = Property()) {
+    else if (CProperty* property = Property())
         property->SetPicture(picture);
-    }
 }
 
 void CNode::SetName(const std::wstring& name) {
     if (m_Category) {
         m_Category->name = name;
-        if (m_Tree) {
+        if (m_Tree)
             m_Tree->NameChanged(this);
-        }
     }
 }
 
 void CNode::SetDataType(const std::wstring& dataType) {
-    if (CProperty* property = Property()) {
+    if (CProperty* property = Property())
         property->SetDataType(dataType);
-    }
 }
 
 void CNode::LetValue(const VARIANT& value) {
@@ -193,9 +179,8 @@ void CNode::SetValue(const VARIANT& value) {
         const VARIANT& held = property->Value();
         return HoldsObject(held) != HoldsObject(value) || !SameObject(ObjectOf(held), ObjectOf(value));
     };
-    if (property && differs()) {
+    if (property && differs())
         property->SetValue(value);
-    }
 }
 
 omEditorType CNode::EditorType() const { return m_Property->EditorType(); }
@@ -203,31 +188,25 @@ omEditorType CNode::EditorType() const { return m_Property->EditorType(); }
 CListItems& CNode::ListItems() const { return m_Property->ListItems(); }
 
 void CNode::SetExpanded(bool expanded) {
-    if (expanded == m_Expanded) {
+    if (expanded == m_Expanded)
         return;
-    }
     const Ref<CNode> alive(this);
     const auto listener = [this] { return m_Tree ? m_Tree->Owner() : nullptr; };
     VARIANT_BOOL cancel = VARIANT_FALSE;
-    if (IsCategory() && listener()) {
+    if (IsCategory() && listener())
         listener()->NodeStateChanging(*this, cancel);
-    }
-    if (cancel == VARIANT_TRUE) {
+    if (cancel == VARIANT_TRUE)
         return;
-    }
     m_Expanded = expanded;
-    if (m_Tree) {
+    if (m_Tree)
         m_Tree->RowsChanged(this);
-    }
-    if (listener()) {
+    if (listener())
         listener()->NodePropertyChanged(*this, L"Expanded");
-    }
 }
 
 long CNode::Rows() const {
-    if (m_Hidden) {
+    if (m_Hidden)
         return 0;
-    }
     return 1 + (m_Expanded && m_Branch ? m_Branch->rows.Total() : 0);
 }
 

@@ -26,9 +26,8 @@ void CNodes::ListUnsorted(Branch& branch, const CNode* parent) {
 }
 
 void CNodes::NameChanged(const CNode* node) {
-    if (!node || node->m_Tree != this) {
+    if (!node || node->m_Tree != this)
         return;
-    }
     Branch& siblings = SiblingsOf(*node);
     siblings.sorted = 0;
     ListUnsorted(siblings, node->m_Parent);
@@ -37,13 +36,11 @@ void CNodes::NameChanged(const CNode* node) {
 void CNodes::Sort(bool descending) {
     const std::vector<long> unsorted = std::exchange(m_Unsorted, {});
     if (m_SortedDescending == descending) {
-        for (const long number : unsorted) {
-            if (number == 0) {
+        for (const long number : unsorted)
+            if (number == 0)
                 SortBranch(m_Roots, descending);
-            } else if (const auto parent = m_Parents.find(number); parent != m_Parents.end()) {
+            else if (const auto parent = m_Parents.find(number); parent != m_Parents.end())
                 SortBranch(*parent->second->m_Branch, descending);
-            }
-        }
         return;
     }
     m_Roots.sorted = 0;
@@ -57,20 +54,18 @@ void CNodes::Sort(bool descending) {
 
 void CNodes::SortBranch(Branch& branch, bool descending) {
     branch.listed = false;
-    if (branch.sorted + 1 == branch.nodes.size()) {
+    if (branch.sorted + 1 == branch.nodes.size())
         PlaceLast(branch, descending);
-    } else if (branch.sorted < branch.nodes.size()) {
+    else if (branch.sorted < branch.nodes.size())
         SortAll(branch, descending);
-    }
     branch.sorted = branch.nodes.size();
 }
 
 void CNodes::SortAll(Branch& branch, bool descending) {
     std::vector<Entry> entries;
     entries.reserve(branch.nodes.size());
-    for (Ref<CNode>& node : branch.nodes) {
+    for (Ref<CNode>& node : branch.nodes)
         entries.push_back({KeyOf(*node), std::move(node)});
-    }
     std::stable_sort(entries.begin(), entries.end(),
                      [&](const Entry& a, const Entry& b) { return OutOfOrder(b.key, a.key, descending); });
     for (std::size_t i = 0; i < entries.size(); ++i) {

@@ -9,11 +9,9 @@ namespace {
 
 std::size_t FindSeparator(std::wstring_view text, std::wstring_view separator) {
     if (!separator.empty()) {
-        for (std::size_t at = 0; at + separator.size() <= text.size(); ++at) {
-            if (SameKey(text.substr(at, separator.size()), separator)) {
+        for (std::size_t at = 0; at + separator.size() <= text.size(); ++at)
+            if (SameKey(text.substr(at, separator.size()), separator))
                 return at;
-            }
-        }
     }
     return std::wstring_view::npos;
 }
@@ -21,9 +19,8 @@ std::size_t FindSeparator(std::wstring_view text, std::wstring_view separator) {
 } // namespace
 
 bool HasCategory(std::wstring_view category, std::wstring_view separator) {
-    while (!separator.empty() && category.substr(0, separator.size()) == separator) {
+    while (!separator.empty() && category.substr(0, separator.size()) == separator)
         category.remove_prefix(separator.size());
-    }
     return !category.empty();
 }
 
@@ -32,17 +29,15 @@ bool NextCategorySegment(std::wstring_view& rest, std::wstring_view separator, s
         const std::size_t end = FindSeparator(rest, separator);
         segment = TrimBlanks(rest.substr(0, end));
         rest.remove_prefix(end == std::wstring_view::npos ? rest.size() : end + separator.size());
-        if (!segment.empty()) {
+        if (!segment.empty())
             return true;
-        }
     }
     return false;
 }
 
 void AppendCategorySegment(std::wstring& key, std::wstring_view segment) {
-    if (!key.empty()) {
+    if (!key.empty())
         key.push_back(L'\0');
-    }
     key.append(segment);
 }
 

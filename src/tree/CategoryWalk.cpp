@@ -24,9 +24,8 @@ CNode* WalkCategoryPath(CNodes& nodes, std::wstring_view category, std::wstring_
             }
         }
         current = node;
-        if (current) {
+        if (current)
             key.clear();
-        }
     }
     return current;
 }

@@ -15,9 +15,8 @@ bool OpensChildren(const CNode& node) { return !node.IsHidden() && node.Expanded
 
 // Where the walk stands when it comes to a node from below. A hidden node is not entered: its subtree is not on screen.
 CNode* LastVisibleDescendant(CNode* node) {
-    while (OpensChildren(*node)) {
+    while (OpensChildren(*node))
         node = node->ChildAt(node->ChildCount());
-    }
     return node;
 }
 
@@ -28,9 +27,8 @@ std::wstring CNode::TreeKey() const {
 }
 
 const Branch* CNode::Siblings() const {
-    if (!m_Tree) {
+    if (!m_Tree)
         return nullptr;
-    }
     return m_Parent ? m_Parent->m_Branch.get() : &m_Tree->m_Roots;
 }
 
@@ -52,17 +50,15 @@ bool CNode::IsLastSibling() const { return m_Tree && !NextSibling(); }
 
 bool CNode::IsDescendantOf(const CNode* node) const {
     const CNode* above = m_Parent;
-    while (above && above != node) {
+    while (above && above != node)
         above = above->m_Parent;
-    }
     return above != nullptr;
 }
 
 bool CNode::IsWithinHidden() const {
     const CNode* node = this;
-    while (node && !node->m_Hidden) {
+    while (node && !node->m_Hidden)
         node = node->m_Parent;
-    }
     return node != nullptr;
 }
 
@@ -70,18 +66,16 @@ bool CNode::IsWithinHidden() const {
 CNode* CNode::AdvanceAfter(const CNode* node) {
     while (node) {
         CNode* next = node->NextSibling();
-        if (next && !next->m_Hidden) {
+        if (next && !next->m_Hidden)
             return next;
-        }
         node = next ? next : node->m_Parent;
     }
     return nullptr;
 }
 
 CNode* CNode::NextVisible() const {
-    if (!OpensChildren(*this)) {
+    if (!OpensChildren(*this))
         return AdvanceAfter(this);
-    }
     CNode* first = FirstChild();
     return first->m_Hidden ? AdvanceAfter(first) : first;
 }
@@ -91,9 +85,8 @@ CNode* CNode::PrevVisible() const {
     while (true) {
         CNode* previous = from->PrevSibling();
         CNode* candidate = previous ? LastVisibleDescendant(previous) : from->m_Parent;
-        if (!candidate || !candidate->m_Hidden) {
+        if (!candidate || !candidate->m_Hidden)
             return candidate;
-        }
         from = candidate;
     }
 }
