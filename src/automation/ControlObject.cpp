@@ -2,6 +2,7 @@
 
 #include "automation/ControlCore.h"
 #include "automation/ControlDrawing.h"
+#include "automation/Give.h"
 #include "automation/SnapshotEnumerator.h"
 #include "automation/TypeLibrary.h"
 
@@ -71,9 +72,7 @@ HRESULT ControlCore::GetClipboardData(DWORD, IDataObject** data) {
 
 HRESULT ControlCore::EnumVerbs(IEnumOLEVERB** verbs) {
     return Guarded(__uuidof(IOleObject), [&] {
-        CheckPointer(verbs);
-        *verbs = nullptr;
-        *verbs = SnapshotEnumerator<IEnumOLEVERB, OLEVERB, Verb, CopyVerb>::Make(kVerbs).Detach();
+        Give(verbs, [] { return SnapshotEnumerator<IEnumOLEVERB, OLEVERB, Verb, CopyVerb>::Make(kVerbs); });
     });
 }
 

@@ -1,5 +1,6 @@
 #include "automation/Events.h"
 
+#include "automation/Give.h"
 #include "automation/SnapshotEnumerator.h"
 #include "automation/Unknown.h"
 
@@ -65,10 +66,9 @@ public:
     }
     STDMETHODIMP EnumConnections(IEnumConnections** connections) override {
         return Guarded(__uuidof(IConnectionPoint), [&] {
-            CheckPointer(connections);
-            *connections = nullptr;
-            *connections =
-                SnapshotEnumerator<IEnumConnections, CONNECTDATA, Sink, CopyConnection>::Make(m_Sinks).Detach();
+            Give(connections, [&] {
+                return SnapshotEnumerator<IEnumConnections, CONNECTDATA, Sink, CopyConnection>::Make(m_Sinks);
+            });
         });
     }
 
@@ -122,15 +122,13 @@ ConnectionPoint* ConnectionPoints::Find(REFIID source) const {
 
 HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
     return Guarded(__uuidof(IConnectionPointContainer), [&] {
-        CheckPointer(points);
-        *points = nullptr;
-        std::vector<ComPtr<IConnectionPoint>> snapshot;
-        snapshot.reserve(m_Points.size());
-        for (const auto& point : m_Points)
-            snapshot.emplace_back(point.get());
-        *points = SnapshotEnumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>,
-                                     CopyReference<IConnectionPoint>>::Make(std::move(snapshot))
-                      .Detach();
+        Give(points, [&] {
+            std::vector<ComPtr<IConnectionPoint>> snapshot;
+            for (const auto& point : m_Points)
+                snapshot.emplace_back(point.get());
+            return SnapshotEnumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>,
+                                      CopyReference<IConnectionPoint>>::Make(std::move(snapshot));
+        });
     });
 }
 

@@ -30,4 +30,13 @@ template <class Interface, class Object> void Give(Interface** out, ComPtr<Objec
     *out = object.Detach();
 }
 
+// What the call makes; nothing if it raises.
+template <class Out, class Make>
+    requires std::is_invocable_v<Make&>
+void Give(Out* out, Make make) {
+    CheckPointer(out);
+    *out = {};
+    Give(out, make());
+}
+
 } // namespace ormisk

@@ -6,7 +6,6 @@
 #include "tree/HostSort.h"
 
 #include <algorithm>
-#include <cwchar>
 #include <exception>
 #include <utility>
 
@@ -199,16 +198,16 @@ void ModelView::OnPropertiesCleared() {
     m_Grid.m_AlphabeticNodes.Clear();
 }
 
-void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute) {
+void ModelView::PropertyChangedEx(CProperty& property, Attribute attribute) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     const ComPtr<CProperty> held(&property);
     if (!property.IsFiled()) {
         // Removed, but kept by the host: it has no row any more, and its key may be another's.
-        if (_wcsicmp(attribute, L"value") == 0)
+        if (attribute == Attribute::Value)
             Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });
         return;
     }
-    if (_wcsicmp(attribute, L"name") == 0)
+    if (attribute == Attribute::Name)
         for (CNodes* nodes : {&m_Grid.m_AlphabeticNodes, &m_Grid.m_CategorizedNodes})
             nodes->NameChanged(nodes->ItemOf(property)); // the nodes read it from the property
     if (m_Grid.m_Session.SelectedProperty() == &property)
@@ -218,11 +217,11 @@ void ModelView::PropertyChangedEx(CProperty& property, const wchar_t* attribute)
     Trapped([&] { UpdateChildren(property); });
     if (node)
         Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node->ParentNode()); });
-    if (_wcsicmp(attribute, L"visible") == 0)
+    if (attribute == Attribute::Visible)
         VisibilityChanged(property);
-    else if (_wcsicmp(attribute, L"value") == 0)
+    else if (attribute == Attribute::Value)
         ValueChanged(property);
-    else if (_wcsicmp(attribute, L"picture") == 0)
+    else if (attribute == Attribute::Picture)
         Trapped([&] { m_Grid.m_Panes.RepaintRows(); });
 }
 
@@ -280,9 +279,7 @@ void ModelView::NodeStateChanging(CNode& node, VARIANT_BOOL& cancel) {
     cancel = refused ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-void ModelView::NodePropertyChanged(CNode& node, const wchar_t* propertyName) {
-    if (_wcsicmp(propertyName, L"expanded") != 0)
-        return;
+void ModelView::NodePropertyChanged(CNode& node) {
     m_Grid.m_Session.CommitAndHide();
     if (!m_Grid.m_CProperties)
         return;

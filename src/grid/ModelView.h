@@ -37,14 +37,13 @@ public:
     OLE_COLOR PropertyBackColor() const override;
     OLE_COLOR PropertyForeColor() const override;
     std::wstring EditorParam(omEditorType type, const std::wstring& name) const override;
-    void PropertyChanged(CProperty&) override {}
-    void PropertyChangedEx(CProperty& property, const wchar_t* attribute) override;
+    void PropertyChangedEx(CProperty& property, Attribute attribute) override;
     void OnPropertyAdded(CProperty& property, CProperty* parent) override;
     void OnPropertyDeleted(CProperty& property) override;
     void OnPropertiesCleared() override;
     const IUnknown* Control() const override;
     // _CNodeListener
-    void NodePropertyChanged(CNode& node, const wchar_t* propertyName) override;
+    void NodePropertyChanged(CNode& node) override;
     void NodeStateChanging(CNode& node, VARIANT_BOOL& cancel) override;
 
 private:

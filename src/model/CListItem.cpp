@@ -1,5 +1,6 @@
 #include "model/CListItem.h"
 
+#include "automation/Give.h"
 #include "model/ValueRules.h"
 
 namespace ormisk {
@@ -16,10 +17,7 @@ void CListItem::LetObjectsGo() {
 }
 
 HRESULT CListItem::get_Value(VARIANT* value) {
-    return Guarded(__uuidof(_CListItem), [&] {
-        CheckPointer(value);
-        *value = Plain(m_Value).Detach();
-    });
+    return Guarded(__uuidof(_CListItem), [&] { Give(value, m_Value); });
 }
 
 HRESULT CListItem::put_Value(VARIANT value) {
@@ -31,10 +29,7 @@ HRESULT CListItem::put_Value(VARIANT value) {
 }
 
 HRESULT CListItem::get_Text(BSTR* text) {
-    return Guarded(__uuidof(_CListItem), [&] {
-        CheckPointer(text);
-        *text = NewBstr(m_Text);
-    });
+    return Guarded(__uuidof(_CListItem), [&] { Give(text, m_Text); });
 }
 
 HRESULT CListItem::put_Text(BSTR text) {

@@ -1,6 +1,7 @@
 #include "model/CListItems.h"
 
 #include "automation/EnumVariants.h"
+#include "automation/Give.h"
 #include "model/CollectionFailure.h"
 
 namespace ormisk {
@@ -8,6 +9,8 @@ namespace ormisk {
 namespace {
 
 constexpr DISPID kListModified = 1;
+
+template <class F> HRESULT Member(F&& body) { return Guarded(__uuidof(_CListItems), std::forward<F>(body)); }
 
 } // namespace
 
@@ -37,45 +40,27 @@ void CListItems::FireModified() {
 }
 
 HRESULT CListItems::Add(BSTR text, VARIANT value, _CListItem** item) {
-    return Guarded(__uuidof(_CListItems), [&] {
-        CheckPointer(item);
-        *item = nullptr;
-        *item = AddItem(FromBstr(text), value).Detach();
-    });
+    return Member([&] { Give(item, [&] { return AddItem(FromBstr(text), value); }); });
 }
 
 HRESULT CListItems::get_Item(long position, _CListItem** item) {
-    return Guarded(__uuidof(_CListItems), [&] {
-        CheckPointer(item);
-        *item = nullptr;
-        *item = ComPtr<CListItem>(At(position)).Detach();
-    });
+    return Member([&] { Give(item, [&] { return ComPtr<CListItem>(At(position)); }); });
 }
 
 HRESULT CListItems::get_Count(long* count) {
-    return Guarded(__uuidof(_CListItems), [&] {
-        CheckPointer(count);
-        *count = CountOf();
-    });
+    return Member([&] { Give(count, CountOf()); });
 }
 
 HRESULT CListItems::Clear() {
-    return Guarded(__uuidof(_CListItems), [&] { RemoveAll(); });
+    return Member([&] { RemoveAll(); });
 }
 
 HRESULT CListItems::Remove(long position) {
-    return Guarded(__uuidof(_CListItems), [&] { RemoveAt(position); });
+    return Member([&] { RemoveAt(position); });
 }
 
 HRESULT CListItems::get_NewEnum(IUnknown** enumerator) {
-    return Guarded(__uuidof(_CListItems), [&] {
-        CheckPointer(enumerator);
-        *enumerator = nullptr;
-        std::vector<_variant_t> items;
-        for (const auto& item : m_Items)
-            items.emplace_back(static_cast<IDispatch*>(item.Get()));
-        *enumerator = MakeEnumerator(std::move(items)).Detach();
-    });
+    return Member([&] { Give(enumerator, [&] { return EnumeratorOf(m_Items); }); });
 }
 
 } // namespace ormisk

@@ -1,6 +1,7 @@
 #include "model/CProperties.h"
 
 #include "automation/EnumVariants.h"
+#include "automation/Give.h"
 #include "model/DispatchArguments.h"
 #include "model/NumberText.h"
 
@@ -50,30 +51,15 @@ HRESULT CProperties::Add2(BSTR name, VARIANT* value, BSTR category, BSTR* key, I
 }
 
 HRESULT CProperties::get_Item(VARIANT indexOrKey, _CProperty** property) {
-    return Member([&] {
-        CheckPointer(property);
-        *property = nullptr;
-        *property = ComPtr<CProperty>(FindItem(indexOrKey)).Detach();
-    });
+    return Member([&] { Give(property, [&] { return ComPtr<CProperty>(FindItem(indexOrKey)); }); });
 }
 
 HRESULT CProperties::get_Count(long* count) {
-    return Member([&] {
-        CheckPointer(count);
-        *count = CountOf();
-    });
+    return Member([&] { Give(count, CountOf()); });
 }
 
 HRESULT CProperties::get_NewEnum(IUnknown** enumerator) {
-    return Member([&] {
-        CheckPointer(enumerator);
-        *enumerator = nullptr;
-        std::vector<_variant_t> items;
-        items.reserve(static_cast<std::size_t>(CountOf()));
-        for (const auto& property : m_Items)
-            items.emplace_back(static_cast<IDispatch*>(property.Get()));
-        *enumerator = MakeEnumerator(std::move(items)).Detach();
-    });
+    return Member([&] { Give(enumerator, [&] { return EnumeratorOf(m_Items); }); });
 }
 
 HRESULT CProperties::Clear(VARIANT* result) {

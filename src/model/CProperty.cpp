@@ -75,12 +75,8 @@ void CProperty::ReplaceCategorySeparator(std::wstring_view oldSeparator, std::ws
     }
 }
 
-void CProperty::NotifyChange(const wchar_t* attribute) {
+void CProperty::NotifyChange(Attribute attribute) {
     const ComPtr<CProperty> alive(this);
-    IgnoringFailures([&] {
-        if (PropertyOwner* owner = Owner())
-            owner->PropertyChanged(*this);
-    });
     IgnoringFailures([&] {
         if (PropertyOwner* owner = Owner())
             owner->PropertyChangedEx(*this, attribute);
@@ -93,7 +89,7 @@ void CProperty::SetName(const std::wstring& name) {
     if (!m_SourceName)
         m_SourceName = std::make_unique<std::wstring>(std::move(m_Name));
     m_Name = name;
-    NotifyChange(L"Name");
+    NotifyChange(Attribute::Name);
 }
 
 void CProperty::SetPicture(IPictureDisp* picture) {
@@ -101,7 +97,7 @@ void CProperty::SetPicture(IPictureDisp* picture) {
         return;
     ComPtr<IPictureDisp> old(picture);
     m_Picture.Swap(old);
-    NotifyChange(L"Picture");
+    NotifyChange(Attribute::Picture);
 }
 
 void CProperty::LetValue(const VARIANT& given) {
@@ -116,7 +112,7 @@ void CProperty::LetValue(const VARIANT& given) {
     _variant_t former = value;
     Exchange(m_Value, former);
     WriteThrough(SourceName(), DISPATCH_PROPERTYPUT, value);
-    NotifyChange(L"Value");
+    NotifyChange(Attribute::Value);
 }
 
 void CProperty::SetValue(const VARIANT& given) {
@@ -135,7 +131,7 @@ void CProperty::SetValue(const VARIANT& given) {
         Exchange(m_Value, former);
         WriteThrough(m_Name, DISPATCH_PROPERTYPUTREF, value);
     }
-    NotifyChange(L"Value");
+    NotifyChange(Attribute::Value);
 }
 
 // The source's own idea of the value wins. The source may do anything meanwhile; it and the member's name are held.

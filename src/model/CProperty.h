@@ -62,15 +62,15 @@ public:
     void SetValue(const VARIANT& given);
 
     void SetName(const std::wstring& name);
-    void SetBold(bool bold) { Change(m_Bold, bold, L"Bold"); }
-    void SetItalic(bool italic) { Change(m_Italic, italic, L"Italic"); }
-    void SetBackColor(OLE_COLOR color) { Change(m_BackColor, color, L"BackColor"); }
-    void SetForeColor(OLE_COLOR color) { Change(m_ForeColor, color, L"ForeColor"); }
-    void SetAppearance(omAppearance appearance) { Change(m_Appearance, appearance, L"Appearance"); }
+    void SetBold(bool bold) { Change(m_Bold, bold, Attribute::Bold); }
+    void SetItalic(bool italic) { Change(m_Italic, italic, Attribute::Italic); }
+    void SetBackColor(OLE_COLOR color) { Change(m_BackColor, color, Attribute::BackColor); }
+    void SetForeColor(OLE_COLOR color) { Change(m_ForeColor, color, Attribute::ForeColor); }
+    void SetAppearance(omAppearance appearance) { Change(m_Appearance, appearance, Attribute::Appearance); }
     void SetPicture(IPictureDisp* picture);
-    void SetVisible(bool visible) { Change(m_Visible, visible, L"Visible"); }
-    void SetReadOnly(bool readOnly) { Change(m_ReadOnly, readOnly, L"ReadOnly"); }
-    void SetUnicode(bool byteExpanded) { Change(m_Unicode, byteExpanded, L"Unicode"); }
+    void SetVisible(bool visible) { Change(m_Visible, visible, Attribute::Visible); }
+    void SetReadOnly(bool readOnly) { Change(m_ReadOnly, readOnly, Attribute::ReadOnly); }
+    void SetUnicode(bool byteExpanded) { Change(m_Unicode, byteExpanded, Attribute::Unicode); }
 
     // These do not report. The name of a parameter counts in any case; a blank one raises InvalidKey.
     void SetEditorType(omEditorType type) { m_EditorType = type; }
@@ -108,7 +108,7 @@ public:
     FoldedKey FiledKey() const;
     FoldedKey HostKey() const { return FoldedKey(Key()); }
     // Tells the owner; what it fails at is ignored.
-    void NotifyChange(const wchar_t* attribute);
+    void NotifyChange(Attribute attribute);
 
     STDMETHODIMP put_Bold(VARIANT_BOOL value) override;
     STDMETHODIMP get_Bold(VARIANT_BOOL* value) override;
@@ -167,12 +167,14 @@ public:
 private:
     static constexpr OLE_COLOR kColorOfOwner = 0xFFFFFFFF;
 
-    template <class T, class V> void Change(T& field, const V& value, const wchar_t* attribute) {
+    template <class T, class V> void Change(T& field, const V& value, Attribute attribute) {
         if (!(field == value)) {
             field = value;
             NotifyChange(attribute);
         }
     }
+    template <class Argument, class Given> HRESULT Put(void (CProperty::*set)(Argument), const Given& given);
+    template <class Field, class Given> HRESULT PutField(Field& field, const Given& given, Attribute attribute);
     const std::wstring& SourceName() const { return m_SourceName ? *m_SourceName : m_Name; }
     PropertyOwner* Owner() const { return Link() ? Link()->Get() : nullptr; }
     void FinalRelease() override { Unlist(); }

@@ -10,6 +10,27 @@ namespace ormisk {
 
 class CProperty;
 
+// What of a property can change.
+enum class Attribute {
+    Name,
+    Value,
+    Visible,
+    Picture,
+    Bold,
+    Italic,
+    BackColor,
+    ForeColor,
+    Appearance,
+    ReadOnly,
+    Unicode,
+    Help,
+    Format,
+    CustomDraw,
+    HelpFile,
+    HelpContext,
+    PictureMaskColor
+};
+
 // What a property asks of the control that shows it, and the reports that the control hears. Any of the reports may
 // call into the host, which may change the model before it returns.
 class PropertyOwner {
@@ -20,9 +41,7 @@ public:
     // The control's own parameter of this name for this editor, "" when it has none.
     virtual std::wstring EditorParam(omEditorType type, const std::wstring& name) const = 0;
 
-    // A change of a property: both are called, in this order.
-    virtual void PropertyChanged(CProperty& property) = 0;
-    virtual void PropertyChangedEx(CProperty& property, const wchar_t* attribute) = 0;
+    virtual void PropertyChangedEx(CProperty& property, Attribute attribute) = 0;
 
     virtual void OnPropertyAdded(CProperty& property, CProperty* parent) = 0;
     // The property is out of the collection already.

@@ -201,7 +201,7 @@ void CNode::SetExpanded(bool expanded) {
     if (m_Tree)
         m_Tree->RowsChanged(this);
     if (listener())
-        listener()->NodePropertyChanged(*this, L"Expanded");
+        listener()->NodePropertyChanged(*this);
 }
 
 long CNode::Rows() const {

@@ -28,10 +28,12 @@ public:
     OLE_COLOR PropertyBackColor() const override { return backColor; }
     OLE_COLOR PropertyForeColor() const override { return foreColor; }
     std::wstring EditorParam(omEditorType, const std::wstring&) const override { return parameter; }
-    void PropertyChanged(CProperty&) override { ++m_Changes; }
-    void PropertyChangedEx(CProperty&, const wchar_t* attribute) override {
-        // The plain report comes first.
-        log.emplace_back(std::exchange(m_Changes, 0) == 1 ? attribute : L"unannounced");
+    void PropertyChangedEx(CProperty&, Attribute attribute) override {
+        static constexpr const wchar_t* kNames[] = {
+            L"Name",      L"Value",       L"Visible",         L"Picture", L"Bold", L"Italic", L"BackColor",
+            L"ForeColor", L"Appearance",  L"ReadOnly",        L"Unicode", L"Help", L"Format", L"CustomDraw",
+            L"HelpFile",  L"HelpContext", L"PictureMaskColor"};
+        log.emplace_back(kNames[static_cast<std::size_t>(attribute)]);
     }
     void OnPropertyAdded(CProperty& property, CProperty* parent) override {
         log.push_back(L"added " + property.Name() + (parent ? L" under " + parent->Name() : L""));
@@ -41,9 +43,6 @@ public:
     }
     void OnPropertyDeleted(CProperty& property) override { log.push_back(L"deleted " + property.Name()); }
     void OnPropertiesCleared() override { log.emplace_back(L"cleared"); }
-
-private:
-    int m_Changes = 0;
 };
 
 // An automation object that a test scripts: every name is a member, and `call` answers for all of them.

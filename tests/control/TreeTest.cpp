@@ -33,9 +33,7 @@ protected:
     }
     std::wstring Heard() { return std::exchange(m_Heard, {}); }
 
-    void NodePropertyChanged(CNode& node, const wchar_t* propertyName) override {
-        m_Heard += node.Key() + L"." + propertyName + L" ";
-    }
+    void NodePropertyChanged(CNode& node) override { m_Heard += node.Key() + L".Expanded "; }
     void NodeStateChanging(CNode& node, VARIANT_BOOL& cancel) override {
         m_Heard += node.Key() + L"? ";
         onChanging(cancel);
