@@ -24,25 +24,25 @@ enum EventId : DISPID {
     kDisplayError = 15,
 };
 
-// Arguments that borrow what they refer to.
-VARIANT Object(IDispatch* object) {
+// Arguments that borrow what they refer to. All pointers lie at the same place.
+VARIANT Pointer(int type, void* content) {
     VARIANT v;
-    V_VT(&v) = VT_DISPATCH;
-    V_DISPATCH(&v) = object;
+    V_VT(&v) = static_cast<VARTYPE>(type);
+    V_BYREF(&v) = content;
     return v;
 }
+VARIANT Object(IDispatch* object) { return Pointer(VT_DISPATCH, object); }
+VARIANT Text(const _bstr_t& text) { return Pointer(VT_BSTR, static_cast<wchar_t*>(text)); }
+VARIANT Reference(BSTR& text) { return Pointer(VT_BYREF | VT_BSTR, &text); }
+VARIANT Reference(LONG& number) { return Pointer(VT_BYREF | VT_I4, &number); }
+VARIANT Reference(SHORT& number) { return Pointer(VT_BYREF | VT_I2, &number); }
+VARIANT Reference(FLOAT& number) { return Pointer(VT_BYREF | VT_R4, &number); }
+VARIANT FlagReference(VARIANT_BOOL& flag) { return Pointer(VT_BYREF | VT_BOOL, &flag); }
 
 VARIANT Long(long value) {
     VARIANT v;
     V_VT(&v) = VT_I4;
     V_I4(&v) = value;
-    return v;
-}
-
-VARIANT Text(_bstr_t& text) {
-    VARIANT v;
-    V_VT(&v) = VT_BSTR;
-    V_BSTR(&v) = text.GetBSTR();
     return v;
 }
 
@@ -53,57 +53,27 @@ VARIANT Flag(bool value) {
     return v;
 }
 
-VARIANT FlagReference(VARIANT_BOOL& flag) {
-    VARIANT v;
-    V_VT(&v) = VT_BYREF | VT_BOOL;
-    V_BOOLREF(&v) = &flag;
-    return v;
-}
-
-VARIANT Reference(BSTR& text) {
-    VARIANT v;
-    V_VT(&v) = VT_BYREF | VT_BSTR;
-    V_BSTRREF(&v) = &text;
-    return v;
-}
-
-VARIANT Reference(LONG& number) {
-    VARIANT v;
-    V_VT(&v) = VT_BYREF | VT_I4;
-    V_I4REF(&v) = &number;
-    return v;
-}
-
-VARIANT Reference(SHORT& number) {
-    VARIANT v;
-    V_VT(&v) = VT_BYREF | VT_I2;
-    V_I2REF(&v) = &number;
-    return v;
-}
-
-VARIANT Reference(FLOAT& number) {
-    VARIANT v;
-    V_VT(&v) = VT_BYREF | VT_R4;
-    V_R4REF(&v) = &number;
-    return v;
-}
+constexpr std::size_t kMostArguments = 6;
 
 } // namespace
 
-void GridEvents::FireWithProperty(DISPID id, CProperty* property) {
-    if (!m_Sinks.HasListeners())
-        return;
-    const ComPtr<IDispatch> held(property);
-    VARIANT argument = Object(property);
-    m_Sinks.Fire(id, &argument, 1);
+// Objects are held meanwhile.
+void GridEvents::Tell(DISPID id, std::initializer_list<VARIANT> given) {
+    VARIANT arguments[kMostArguments];
+    ComPtr<IUnknown> held[kMostArguments];
+    UINT count = 0;
+    for (const VARIANT& argument : given) {
+        if (V_VT(&argument) == VT_DISPATCH)
+            held[count] = V_DISPATCH(&argument);
+        arguments[count++] = argument;
+    }
+    m_Sinks.Fire(id, arguments, count);
 }
 
-// The flag is the last argument. Only the exact True comes back as true.
-void GridEvents::FireWithFlag(DISPID id, VARIANT* arguments, UINT count, bool& flag) {
-    VARIANT_BOOL value = flag ? VARIANT_TRUE : VARIANT_FALSE;
-    arguments[count - 1] = FlagReference(value);
-    m_Sinks.Fire(id, arguments, count);
-    flag = value == VARIANT_TRUE;
+bool GridEvents::Ask(DISPID id, std::initializer_list<VARIANT> given, bool answer, VARIANT_BOOL& flag) {
+    flag = answer ? VARIANT_TRUE : VARIANT_FALSE;
+    Tell(id, given);
+    return flag != VARIANT_FALSE;
 }
 
 void GridEvents::AddingProperty(const std::wstring& name, std::wstring& category, omEditorType& editorType,
@@ -129,108 +99,73 @@ void GridEvents::AddingProperty(const std::wstring& name, std::wstring& category
         LONG type;
         VARIANT_BOOL flag;
     } written(category, editorType, cancel);
-    _bstr_t shown = ToBstr(name);
-    VARIANT arguments[] = {Text(shown), Reference(written.text), Reference(written.type), FlagReference(written.flag)};
-    m_Sinks.Fire(kAddingProperty, arguments, 4);
+    Tell(kAddingProperty,
+         {Text(ToBstr(name)), Reference(written.text), Reference(written.type), FlagReference(written.flag)});
 }
 
-void GridEvents::PropertyAdded(CProperty& property) { FireWithProperty(kPropertyAdded, &property); }
+void GridEvents::PropertyAdded(CProperty& property) { Tell(kPropertyAdded, {Object(&property)}); }
 
-void GridEvents::PropertyDeleted(CProperty& property) { FireWithProperty(kPropertyDeleted, &property); }
+void GridEvents::PropertyDeleted(CProperty& property) { Tell(kPropertyDeleted, {Object(&property)}); }
 
 void GridEvents::PropertyDraw(HDC dc, CProperty& property, long cx, long cy, omDrawStage stage, bool& doDefault) {
-    if (!m_Sinks.HasListeners())
-        return;
-    const ComPtr<IDispatch> held(&property);
-    VARIANT_BOOL value = doDefault ? VARIANT_TRUE : VARIANT_FALSE;
-    VARIANT arguments[] = {Long(HandleToLong(dc)), Object(&property), Long(cx), Long(cy), Long(stage),
-                           FlagReference(value)};
-    m_Sinks.Fire(kPropertyDraw, arguments, 6);
-    doDefault = value != VARIANT_FALSE;
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    doDefault = Ask(kPropertyDraw,
+                    {Long(HandleToLong(dc)), Object(&property), Long(cx), Long(cy), Long(stage), FlagReference(flag)},
+                    doDefault, flag);
 }
 
 void GridEvents::PropertyCompare(CProperty& first, CProperty& second, bool nameButtonClicked, bool& swap) {
-    if (!m_Sinks.HasListeners())
-        return;
-    const ComPtr<IDispatch> heldFirst(&first);
-    const ComPtr<IDispatch> heldSecond(&second);
-    VARIANT_BOOL value = swap ? VARIANT_TRUE : VARIANT_FALSE;
-    VARIANT arguments[] = {Object(&first), Object(&second), Flag(nameButtonClicked), FlagReference(value)};
-    m_Sinks.Fire(kPropertyCompare, arguments, 4);
-    swap = value != VARIANT_FALSE;
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    swap = Ask(kPropertyCompare, {Object(&first), Object(&second), Flag(nameButtonClicked), FlagReference(flag)}, swap,
+               flag);
 }
 
 void GridEvents::CategoryCompare(const std::wstring& first, const std::wstring& second, bool nameButtonClicked,
                                  bool& swap) {
-    if (!m_Sinks.HasListeners())
-        return;
-    _bstr_t firstName = ToBstr(first);
-    _bstr_t secondName = ToBstr(second);
-    VARIANT_BOOL value = swap ? VARIANT_TRUE : VARIANT_FALSE;
-    VARIANT arguments[] = {Text(firstName), Text(secondName), Flag(nameButtonClicked), FlagReference(value)};
-    m_Sinks.Fire(kCategoryCompare, arguments, 4);
-    swap = value != VARIANT_FALSE;
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    swap = Ask(kCategoryCompare,
+               {Text(ToBstr(first)), Text(ToBstr(second)), Flag(nameButtonClicked), FlagReference(flag)}, swap, flag);
 }
 
-void GridEvents::PropertyValueChanged(CProperty& property) { FireWithProperty(kPropertyValueChanged, &property); }
+void GridEvents::PropertyValueChanged(CProperty& property) { Tell(kPropertyValueChanged, {Object(&property)}); }
 
+// Only the exact True keeps a category as it is.
 void GridEvents::CategoryExpanding(const std::wstring& category, bool& cancel) {
-    if (!m_Sinks.HasListeners())
-        return;
-    _bstr_t name = ToBstr(category);
-    VARIANT arguments[2] = {Text(name), {}};
-    FireWithFlag(kCategoryExpanding, arguments, 2, cancel);
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    Ask(kCategoryExpanding, {Text(ToBstr(category)), FlagReference(flag)}, cancel, flag);
+    cancel = flag == VARIANT_TRUE;
 }
 
 void GridEvents::CategoryCollapsing(const std::wstring& category, bool& cancel) {
-    if (!m_Sinks.HasListeners())
-        return;
-    _bstr_t name = ToBstr(category);
-    VARIANT arguments[2] = {Text(name), {}};
-    FireWithFlag(kCategoryCollapsing, arguments, 2, cancel);
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    Ask(kCategoryCollapsing, {Text(ToBstr(category)), FlagReference(flag)}, cancel, flag);
+    cancel = flag == VARIANT_TRUE;
 }
 
-void GridEvents::SelChanged(CProperty* property) { FireWithProperty(kSelChanged, property); }
+void GridEvents::SelChanged(CProperty* property) { Tell(kSelChanged, {Object(property)}); }
 
 void GridEvents::HelpRequested(CProperty& property, bool& processDefault) {
-    if (!m_Sinks.HasListeners())
-        return;
-    const ComPtr<IDispatch> held(&property);
-    VARIANT_BOOL value = VARIANT_TRUE;
-    VARIANT arguments[] = {Object(&property), FlagReference(value)};
-    m_Sinks.Fire(kHelpRequested, arguments, 2);
-    processDefault = value != VARIANT_FALSE;
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    processDefault = Ask(kHelpRequested, {Object(&property), FlagReference(flag)}, true, flag);
 }
 
 void GridEvents::ValidateValue(CProperty& property, const VARIANT& newValue, bool& cancel) {
-    if (!m_Sinks.HasListeners())
-        return;
-    const ComPtr<IDispatch> held(&property);
-    VARIANT_BOOL value = cancel ? VARIANT_TRUE : VARIANT_FALSE;
-    VARIANT arguments[] = {Object(&property), newValue, FlagReference(value)};
-    m_Sinks.Fire(kValidateValue, arguments, 3);
-    cancel = value != VARIANT_FALSE;
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    cancel = Ask(kValidateValue, {Object(&property), newValue, FlagReference(flag)}, cancel, flag);
 }
 
-void GridEvents::ActiveViewChanged() { m_Sinks.Fire(kActiveViewChanged); }
+void GridEvents::ActiveViewChanged() { Tell(kActiveViewChanged, {}); }
 
 void GridEvents::DisplayError(const std::wstring& message, long number, bool& showMessageBox) {
-    if (!m_Sinks.HasListeners())
-        return;
-    _bstr_t text = ToBstr(message);
-    VARIANT_BOOL value = VARIANT_TRUE;
-    VARIANT arguments[] = {Text(text), Long(number), FlagReference(value)};
-    m_Sinks.Fire(kDisplayError, arguments, 3);
-    showMessageBox = value == VARIANT_TRUE;
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    Ask(kDisplayError, {Text(ToBstr(message)), Long(number), FlagReference(flag)}, true, flag);
+    showMessageBox = flag == VARIANT_TRUE;
 }
 
 void GridEvents::FireKey(DISPID id, int& keyCode, int& shift) {
-    if (!m_Sinks.HasListeners())
-        return;
     auto code = static_cast<SHORT>(keyCode);
     auto modifiers = static_cast<SHORT>(shift);
-    VARIANT arguments[] = {Reference(code), Reference(modifiers)};
-    m_Sinks.Fire(id, arguments, 2);
+    Tell(id, {Reference(code), Reference(modifiers)});
     keyCode = code;
     shift = modifiers;
 }
@@ -240,22 +175,17 @@ void GridEvents::KeyUp(int& keyCode, int& shift) { FireKey(DISPID_KEYUP, keyCode
 void GridEvents::KeyDown(int& keyCode, int& shift) { FireKey(DISPID_KEYDOWN, keyCode, shift); }
 
 void GridEvents::KeyPress(int& keyAscii) {
-    if (!m_Sinks.HasListeners())
-        return;
     auto code = static_cast<SHORT>(keyAscii);
-    VARIANT argument = Reference(code);
-    m_Sinks.Fire(DISPID_KEYPRESS, &argument, 1);
+    Tell(DISPID_KEYPRESS, {Reference(code)});
     keyAscii = static_cast<unsigned short>(code);
 }
 
 void GridEvents::Mouse(MouseStage stage, int button, int shift, float x, float y, omHitItem hitItem) {
-    if (!m_Sinks.HasListeners())
-        return;
     constexpr DISPID kIds[] = {DISPID_MOUSEDOWN, DISPID_MOUSEMOVE, DISPID_MOUSEUP};
     auto buttons = static_cast<SHORT>(button);
     auto modifiers = static_cast<SHORT>(shift);
-    VARIANT arguments[] = {Reference(buttons), Reference(modifiers), Reference(x), Reference(y), Long(hitItem)};
-    m_Sinks.Fire(kIds[static_cast<int>(stage)], arguments, 5);
+    Tell(kIds[static_cast<int>(stage)],
+         {Reference(buttons), Reference(modifiers), Reference(x), Reference(y), Long(hitItem)});
 }
 
 } // namespace ormisk

@@ -37,8 +37,9 @@ public:
     void Mouse(MouseStage stage, int button, int shift, float x, float y, omHitItem hitItem);
 
 private:
-    void FireWithProperty(DISPID id, CProperty* property);
-    void FireWithFlag(DISPID id, VARIANT* arguments, UINT count, bool& flag);
+    void Tell(DISPID id, std::initializer_list<VARIANT> given);
+    // One of the arguments refers to the flag.
+    bool Ask(DISPID id, std::initializer_list<VARIANT> given, bool answer, VARIANT_BOOL& flag);
     void FireKey(DISPID id, int& keyCode, int& shift);
 
     ConnectionPoints& m_Sinks;

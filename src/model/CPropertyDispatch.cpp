@@ -77,7 +77,9 @@ HRESULT CProperty::put_Value(VARIANT value) {
 HRESULT CProperty::get_Appearance(long* value) { return Get(value, m_Appearance); }
 HRESULT CProperty::put_Appearance(omAppearance value) { return Put(&CProperty::SetAppearance, value); }
 
-HRESULT CProperty::get_EditorType(omEditorType* value) { return Get(value, EditorType()); }
+HRESULT CProperty::get_EditorType(omEditorType* value) {
+    return Member([&] { Give(value, EditorType()); });
+}
 HRESULT CProperty::put_EditorType(omEditorType value) {
     SetEditorType(value);
     return S_OK;

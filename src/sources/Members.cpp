@@ -11,45 +11,10 @@ namespace {
 constexpr int kMostTypedefs = 16; // on the way from a type to what it stands for; a longer way is a circle
 constexpr std::size_t kNoItem = static_cast<std::size_t>(-1);
 
-struct AttributeWord {
-    unsigned mask;
-    const wchar_t* word;
-};
-// The bits above the first two mean the same of functions and variables.
-constexpr AttributeWord kSharedWords[] = {
-    {FUNCFLAG_FBINDABLE, L"bindable"},       {FUNCFLAG_FREQUESTEDIT, L"requestedit"},
-    {FUNCFLAG_FDISPLAYBIND, L"displaybind"}, {FUNCFLAG_FDEFAULTBIND, L"defaultbind"},
-    {FUNCFLAG_FHIDDEN, L"hidden"},           {FUNCFLAG_FDEFAULTCOLLELEM, L"defaultcollelem"},
-    {FUNCFLAG_FUIDEFAULT, L"uidefault"},     {FUNCFLAG_FNONBROWSABLE, L"nonbrowsable"},
-    {FUNCFLAG_FREPLACEABLE, L"replaceable"}, {FUNCFLAG_FIMMEDIATEBIND, L"immediatebind"},
-};
-constexpr AttributeWord kFunctionWords[] = {{FUNCFLAG_FRESTRICTED, L"restricted"},
-                                            {FUNCFLAG_FSOURCE, L"source"},
-                                            {FUNCFLAG_FUSESGETLASTERROR, L"usesgetlasterror"}};
-constexpr AttributeWord kVariableWords[] = {
-    {VARFLAG_FREADONLY, L"readonly"}, {VARFLAG_FSOURCE, L"source"}, {VARFLAG_FRESTRICTED, L"restricted"}};
-
 constexpr unsigned kHiddenFunction = FUNCFLAG_FHIDDEN | FUNCFLAG_FRESTRICTED;
 constexpr unsigned kHiddenVariable = VARFLAG_FHIDDEN | VARFLAG_FRESTRICTED;
 
 } // namespace
-
-std::vector<std::wstring> AttributeStrings(const MemberInfo& member) {
-    std::vector<std::wstring> words;
-    const auto add = [&](const auto& table) {
-        for (const AttributeWord& attribute : table)
-            if (member.attributeMask & attribute.mask)
-                words.emplace_back(attribute.word);
-    };
-    if (member.attributeMask == 0)
-        return words;
-    if (member.descKind == DescKind::Variable)
-        add(kVariableWords);
-    else
-        add(kFunctionWords);
-    add(kSharedWords);
-    return words;
-}
 
 // Reads a type once, from its first member to its last.
 class Members::Builder {

@@ -8,20 +8,13 @@ namespace ormisk {
 
 namespace {
 
-constexpr wchar_t kNonBrowsable[] = L"nonbrowsable";
-
 // Readable, and nothing of that name is a plain function.
 bool IsReadableProperty(unsigned kinds) {
     return (kinds & INVOKE_PROPERTYGET) != 0 &&
            (kinds & ~static_cast<unsigned>(INVOKE_PROPERTYGET | INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF)) == 0;
 }
 
-bool IsBrowsable(const MemberInfo& member) {
-    for (const std::wstring& word : AttributeStrings(member))
-        if (word == kNonBrowsable)
-            return false;
-    return true;
-}
+bool IsBrowsable(const MemberInfo& member) { return (member.attributeMask & FUNCFLAG_FNONBROWSABLE) == 0; }
 
 std::wstring KeyOf(const CProperty* parent, const std::wstring& name) {
     std::wstring key = parent ? parent->Key() + L"_" + name : name;

@@ -85,16 +85,13 @@ struct MemberInfo {
     INVOKEKIND invokeKind = INVOKE_PROPERTYGET;
     long parameterCount = 0; // without the result
     VarTypeInfo returnType;
-    unsigned attributeMask = 0; // FUNCFLAGS, of a variable VARFLAGS
+    unsigned attributeMask = 0; // FUNCFLAGS, of a variable VARFLAGS: above the first two bits they mean the same
     DescKind descKind = DescKind::None;
     long vtableOffset = 0;
     std::wstring helpString;
     std::wstring helpFile;
     DWORD helpContext = 0;
 };
-
-// The attributes of a member as lowercase words.
-std::vector<std::wstring> AttributeStrings(const MemberInfo& member);
 
 // All members of one name.
 struct SearchItem {
