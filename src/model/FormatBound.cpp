@@ -55,16 +55,20 @@ std::size_t LengthOf(std::wstring_view format) {
     return length;
 }
 
-// A bare "c", the date and time of the locale: the system goes on reading behind the end of such a format.
+// A bare "c", the date and time of the locale: the system goes on reading behind the end of such a format. Behind the
+// first digit of a section it is a letter.
 bool HasGeneralDate(std::wstring_view format) {
     bool quoted = false;
+    bool number = IsAnyOf(format, {L"currency", L"percent", L"scientific"});
     for (std::size_t i = 0; i < format.size(); ++i)
         if (format[i] == L'"')
             quoted = !quoted;
         else if (format[i] == L'\\' && !quoted)
             ++i;
-        else if (!quoted && Lower(format[i]) == L'c')
-            return !IsAnyOf(format, {L"currency", L"percent", L"scientific"});
+        else if (!quoted && Lower(format[i]) == L'c' && !number)
+            return true;
+        else if (!quoted && (format[i] == L'0' || format[i] == L'#' || format[i] == L';'))
+            number = format[i] != L';';
     return false;
 }
 

@@ -19,10 +19,10 @@ TEST(FormatBound, WhatCouldRunOverDoesNotFit) {
     EXPECT_FALSE(FitsFormatting(L"#,##0", 190)) << "190 digits take 63 marks";
     EXPECT_FALSE(FitsFormatting(L"Standard", 190)) << "so does a name";
     EXPECT_FALSE(FitsFormatting(std::wstring(30, L'd'), 10)) << "five long dates";
-    for (const wchar_t* format : {L"c", L"dd C", L"\"a\"c", L"\\\"c\""}) {
+    for (const wchar_t* format : {L"c", L"dd C", L"\"a\"c", L"\\\"c\"", L"\"0\"c", L"0;c", L"c0"}) {
         EXPECT_FALSE(FitsFormatting(format, 5)) << std::wstring(format).size();
     }
-    for (const wchar_t* format : {L"\"cc\"0", L"0 \\cm", L"Scientific"}) {
+    for (const wchar_t* format : {L"\"cc\"0", L"0 \\cm", L"0.00 cm", L"0 CHF;-0 CHF", L"Scientific"}) {
         EXPECT_TRUE(FitsFormatting(format, 5)) << std::wstring(format).size();
     }
     EXPECT_FALSE(FitsFormatting(std::wstring(300, L'-'), 0));
