@@ -1,0 +1,195 @@
+#include "platform/Tooltip.h"
+
+#include "platform/TextForms.h"
+#include "win/Checked.h"
+
+#include <algorithm>
+
+namespace ormisk {
+
+namespace {
+
+constexpr wchar_t kNoText[] = L" "; // a tool without a text would be refused
+
+std::string ToBytes(const std::wstring& text) {
+    std::string bytes(text.size() * 3, '\0');
+    const int written = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
+                                            static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(written));
+    return bytes;
+}
+
+std::wstring FromBytes(const char* bytes) {
+    const int size = MultiByteToWideChar(CP_ACP, 0, bytes, -1, nullptr, 0);
+    std::wstring text(static_cast<std::size_t>(std::max(size, 1)), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, bytes, -1, text.data(), size);
+    text.pop_back(); // the zero at its end
+    return text;
+}
+
+std::wstring Trimmed(const std::wstring& text) {
+    const std::size_t first = text.find_first_not_of(L' ');
+    return first == std::wstring::npos ? kNoText : text.substr(first, text.find_last_not_of(L' ') + 1 - first);
+}
+
+} // namespace
+
+CTooltip::~CTooltip() {
+    if (hwnd())
+        DestroyWindow(m_hWnd);
+}
+
+void CTooltip::init(HWND hParent) {
+    const INITCOMMONCONTROLSEX all{sizeof all, 0xFF};
+    InitCommonControlsEx(&all);
+    if (hwnd())
+        DestroyWindow(m_hWnd);
+    m_hWndParent = hParent;
+    m_hWnd = Checked(CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, TTS_NOANIMATE | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                                     CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hParent, nullptr,
+                                     GetModuleHandleW(nullptr), nullptr));
+    Activate(true);
+    SetWindowPos(m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+LRESULT CTooltip::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return hwnd() ? SendMessageW(m_hWnd, message, wParam, lParam) : 0;
+}
+
+// Both forms of a tool are laid out alike.
+LRESULT CTooltip::SendTool(UINT ansi, UINT wide, WPARAM wParam, TTTOOLINFOW& tool) const {
+    return Send(m_Unicode ? wide : ansi, wParam, reinterpret_cast<LPARAM>(&tool));
+}
+
+LRESULT CTooltip::SendText(UINT ansi, UINT wide, const std::wstring& text, TTTOOLINFOW& tool) {
+    m_MaxTextLen = std::max(m_MaxTextLen, text.size());
+    std::wstring characters = m_Unicode ? NarrowText(text) : std::wstring();
+    std::string bytes = m_Unicode ? std::string() : ToBytes(text);
+    tool.lpszText = m_Unicode ? characters.data() : reinterpret_cast<wchar_t*>(bytes.data());
+    return SendTool(ansi, wide, 0, tool);
+}
+
+bool CTooltip::BallonStyle() const { return hwnd() && (GetWindowLongPtrW(m_hWnd, GWL_STYLE) & TTS_BALLOON) != 0; }
+
+void CTooltip::BallonStyle(bool balloon) {
+    if (!hwnd())
+        return;
+    const LONG_PTR style = GetWindowLongPtrW(m_hWnd, GWL_STYLE) & ~static_cast<LONG_PTR>(TTS_BALLOON);
+    SetWindowLongPtrW(m_hWnd, GWL_STYLE, style | (balloon ? TTS_BALLOON : 0));
+}
+
+int CTooltip::ToolCount() const { return static_cast<int>(Send(TTM_GETTOOLCOUNT)); }
+
+void CTooltip::Activate(bool bActive) const { Send(TTM_ACTIVATE, bActive); }
+
+std::optional<TTTOOLINFOW> CTooltip::ToolAt(int index) const {
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    if (index < 0 || !SendTool(TTM_ENUMTOOLSA, TTM_ENUMTOOLSW, static_cast<WPARAM>(index), tool))
+        return std::nullopt;
+    return tool;
+}
+
+std::optional<TTTOOLINFOW> CTooltip::FindTool(UINT_PTR nId) const {
+    for (int index = 0, count = ToolCount(); index < count; ++index)
+        if (const auto tool = ToolAt(index); tool && tool->uId == nId)
+            return tool;
+    return std::nullopt;
+}
+
+UINT_PTR CTooltip::ToolId(int index) const {
+    const auto tool = ToolAt(index);
+    return tool ? tool->uId : 0;
+}
+
+bool CTooltip::AddTool(UINT_PTR nId, bool bSubclass, long x, long y, long cx, long cy, const std::wstring& sText) {
+    if (FindTool(nId))
+        return false;
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.uFlags = TTF_SUBCLASS | TTF_TRANSPARENT | (bSubclass ? TTF_IDISHWND : 0U);
+    tool.hwnd = m_hWndParent;
+    tool.uId = nId;
+    tool.rect = {x, y, x + cx, y + cy};
+    return SendText(TTM_ADDTOOLA, TTM_ADDTOOLW, Trimmed(sText), tool) != 0;
+}
+
+void CTooltip::DeleteTool(UINT_PTR nId) const {
+    if (auto tool = FindTool(nId))
+        SendTool(TTM_DELTOOLA, TTM_DELTOOLW, 0, *tool);
+}
+
+void CTooltip::SetNewToolRect(UINT_PTR nId, long x, long y, long cx, long cy) const {
+    if (auto tool = FindTool(nId)) {
+        tool->rect = {x, y, x + cx, y + cy};
+        SendTool(TTM_NEWTOOLRECTA, TTM_NEWTOOLRECTW, 0, *tool);
+    }
+}
+
+void CTooltip::AdjustRect(RECT& rect) const { Send(TTM_ADJUSTRECT, TRUE, reinterpret_cast<LPARAM>(&rect)); }
+
+void CTooltip::SetToolWindowPos(long x, long y) const {
+    if (hwnd())
+        SetWindowPos(m_hWnd, HWND_TOPMOST, x, y, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+Color CTooltip::BackColor() const { return static_cast<Color>(Send(TTM_GETTIPBKCOLOR)); }
+
+void CTooltip::BackColor(Color color) const { Send(TTM_SETTIPBKCOLOR, TranslateColor(color)); }
+
+Color CTooltip::ForeColor() const { return static_cast<Color>(Send(TTM_GETTIPTEXTCOLOR)); }
+
+void CTooltip::ForeColor(Color color) const { Send(TTM_SETTIPTEXTCOLOR, TranslateColor(color)); }
+
+RECT CTooltip::Margins() const {
+    RECT margins{};
+    Send(TTM_GETMARGIN, 0, reinterpret_cast<LPARAM>(&margins));
+    return margins;
+}
+
+void CTooltip::SetMargin(LONG RECT::* side, long pixels) const {
+    RECT margins = Margins();
+    margins.*side = pixels;
+    Send(TTM_SETMARGIN, 0, reinterpret_cast<LPARAM>(&margins));
+}
+
+std::wstring CTooltip::Text(UINT_PTR nId) const {
+    auto tool = FindTool(nId);
+    if (!tool)
+        return {};
+    std::wstring room(m_MaxTextLen * 2 + 1, L'\0'); // for bytes as well
+    tool->lpszText = room.data();
+    SendTool(TTM_GETTEXTA, TTM_GETTEXTW, room.size(), *tool);
+    return m_Unicode ? ExpandText(std::wstring_view(room.data()))
+                     : FromBytes(reinterpret_cast<const char*>(room.data()));
+}
+
+void CTooltip::Text(UINT_PTR nId, const std::wstring& text) {
+    if (auto tool = FindTool(nId))
+        SendText(TTM_UPDATETIPTEXTA, TTM_UPDATETIPTEXTW, text, *tool);
+}
+
+void CTooltip::hFont(HFONT font) const { Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
+
+void CTooltip::Title(const std::wstring& title) {
+    m_Title = title;
+    ShowTitle();
+}
+
+void CTooltip::Icon(long icon) {
+    m_Icon = icon;
+    ShowTitle();
+}
+
+void CTooltip::ShowTitle() const {
+    const std::wstring characters = m_Unicode ? NarrowText(m_Title) : std::wstring();
+    const std::string bytes = m_Unicode ? std::string() : ToBytes(m_Title);
+    Send(m_Unicode ? TTM_SETTITLEW : TTM_SETTITLEA, static_cast<WPARAM>(m_Icon),
+         m_Unicode ? reinterpret_cast<LPARAM>(characters.c_str()) : reinterpret_cast<LPARAM>(bytes.c_str()));
+}
+
+long CTooltip::Delay(WPARAM which) const { return static_cast<long>(Send(TTM_GETDELAYTIME, which)); }
+
+void CTooltip::SetDelay(WPARAM which, long time) const { Send(TTM_SETDELAYTIME, which, time); }
+
+} // namespace ormisk
