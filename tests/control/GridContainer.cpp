@@ -74,12 +74,6 @@ void SendKey(WORD key, DWORD flags) {
     SendInput(1, &input, sizeof input);
 }
 
-// Shuts the device out, and with it the echoes of moved cursors, which some displays give back late.
-LRESULT CALLBACK SwallowDevice(int code, WPARAM message, LPARAM details) {
-    const bool sent = (reinterpret_cast<const MSLLHOOKSTRUCT*>(details)->flags & LLMHF_INJECTED) != 0;
-    return code == HC_ACTION && !sent ? 1 : CallNextHookEx(nullptr, code, message, details);
-}
-
 } // namespace
 
 std::wstring EventCall::Text() const {
@@ -185,11 +179,9 @@ GridContainer::GridContainer(const Setup& setup) : grid(MakeObject<OrmiskGrid>()
         EXPECT_EQ(grid->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, this, 0, window, nullptr), S_OK);
     }
     SetForegroundWindow(window);
-    m_MouseHook = SetWindowsHookExW(WH_MOUSE_LL, SwallowDevice, GetModuleHandleW(nullptr), 0);
 }
 
 GridContainer::~GridContainer() {
-    UnhookWindowsHookEx(m_MouseHook);
     LetGo();
     // Nothing of the control may hold on to its host.
     EXPECT_EQ(events.references, 1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ControlHost.h"
+#include "MouseShield.h"
 
 #include "automation/Value.h"
 #include "grid/OrmiskGrid.h"
@@ -143,7 +144,7 @@ public:
 private:
     void SendMouse(DWORD flags, DWORD data = 0, DWORD time = 0) const;
 
-    HHOOK m_MouseHook = nullptr;
+    MouseShield m_MouseShield;
     DWORD m_EventCookie = 0;
     DWORD m_NoticeCookie = 0;
 };
