@@ -8,6 +8,9 @@ set(RULE_SOURCES
   model/FormatBound.cpp
   model/KeyFold.cpp
   model/NumberText.cpp
+  picker/PaletteColors.cpp
+  picker/PaletteGeometry.cpp
+  picker/PaletteMoves.cpp
   platform/AccessKey.cpp
   platform/Color.cpp
   platform/Scale.cpp

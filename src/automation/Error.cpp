@@ -91,6 +91,8 @@ void CheckSystem(HRESULT hr) {
     }
 }
 
+void RaiseBadPosition() { Raise(static_cast<HRESULT>(0x800A0009), L"Subscript out of range"); }
+
 void CheckPointer(const void* pointer) {
     if (!pointer)
         Raise(E_POINTER, SystemText(E_POINTER));

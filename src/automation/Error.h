@@ -56,6 +56,8 @@ void Check(HRESULT hr);
 inline constexpr HRESULT kTypeMismatch = static_cast<HRESULT>(0x800A000D);
 inline constexpr HRESULT kOverflow = static_cast<HRESULT>(0x800A0006);
 void CheckSystem(HRESULT hr);
+// Raises what scripts know as a position that a table does not have.
+[[noreturn]] void RaiseBadPosition();
 // E_POINTER for a null argument.
 void CheckPointer(const void* pointer);
 

@@ -7,7 +7,7 @@ namespace ormisk {
 void Raise(CollectionFault fault) {
     switch (fault) {
     case CollectionFault::BadPosition:
-        Raise(static_cast<HRESULT>(0x800A0009), L"Subscript out of range");
+        RaiseBadPosition();
     case CollectionFault::DuplicateKey:
         Raise(static_cast<HRESULT>(0x800A01C9), L"This key is already associated with an element of this collection");
     case CollectionFault::UnknownKey:

@@ -59,4 +59,14 @@ void ApplyFont(const FontDescription& description, IFontDisp* font) {
     Put(font, DISPID_FONT_CHARSET, description.Charset);
 }
 
+ComPtr<IFontDisp> MakeFont(const FontDescription& description) {
+    std::wstring name = description.Name;
+    FONTDESC start{sizeof(FONTDESC), name.data(), {}, description.Weight, description.Charset, 0, 0, 0};
+    start.cySize.int64 = 80000;
+    ComPtr<IFontDisp> font;
+    Check(OleCreateFontIndirect(&start, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())));
+    ApplyFont(description, font.Get());
+    return font;
+}
+
 } // namespace ormisk

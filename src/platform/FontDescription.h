@@ -5,6 +5,7 @@
 
 #include <ocidl.h>
 #include <olectl.h>
+#include <wrl/client.h>
 
 namespace ormisk {
 
@@ -27,5 +28,8 @@ FontDescription DescribeFont(IUnknown* font);
 
 // Gives a font object all eight values; raises what its members raise.
 void ApplyFont(const FontDescription& description, IFontDisp* font);
+
+// A font object of this description. Raises.
+Microsoft::WRL::ComPtr<IFontDisp> MakeFont(const FontDescription& description);
 
 } // namespace ormisk

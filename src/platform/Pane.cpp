@@ -10,6 +10,7 @@
 #include "win/Rects.h"
 
 #include <algorithm>
+#include <utility>
 #include <windowsx.h>
 
 namespace ormisk {
@@ -73,14 +74,18 @@ void Pane::Create(HWND parent, PaneListener& listener, Options options) {
     static const WindowClass windowClass(WindowProc);
     m_Listener = &listener;
     m_Options = options;
-    const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | (options.visible ? WS_VISIBLE : 0);
-    Checked(CreateWindowExW(0, kClassName, L"", style, 0, 0, 0, 0, parent, nullptr, ThisModule(), this));
+    const DWORD style =
+        (options.popup ? WS_POPUP : WS_CHILD | WS_CLIPSIBLINGS) | WS_CLIPCHILDREN | (options.visible ? WS_VISIBLE : 0);
+    Checked(CreateWindowExW(options.popup ? WS_EX_TOOLWINDOW | WS_EX_TOPMOST : 0, kClassName, L"", style, 0, 0, 0, 0,
+                            parent, nullptr, ThisModule(), this));
 }
 
 void Pane::Destroy() {
     m_Listener = nullptr;
     if (m_hWnd)
         DestroyWindow(m_hWnd);
+    if (m_hWnd) // about to go already, and will find nobody
+        SetWindowLongPtrW(std::exchange(m_hWnd, nullptr), GWLP_USERDATA, 0);
 }
 
 LRESULT CALLBACK Pane::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -110,6 +115,10 @@ LRESULT CALLBACK Pane::WindowProc(HWND window, UINT message, WPARAM wParam, LPAR
 LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = m_hWnd;
     LRESULT result = 0;
+    if (m_Listener->OnMessage(*this, message, wParam, lParam, result))
+        return result;
+    if (PaneOf(window) != this || !m_Listener)
+        return 0;
     switch (message) {
     case WM_SIZE:
         m_Listener->OnResize(*this);

@@ -26,6 +26,8 @@ class PaneListener {
 public:
     // What is held while one message is handled: whatever must outlive it, with the listener in it. Null holds nothing.
     virtual IUnknown* Keeper() { return nullptr; }
+    // Every message, before the pane itself. True when it was answered in `result`: the pane then does nothing.
+    virtual bool OnMessage(Pane&, UINT, WPARAM, LPARAM, LRESULT& /*result*/) { return false; }
     virtual void OnPaint(Pane&, HDC, const RECT& /*clip*/) {}
     virtual void OnMouseDown(Pane&, const MouseEvent&) {}
     virtual void OnMouseMove(Pane&, const MouseEvent&) {}
@@ -64,6 +66,7 @@ public:
         bool takesFocus = false; // by click
         bool erases = true;      // fill with the back colour before painting
         bool visible = true;
+        bool popup = false; // not in its parent: over all other windows, with its frame as owner
     };
     // Makes the window, of no size. Raises when the system refuses it.
     void Create(HWND parent, PaneListener& listener, Options options);
