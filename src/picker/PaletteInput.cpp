@@ -32,12 +32,6 @@ std::optional<Direction> DirectionOf(int key) {
 
 } // namespace
 
-std::array<COLORREF, kCustomColors> frmColorPicker::AllWhite() {
-    std::array<COLORREF, kCustomColors> colors{};
-    colors.fill(0xFFFFFFFF);
-    return colors;
-}
-
 bool frmColorPicker::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     result = 0;
     switch (message) {

@@ -27,7 +27,7 @@ struct PaletteView {
     Color ColorOf(PaletteCell cell) const;
 };
 
-// Draws the palette window; reads what it shows and changes nothing of it. The last font is asked for by key.
+// Draws the palette window; reads what it shows and changes nothing of it.
 class PalettePainter {
 public:
     HFONT Font(const PaletteView& view) { return m_Resources.GetFont(view.settings.Font, L"CurrentFont"); }

@@ -19,6 +19,11 @@ std::size_t Position(long index) {
 
 } // namespace
 
+frmColorPicker::frmColorPicker(PaletteOwner& owner) : m_Owner(owner) {
+    m_View.custom.fill(kUnsetCustomColor);
+    m_DialogColors.fill(0xFFFFFFFF);
+}
+
 void frmColorPicker::Load(HWND parent) {
     if (m_VScrollBar.hWnd() && GetWindow(m_Window.hWnd(), GW_OWNER) == GetAncestor(parent, GA_ROOT))
         return;

@@ -30,7 +30,7 @@ protected:
 // the custom cells their colours, does not close it. Closed means hidden: the tables stay.
 class frmColorPicker final : PaneListener, ScrollBarListener {
 public:
-    explicit frmColorPicker(PaletteOwner& owner) : m_Owner(owner) { m_View.custom.fill(kUnsetCustomColor); }
+    explicit frmColorPicker(PaletteOwner& owner);
     frmColorPicker(const frmColorPicker&) = delete;
     frmColorPicker& operator=(const frmColorPicker&) = delete;
     ~frmColorPicker() { DestroyWindows(); }
@@ -100,10 +100,8 @@ private:
     bool m_bColorDialogOpen = false;
     int m_nLastToolTip = -1; // the row that the tip is about
     int m_nNextCustomColor = 0;
-    int m_Turned = 0;                                                // of the wheel, less than a notch
-    std::array<COLORREF, kCustomColors> m_DialogColors = AllWhite(); // what the dialog keeps
-
-    static std::array<COLORREF, kCustomColors> AllWhite();
+    int m_Turned = 0;                                     // of the wheel, less than a notch
+    std::array<COLORREF, kCustomColors> m_DialogColors{}; // what the dialog keeps
 };
 
 // Tells the owner; false when the window is gone afterwards. What fails in a handler ends there.

@@ -81,19 +81,6 @@ TEST(PaletteMoves, TheRingOfCellsClosesElsewhere) {
         EXPECT_EQ(MovedCell({}, key), (PaletteCell{false, 0})) << "from nowhere";
 }
 
-TEST(PaletteMoves, AKeyLeadsToTwoCellsOrFromTwoCells) {
-    for (const Direction key : kAll) {
-        std::set<int> reached;
-        for (int number = 0; number < 64; ++number) {
-            const PaletteCell to = MovedCell({number >= 48, number >= 48 ? number - 48 : number}, key);
-            EXPECT_GE(to.index, 0);
-            EXPECT_LT(to.index, to.custom ? 16 : 48);
-            reached.insert(to.index + (to.custom ? 48 : 0));
-        }
-        EXPECT_EQ(reached.size(), 64U) << static_cast<int>(key);
-    }
-}
-
 TEST(PaletteMoves, TheHotRowLeavesTheList) {
     EXPECT_EQ(MovedRow(3, Direction::Down), 4);
     EXPECT_EQ(MovedRow(3, Direction::Up), 2);
