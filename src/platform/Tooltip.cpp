@@ -160,8 +160,8 @@ std::wstring CTooltip::Text(UINT_PTR nId) const {
     std::wstring room(m_MaxTextLen * 2 + 1, L'\0'); // for bytes as well
     tool->lpszText = room.data();
     SendTool(TTM_GETTEXTA, TTM_GETTEXTW, room.size(), *tool);
-    return m_Unicode ? ExpandText(std::wstring_view(room.data()))
-                     : FromBytes(reinterpret_cast<const char*>(room.data()));
+    const wchar_t* const text = room.data();
+    return m_Unicode ? ExpandText(text) : FromBytes(reinterpret_cast<const char*>(text));
 }
 
 void CTooltip::Text(UINT_PTR nId, const std::wstring& text) {

@@ -160,7 +160,7 @@ protected:
                 for (const Color color : {0x0000FFU, 0x80000005U}) {
                     in->SelectedColor(color);
                     in.Open();
-                    Picture(in.Page());
+                    const Picture first(in.Page());
                     in->ShowDropDown(false);
                 }
                 AskColor(in, VK_ESCAPE);

@@ -63,7 +63,7 @@ TEST(PaletteMoves, TheRingOfCellsClosesElsewhere) {
     using enum Direction;
     const struct {
         PaletteCell from;
-        Direction key;
+        Direction key = Direction::Left;
         PaletteCell to;
     } moves[] = {
         {{false, 20}, Right, {false, 21}}, {{false, 47}, Right, {true, 0}},  {{false, 20}, Left, {false, 19}},
