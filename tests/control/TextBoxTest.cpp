@@ -14,7 +14,7 @@ namespace ormisk {
 namespace {
 
 // A listener whose handlers do what a test needs of them.
-class Listener : public TextBoxListener {
+class Listener : public ChildWindowListener {
 public:
     std::function<void(int&)> onKeyDown = [](int&) {};
     std::function<void(int&)> onKeyPress = [](int&) {};
@@ -39,7 +39,7 @@ protected:
         auto* test = reinterpret_cast<TextBoxTest*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (message == WM_MOUSEWHEEL)
             ++test->wheels;
-        if (message == WM_CTLCOLOREDIT && test->box && reinterpret_cast<HWND>(lParam) == test->box->Hwnd())
+        if (message == WM_CTLCOLOREDIT && test->box && reinterpret_cast<HWND>(lParam) == test->box->hWnd())
             return reinterpret_cast<LRESULT>(test->box->OnCtlColor(reinterpret_cast<HDC>(wParam)));
         return DefWindowProcW(window, message, wParam, lParam);
     }
@@ -78,12 +78,12 @@ protected:
         DestroyWindow(parent);
     }
     COLORREF PixelAt(int x, int y) const {
-        RedrawWindow(box->Hwnd(), nullptr, nullptr, RDW_UPDATENOW);
-        return GetPixel(WindowDC(box->Hwnd()).Get(), x, y);
+        RedrawWindow(box->hWnd(), nullptr, nullptr, RDW_UPDATENOW);
+        return GetPixel(WindowDC(box->hWnd()).Get(), x, y);
     }
     void Type(const wchar_t* keys) {
         for (; *keys; ++keys)
-            SendMessageW(box->Hwnd(), WM_CHAR, *keys, 1);
+            SendMessageW(box->hWnd(), WM_CHAR, *keys, 1);
     }
 
     Listener listener;
@@ -152,7 +152,7 @@ TEST_F(TextBoxTest, OnlyTheBeginningOfAVeryLongTextIsDrawnUntilTheUserWorksOnIt)
     text.back() = L'y';
     const auto whole = [&] {
         EXPECT_TRUE(box->Text() == text);
-        EXPECT_EQ(static_cast<std::size_t>(GetWindowTextLengthW(box->Hwnd())), text.size());
+        EXPECT_EQ(static_cast<std::size_t>(GetWindowTextLengthW(box->hWnd())), text.size());
     };
     EXPECT_LT((box->SetText(text), watch.Longest()), kFew);
     whole();
@@ -160,9 +160,9 @@ TEST_F(TextBoxTest, OnlyTheBeginningOfAVeryLongTextIsDrawnUntilTheUserWorksOnIt)
     box->SelectAll();
     box->SetModified(true);
     for (const WPARAM key : {VK_CONTROL, VK_RETURN, VK_ESCAPE})
-        SendMessageW(box->Hwnd(), WM_KEYDOWN, key, 1);
+        SendMessageW(box->hWnd(), WM_KEYDOWN, key, 1);
     listener.onKeyDown = listener.onKeyPress = [](int& key) { key = 0; };
-    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_DELETE, 1);
+    SendMessageW(box->hWnd(), WM_KEYDOWN, VK_DELETE, 1);
     Type(L"z");
     listener.onKeyDown = listener.onKeyPress = [](int&) {};
     whole();
@@ -170,7 +170,7 @@ TEST_F(TextBoxTest, OnlyTheBeginningOfAVeryLongTextIsDrawnUntilTheUserWorksOnIt)
     // All that was selected stays selected, and what is typed goes into the whole.
     EXPECT_EQ(box->SelLength(), static_cast<long>(text.size()));
     EXPECT_TRUE(box->IsModified());
-    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_HOME, 1);
+    SendMessageW(box->hWnd(), WM_KEYDOWN, VK_HOME, 1);
     Type(L"z");
     text.insert(0, L"z");
     whole();
@@ -197,12 +197,12 @@ TEST_F(TextBoxTest, AHandlerSwallowsOrReplacesKeys) {
     listener.heard.clear();
     box->Select(0, 0);
     listener.onKeyDown = [](int& key) { key = key == VK_RIGHT ? 0 : key; };
-    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_RIGHT, 1);
+    SendMessageW(box->hWnd(), WM_KEYDOWN, VK_RIGHT, 1);
     EXPECT_EQ(box->SelStart(), 0);
-    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_END, 1);
+    SendMessageW(box->hWnd(), WM_KEYDOWN, VK_END, 1);
     EXPECT_EQ(box->SelStart(), 2);
-    SendMessageW(box->Hwnd(), WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
-    SendMessageW(box->Hwnd(), WM_KEYUP, VK_END, 1);
+    SendMessageW(box->hWnd(), WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+    SendMessageW(box->hWnd(), WM_KEYUP, VK_END, 1);
     EXPECT_EQ(listener.heard, L"down 39; down 35; down 40; up 35; ");
     listener.onKeyPress = [](int&) { throw std::runtime_error("handler"); };
     Type(L"a");
@@ -229,7 +229,7 @@ TEST_F(TextBoxTest, IsPaintedInItsColours) {
     box->SetForeColor(0x80000000U | COLOR_HIGHLIGHT);
     EXPECT_EQ(PixelAt(90, 10), RGB(10, 200, 30));
 
-    const WindowDC dc(box->Hwnd());
+    const WindowDC dc(box->hWnd());
     const HBRUSH brush = box->OnCtlColor(dc.Get());
     LOGBRUSH made{};
     GetObjectW(brush, sizeof made, &made);
@@ -239,11 +239,11 @@ TEST_F(TextBoxTest, IsPaintedInItsColours) {
 }
 
 TEST_F(TextBoxTest, LeavesTheWheelToItsParentAndAsksDialogsForEnterAndEsc) {
-    SendMessageW(box->Hwnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
+    SendMessageW(box->hWnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
     EXPECT_EQ(wheels, 1);
-    EXPECT_TRUE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_RETURN, 0) & DLGC_WANTMESSAGE);
-    EXPECT_TRUE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_ESCAPE, 0) & DLGC_WANTMESSAGE);
-    EXPECT_FALSE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_TAB, 0) & DLGC_WANTMESSAGE);
+    EXPECT_TRUE(SendMessageW(box->hWnd(), WM_GETDLGCODE, VK_RETURN, 0) & DLGC_WANTMESSAGE);
+    EXPECT_TRUE(SendMessageW(box->hWnd(), WM_GETDLGCODE, VK_ESCAPE, 0) & DLGC_WANTMESSAGE);
+    EXPECT_FALSE(SendMessageW(box->hWnd(), WM_GETDLGCODE, VK_TAB, 0) & DLGC_WANTMESSAGE);
 }
 
 } // namespace ormisk

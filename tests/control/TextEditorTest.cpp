@@ -18,12 +18,12 @@ namespace ormisk {
 namespace {
 
 // A control as far as editors see it: the two text editors on one box in a window, and what they report.
-class TextEditorTest : public testing::Test, public TextBoxListener, public EditorObserver {
+class TextEditorTest : public testing::Test, public ChildWindowListener, public EditorObserver {
 protected:
     void SetUp() override {
         Open(); // what the system makes at the first use stays
         Start(text, L"");
-        RedrawWindow(box->Hwnd(), nullptr, nullptr, RDW_UPDATENOW);
+        RedrawWindow(box->hWnd(), nullptr, nullptr, RDW_UPDATENOW);
         Close();
         gdiHandles = test::LiveGdiHandles();
         windows = test::LiveWindows();
@@ -76,7 +76,7 @@ protected:
     }
     void Type(const wchar_t* keys) {
         for (; *keys; ++keys)
-            SendMessageW(box->Hwnd(), WM_CHAR, *keys, 1);
+            SendMessageW(box->hWnd(), WM_CHAR, *keys, 1);
     }
     // As a paste does.
     void Put(const wchar_t* newText) {
@@ -164,7 +164,7 @@ TEST_F(TextEditorTest, AStoreThatFailsReachesTheKeyHandlerWithItsError) {
     onCommit = [] { Raise(0x80040123L, L"The object refuses.", L"Object"); };
     Type(L"x\r");
     EXPECT_EQ(heard, L"commit; error The object refuses.; ");
-    EXPECT_EQ(GetFocus(), box->Hwnd());
+    EXPECT_EQ(GetFocus(), box->hWnd());
 }
 
 TEST_F(TextEditorTest, NumberLimitsAreInclusiveBelowAndExclusiveAboveAndNamedInTheMessage) {
