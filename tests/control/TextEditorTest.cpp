@@ -25,16 +25,14 @@ protected:
         Start(text, L"");
         RedrawWindow(box->hWnd(), nullptr, nullptr, RDW_UPDATENOW);
         Close();
-        gdiHandles = test::LiveGdiHandles();
-        windows = test::LiveWindows();
+        before = {};
         objects = LiveObjects();
         Open();
     }
     void TearDown() override {
         Close();
+        before.ExpectNoMore();
         EXPECT_EQ(LiveObjects(), objects);
-        EXPECT_EQ(test::LiveWindows(), windows);
-        EXPECT_EQ(test::LiveGdiHandles(), gdiHandles);
     }
 
     void Open() {
@@ -126,8 +124,7 @@ protected:
     ComPtr<_CEditor> current;
     std::wstring heard;
     std::function<void()> onCommit = [] {};
-    unsigned gdiHandles = 0;
-    unsigned windows = 0;
+    test::Inventory before;
     long objects = 0;
 };
 
