@@ -1,7 +1,6 @@
 #include "platform/SubclassWnd.h"
 
 #include "automation/Error.h"
-#include "win/Checked.h"
 
 #include <memory>
 #include <set>

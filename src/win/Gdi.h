@@ -72,7 +72,10 @@ public:
 class PaintDC : private PAINTSTRUCT, public OwnedDC {
 public:
     explicit PaintDC(HWND window) : PAINTSTRUCT{}, OwnedDC(BeginPaint(window, this)), m_Window(window) {}
-    ~PaintDC() { EndPaint(m_Window, this); }
+    ~PaintDC() {
+        if (Get())
+            EndPaint(m_Window, this);
+    }
 
     const RECT& UpdateRect() const { return rcPaint; }
 
