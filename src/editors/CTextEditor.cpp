@@ -146,7 +146,7 @@ STDMETHODIMP CTextEditor::put_Visible(VARIANT_BOOL newValue) {
 STDMETHODIMP CTextEditor::get_hwnd(long* pValue) {
     return EditorCall([&] {
         CheckPointer(pValue);
-        *pValue = m_TextBox ? HandleToLong(m_TextBox->Hwnd()) : 0;
+        *pValue = m_TextBox ? HandleToLong(m_TextBox->hWnd()) : 0;
     });
 }
 

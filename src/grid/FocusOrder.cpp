@@ -26,7 +26,7 @@ std::vector<HWND> FocusOrder::Stops() const {
     if (const HWND editor = m_Grid.m_Session.EditorWindow())
         stops.push_back(editor);
     if (panes.RecordToolbarShown())
-        stops.push_back(panes.m_txtRecordNo.Hwnd());
+        stops.push_back(panes.m_txtRecordNo.hWnd());
     if (m_Grid.m_State.showDescription)
         stops.push_back(panes.m_picDescPane.hWnd());
     return stops;
@@ -54,7 +54,7 @@ bool FocusOrder::Uses(int keyCode) const {
     const HWND focus = GetFocus();
     const bool headers = IsWithin(focus, panes.m_picHeaderContainer.hWnd());
     const bool rows = IsWithin(focus, panes.TreeWnd()) && !headers;
-    return rows || focus == panes.m_txtRecordNo.Hwnd() || (headers && keyCode == VK_RETURN);
+    return rows || focus == panes.m_txtRecordNo.hWnd() || (headers && keyCode == VK_RETURN);
 }
 
 void FocusOrder::LeaveHidden() {
@@ -63,7 +63,7 @@ void FocusOrder::LeaveHidden() {
     const bool hidden = (focus == panes.m_picHeaderContainer.hWnd() && m_Grid.m_State.headers == omHeadersNone) ||
                         (focus == panes.m_picDescPane.hWnd() && !m_Grid.m_State.showDescription) ||
                         (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs) ||
-                        (focus == panes.m_txtRecordNo.Hwnd() && !panes.RecordToolbarShown());
+                        (focus == panes.m_txtRecordNo.hWnd() && !panes.RecordToolbarShown());
     if (hidden)
         SetFocus(panes.TreeWnd());
 }
@@ -77,7 +77,7 @@ void FocusOrder::Enter(bool backward) {
 void FocusOrder::FocusTo(HWND stop) {
     Panes& panes = m_Grid.m_Panes;
     SetFocus(stop);
-    if (m_Grid.IsAlive() && stop == panes.m_TextEditor.Hwnd())
+    if (m_Grid.IsAlive() && stop == panes.m_TextEditor.hWnd())
         panes.m_TextEditor.SelectAll();
 }
 

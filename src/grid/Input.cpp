@@ -153,7 +153,7 @@ void Input::OnTreeDblClick() {
 
 bool Input::OnMouseWheel(WPARAM wParam) {
     ScrollBar& bar = m_Grid.m_Panes.m_VScroll;
-    if (!bar.IsShown() || bar.Min() >= bar.Max())
+    if (!bar.IsVisible() || bar.Min() >= bar.Max())
         return false;
     bar.SetValue(bar.Value() + WheelSteps(GET_WHEEL_DELTA_WPARAM(wParam), bar.Value(), bar.Max()));
     return true;
@@ -202,7 +202,7 @@ Ref<CNode> Input::RowAt(long row) const { return Ref<CNode>(m_Grid.m_ActiveNodes
 
 Ref<CNode> Input::PageFrom(const CNode& node, int direction) const {
     const ScrollBar& bar = m_Grid.m_Panes.m_VScroll;
-    if (!bar.IsShown())
+    if (!bar.IsVisible())
         return nullptr;
     const long row = m_Grid.m_ActiveNodes->RowOf(&node) + direction * PageStep(bar.LargeChange());
     return RowAt(std::clamp(row, 0L, m_Grid.m_ActiveNodes->VisibleRowCount() - 1));

@@ -11,7 +11,7 @@ class Grid;
 
 // Turns mouse and keyboard into selection, expanding, scrolling and changes of the view, and passes both on to the
 // host.
-class Input final : public TextBoxListener {
+class Input final : public ChildWindowListener {
 public:
     explicit Input(Grid& grid) : m_Grid(grid) {}
 
@@ -32,7 +32,7 @@ public:
     std::wstring AccessKeys() const;
 
 private:
-    // TextBoxListener: the text box of the text and number editors.
+    // ChildWindowListener: the text box of the text and number editors.
     void OnKeyDown(int& keyCode, int shift) override;
     void OnKeyPress(int& keyAscii) override;
     void OnKeyUp(int& keyCode, int shift) override;

@@ -147,7 +147,7 @@ bool Panes::OnChildMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lPara
         return &pane == &m_picTreeContainer && m_VScroll.HandleScroll(wParam, lParam);
     case WM_CTLCOLOREDIT:
         for (TextBox* box : {&m_TextEditor, &m_txtRecordNo}) {
-            if (box->Hwnd() == reinterpret_cast<HWND>(lParam)) {
+            if (box->hWnd() == reinterpret_cast<HWND>(lParam)) {
                 result = reinterpret_cast<LRESULT>(box->OnCtlColor(reinterpret_cast<HDC>(wParam)));
                 return result != 0;
             }

@@ -169,7 +169,7 @@ void Panes::UpdateScrollBar() {
     const auto range = ScrollRangeFor(m_Grid.m_ActiveNodes->VisibleRowCount(), m_picTreeContainer.ClientSize().cy,
                                       headerPx, m_RowHeight);
     if (range)
-        m_VScroll.Show(range->shown);
+        m_VScroll.SetVisible(range->shown);
     if (range && range->shown) {
         m_VScroll.HideCaret();
         // A value beyond the range is reported: it commits an edit, whose handlers may lay out anew.
@@ -220,7 +220,7 @@ LayoutMetrics Panes::Metrics() const {
     metrics.headerHeight = m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0;
     metrics.client = m_picTreeContainer.ClientSize();
     metrics.scrollBarWidth = GetSystemMetrics(SM_CXVSCROLL);
-    metrics.scrollBarShown = m_VScroll.IsShown();
+    metrics.scrollBarShown = m_VScroll.IsVisible();
     metrics.scrollValue = m_VScroll.Value();
     metrics.indentation = static_cast<double>(m_Grid.m_State.indentation);
     const long style = m_Grid.m_State.treeStyle;
@@ -249,7 +249,7 @@ Ref<CNode> Panes::RowFromPoint(long x, long y) const {
 }
 
 float Panes::ScrollBarUnits() const {
-    return m_VScroll.IsShown() ? m_Control.PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CXVSCROLL))) : 0.0F;
+    return m_VScroll.IsVisible() ? m_Control.PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CXVSCROLL))) : 0.0F;
 }
 
 void Panes::SetColumnDivider(float location) {

@@ -6,6 +6,7 @@
 #include "win/Checked.h"
 #include "win/Dpi.h"
 #include "win/Gdi.h"
+#include "win/Keys.h"
 #include "win/Module.h"
 #include "win/Rects.h"
 
@@ -63,11 +64,6 @@ public:
 Pane* PaneOf(HWND window) { return reinterpret_cast<Pane*>(GetWindowLongPtrW(window, GWLP_USERDATA)); }
 
 } // namespace
-
-int ShiftState() {
-    return (GetKeyState(VK_SHIFT) < 0 ? 1 : 0) | (GetKeyState(VK_CONTROL) < 0 ? 2 : 0) |
-           (GetKeyState(VK_MENU) < 0 ? 4 : 0);
-}
 
 void Pane::Create(HWND parent, PaneListener& listener, Options options) {
     static const WindowClass windowClass(WindowProc);

@@ -47,9 +47,6 @@ protected:
     ~PaneListener() = default;
 };
 
-// Modifier keys held down now: 1 Shift, 2 Ctrl, 4 Alt.
-int ShiftState();
-
 // A plain child window that its owner draws: the surface of which everything in the control is made. It has a scale,
 // that of the pane around it too, in which it is placed; it serves as container and as pane of a splitter. The window
 // is owned.

@@ -176,17 +176,15 @@ protected:
             Query<IOleObject>(box)->SetClientSite(nullptr);
         }
         objects = LiveObjects();
-        windows = LiveWindows();
-        handles = LiveGdiHandles();
+        before = {};
     }
     void TearDown() override {
         EXPECT_EQ(LiveObjects(), objects) << "objects leaked";
-        EXPECT_EQ(LiveWindows(), windows) << "windows leaked";
-        EXPECT_EQ(LiveGdiHandles(), handles) << "drawing handles leaked";
+        before.ExpectNoMore();
         OleUninitialize();
     }
     long objects = 0;
-    unsigned windows = 0, handles = 0;
+    Inventory before;
 };
 
 } // namespace ormisk::test

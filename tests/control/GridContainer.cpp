@@ -490,8 +490,7 @@ void GridTest::SetUp() {
     ASSERT_TRUE(warm);
     ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
     m_Objects = LiveObjects();
-    m_Windows = LiveWindows();
-    m_Handles = LiveGdiHandles();
+    m_Before = {};
 }
 
 void GridTest::TearDown() {
@@ -501,8 +500,7 @@ void GridTest::TearDown() {
 
 void GridTest::ExpectNothingLeft() const {
     EXPECT_EQ(LiveObjects(), m_Objects) << "objects leaked";
-    EXPECT_EQ(LiveWindows(), m_Windows) << "windows leaked";
-    EXPECT_EQ(LiveGdiHandles(), m_Handles) << "drawing handles leaked";
+    m_Before.ExpectNoMore();
 }
 
 } // namespace ormisk::test

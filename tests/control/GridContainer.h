@@ -171,8 +171,7 @@ protected:
 
 private:
     long m_Objects = 0;
-    unsigned m_Windows = 0;
-    unsigned m_Handles = 0;
+    Inventory m_Before;
 };
 
 } // namespace ormisk::test

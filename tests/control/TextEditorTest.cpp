@@ -18,23 +18,21 @@ namespace ormisk {
 namespace {
 
 // A control as far as editors see it: the two text editors on one box in a window, and what they report.
-class TextEditorTest : public testing::Test, public TextBoxListener, public EditorObserver {
+class TextEditorTest : public testing::Test, public ChildWindowListener, public EditorObserver {
 protected:
     void SetUp() override {
         Open(); // what the system makes at the first use stays
         Start(text, L"");
-        RedrawWindow(box->Hwnd(), nullptr, nullptr, RDW_UPDATENOW);
+        RedrawWindow(box->hWnd(), nullptr, nullptr, RDW_UPDATENOW);
         Close();
-        gdiHandles = test::LiveGdiHandles();
-        windows = test::LiveWindows();
+        before = {};
         objects = LiveObjects();
         Open();
     }
     void TearDown() override {
         Close();
+        before.ExpectNoMore();
         EXPECT_EQ(LiveObjects(), objects);
-        EXPECT_EQ(test::LiveWindows(), windows);
-        EXPECT_EQ(test::LiveGdiHandles(), gdiHandles);
     }
 
     void Open() {
@@ -76,7 +74,7 @@ protected:
     }
     void Type(const wchar_t* keys) {
         for (; *keys; ++keys)
-            SendMessageW(box->Hwnd(), WM_CHAR, *keys, 1);
+            SendMessageW(box->hWnd(), WM_CHAR, *keys, 1);
     }
     // As a paste does.
     void Put(const wchar_t* newText) {
@@ -126,8 +124,7 @@ protected:
     ComPtr<_CEditor> current;
     std::wstring heard;
     std::function<void()> onCommit = [] {};
-    unsigned gdiHandles = 0;
-    unsigned windows = 0;
+    test::Inventory before;
     long objects = 0;
 };
 
@@ -164,7 +161,7 @@ TEST_F(TextEditorTest, AStoreThatFailsReachesTheKeyHandlerWithItsError) {
     onCommit = [] { Raise(0x80040123L, L"The object refuses.", L"Object"); };
     Type(L"x\r");
     EXPECT_EQ(heard, L"commit; error The object refuses.; ");
-    EXPECT_EQ(GetFocus(), box->Hwnd());
+    EXPECT_EQ(GetFocus(), box->hWnd());
 }
 
 TEST_F(TextEditorTest, NumberLimitsAreInclusiveBelowAndExclusiveAboveAndNamedInTheMessage) {

@@ -196,20 +196,17 @@ protected:
             warm.UseEverything();
         }
         PumpMessages();
-        m_Windows = LiveWindows();
-        m_Handles = LiveGdiHandles();
+        m_Before = {};
     }
     void TearDown() override {
         PumpMessages();
         EXPECT_EQ(ServerImport("DllCanUnloadNow")(), S_OK) << "objects leaked";
-        EXPECT_EQ(LiveWindows(), m_Windows) << "windows leaked";
-        EXPECT_EQ(LiveGdiHandles(), m_Handles) << "drawing handles leaked";
+        m_Before.ExpectNoMore();
         OleUninitialize();
     }
 
 private:
-    unsigned m_Windows = 0;
-    unsigned m_Handles = 0;
+    Inventory m_Before;
 };
 
 TEST_F(GridInContainer, RowsAreNotOnScreenOrDoNotFollowTheContainersSize) {
