@@ -11,19 +11,11 @@ namespace {
 
 constexpr const wchar_t* kRegisterSource = L"RegisterEditor : ";
 
-struct MadeEditor {
-    ComPtr<_CEditor> Editor;
-    BuiltInEditor* BuiltIn;
-};
-
-template <class T> MadeEditor Make() {
-    const auto editor = MakeObject<T>();
-    return {editor, editor.Get()};
-}
+template <class T> ComPtr<BuiltInEditor> Make() { return MakeObject<T>(); }
 
 struct BuiltInKind {
     omEditorType Type = omTextEditor;
-    MadeEditor (*Make)() = nullptr;
+    ComPtr<BuiltInEditor> (*Make)() = nullptr;
     std::optional<omEditorType> Also; // a second type that the same object serves
 };
 
@@ -42,13 +34,13 @@ std::wstring CustomKey(const std::wstring& key) { return L"CUSTOM_" + key; }
 
 void EditorRegistry::CreateBuiltInEditors(HWND treeWindow, const EditorWindows& windows) {
     for (const BuiltInKind& kind : kBuiltInKinds) {
-        const MadeEditor made = kind.Make();
-        EditorProxy editor(made.Editor.Get());
+        const ComPtr<BuiltInEditor> made = kind.Make();
+        EditorProxy editor(made.Get());
         editor.Init(treeWindow);
-        made.BuiltIn->Attach(windows);
-        Add({InternalKey(kind.Type), made.Editor, made.BuiltIn});
+        made->Attach(windows);
+        Add({InternalKey(kind.Type), made, made.Get()});
         if (kind.Also)
-            Add({InternalKey(*kind.Also), made.Editor, made.BuiltIn});
+            Add({InternalKey(*kind.Also), made, made.Get()});
         editor.SetVisible(false);
     }
 }
@@ -86,8 +78,6 @@ void EditorRegistry::EndUse() noexcept {
 }
 
 ComPtr<_CEditor> EditorRegistry::Find(omEditorType type, const std::wstring& editorKey) const {
-    if (type == omFileEditor) // the directory editor browses for files too
-        type = omDirectoryEditor;
     const Entry* entry = m_Editors.Find(FoldedKey(type == omCustomEditor ? CustomKey(editorKey) : InternalKey(type)));
     return entry ? entry->Editor : nullptr;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editors/BuiltInEditor.h"
 #include "editors/EditorContract.h"
 #include "model/KeyedCollection.h"
 

@@ -1,30 +1,13 @@
 #include "grid/EditSession.h"
 
 #include "grid/Grid.h"
-#include "grid/PaintPrimitives.h"
-#include "grid/ValueStore.h"
+#include "grid/Meanwhile.h"
+#include "model/ValueKind.h"
 #include "model/ValueRules.h"
 #include "platform/Rounding.h"
 #include "win/Dpi.h"
 
 namespace ormisk {
-
-namespace {
-
-// Another value for a field, for the life of the guard.
-template <class T> class Meanwhile {
-public:
-    Meanwhile(T& field, T value) : m_Field(field), m_Before(std::exchange(field, value)) {}
-    Meanwhile(const Meanwhile&) = delete;
-    Meanwhile& operator=(const Meanwhile&) = delete;
-    ~Meanwhile() { m_Field = m_Before; }
-
-private:
-    T& m_Field;
-    T m_Before;
-};
-
-} // namespace
 
 EditSession::EditSession(Grid& grid) : m_Grid(grid), m_editListener(MakeObject<CEditorListener>(this)) {}
 
@@ -50,93 +33,6 @@ void EditSession::LetObjectsGo() {
 
 void EditSession::FocusTree() { m_Grid.m_Panes.m_picTreeContainer.TakeFocus(); }
 
-CProperty* EditSession::SelectedProperty() const { return m_SelectedNode ? m_SelectedNode->Property() : nullptr; }
-
-// A handler may have taken a node out of the tree or hidden it, or another tree may be on screen.
-bool EditSession::Holds(const Ref<CNode>& node) const {
-    return node && node->Tree() == m_Grid.m_ActiveNodes && !node->IsWithinHidden();
-}
-
-bool EditSession::IsOn(const Ref<CNode>& node) const { return m_Grid.IsAlive() && m_SelectedNode == node; }
-
-void EditSession::SetSelectedNode(Ref<CNode> node) {
-    if (node == m_SelectedNode) {
-        if (!m_CurrentEditor && m_SelectedNode)
-            StartEditor();
-        return;
-    }
-    const ComPtr<_CEditor> prevEditor = m_CurrentEditor;
-    ComPtr<CProperty> prevProperty;
-    if (m_SelectedNode) {
-        prevProperty = SelectedProperty();
-        const Ref<CNode> old = m_SelectedNode;
-        CloseEditor(false);
-        if (node && m_SelectedNode == node)
-            return; // a handler selected the row itself
-        // A handler that moved the selection elsewhere has shown an editor of its own.
-        if (m_CurrentEditor)
-            CloseEditor(false);
-        if (!m_Grid.IsAlive())
-            return;
-        m_Grid.m_Panes.InvalidateNodeRow(old.Get());
-    }
-    if (node && !Holds(node))
-        node = nullptr;
-    m_SelectedNode = node;
-    ComPtr<CProperty> newProperty;
-    if (node) {
-        newProperty = node->Property();
-        m_Grid.m_ModelView.ExpandParents(*node);
-        if (!IsOn(node))
-            return; // a handler ended the control, or moved the selection and told of that
-        m_Grid.m_Panes.EnsureRowVisible(*node);
-        m_Grid.m_Panes.InvalidateNodeRow(node.Get());
-    }
-    m_Grid.m_Panes.m_picDescPane.Invalidate(true);
-    if (prevProperty != newProperty) {
-        m_Grid.m_Events.SelChanged(newProperty.Get());
-        if (!m_Grid.IsAlive())
-            return;
-        HideUnused(prevEditor.Get());
-    }
-    if (!m_CurrentEditor && m_SelectedNode)
-        StartEditor();
-}
-
-void EditSession::SelectProperty(_CProperty* property) {
-    if (!property) {
-        SetSelectedNode(nullptr);
-        return;
-    }
-    const ComPtr<CProperty> present(SelectedProperty());
-    if (SameObject(property, static_cast<_CProperty*>(present.Get())))
-        return;
-    VARIANT_BOOL visible = VARIANT_FALSE;
-    Check(property->get_Visible(&visible));
-    if (visible == VARIANT_FALSE)
-        Raise(ErrorCode::InvalidAction);
-    const CProperty* own = m_Grid.m_CProperties ? m_Grid.m_CProperties->Own(property) : nullptr;
-    if (!own)
-        Raise(ErrorCode::AlienProperty);
-    const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(*own));
-    if (node && node->IsWithinHidden())
-        Raise(ErrorCode::InvalidAction);
-    SetSelectedNode(node);
-}
-
-void EditSession::StartPropertyEdit(_CProperty* property) {
-    if (!property)
-        Raise(ErrorCode::InvalidPropertyObject);
-    VARIANT_BOOL visible = VARIANT_FALSE;
-    VARIANT_BOOL readOnly = VARIANT_TRUE;
-    Check(property->get_Visible(&visible));
-    Check(property->get_ReadOnly(&readOnly));
-    if (visible == VARIANT_FALSE || readOnly != VARIANT_FALSE || m_Grid.m_State.readOnly)
-        Raise(ErrorCode::InvalidAction);
-    SelectProperty(property);
-    OpenAndActivate(true);
-}
-
 HWND EditSession::EditorWindow() const {
     HWND window = nullptr;
     if (m_CurrentEditor)
@@ -148,21 +44,19 @@ ComPtr<_CEditor> EditSession::FindEditor(CProperty& property) {
     const omEditorType type = property.EditorType();
     ComPtr<_CEditor> editor = m_Editors.Find(type, property.EditorKey());
     if (!editor && type == omCustomEditor) {
-        m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::EditorNotRegistered),
-                                   kLibraryTitle,
-                                   ErrorText(ErrorCode::EditorNotRegistered),
-                                   {}});
+        m_Grid.Trapped([] { Raise(ErrorCode::EditorNotRegistered); });
         FocusTree();
     }
     return editor;
 }
 
 void EditSession::StartEditor() {
-    const Ref<CNode> node = m_SelectedNode;
-    const ComPtr<CProperty> property(SelectedProperty());
+    const Selection& selection = m_Grid.m_Selection;
+    const Ref<CNode> node = selection.SelectedNode();
+    const ComPtr<CProperty> property(selection.SelectedProperty());
     if (node && property && !property->IsReadOnly() && !m_Grid.m_State.readOnly) {
         const unsigned use = m_Editors.Uses();
-        const auto goesOn = [&] { return IsOn(node) && m_Editors.Uses() == use; };
+        const auto goesOn = [&] { return selection.IsOn(node) && m_Editors.Uses() == use; };
         const ComPtr<_CEditor> editor = FindEditor(*property.Get());
         if (editor && goesOn()) {
             EditorProxy proxy(editor.Get());
@@ -182,18 +76,15 @@ void EditSession::StartEditor() {
                 m_EditNode = node; // never an editor on screen whose value would go to another row
                 m_CurrentEditor = editor;
             } else {
-                m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::InvalidEditorValue),
-                                           kLibraryTitle,
-                                           ErrorText(ErrorCode::InvalidEditorValue),
-                                           {}});
+                m_Grid.Trapped([] { Raise(ErrorCode::InvalidEditorValue); });
                 FocusTree();
             }
-            if (IsOn(node))
+            if (selection.IsOn(node))
                 PlaceEditor(editor.Get(), node.Get());
         }
     }
     // Also when no editor came up.
-    m_EditNode = m_SelectedNode;
+    m_EditNode = selection.SelectedNode();
 }
 
 // The font of the control in the style of the row. An editor without a window for it gets a handle.
@@ -211,37 +102,16 @@ void EditSession::GiveFont(_CEditor* editor, const CNode& node, omEditorType typ
 bool EditSession::LoadEditorValue(CProperty& property, _CEditor* editor) {
     m_Asked.reset();
     const ComPtr<CProperty> held(&property);
-    const Ref<CNode> selected = m_SelectedNode;
-    EditorProxy proxy(editor);
+    const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
     if (!IsValueValidForEditor(property.Value(), property.EditorKind()))
         return false;
-    if (!IsOn(selected))
+    if (!m_Grid.m_Selection.IsOn(selected))
         return true;
-    if (property.EditorKind() != omPictureEditor) {
-        const _variant_t value(property.Value());
-        proxy.SetValue(value);
-        return true;
-    }
-    const _variant_t prompt = PicturePrompt(property);
-    if (IsOn(selected))
-        IgnoringFailures([&] { proxy.SetValue(prompt); });
+    const auto load = KindOf(property.EditorKind()).load;
+    const _variant_t value = load ? load(property) : _variant_t(property.Value());
+    if (m_Grid.m_Selection.IsOn(selected))
+        EditorProxy(editor).SetValue(value);
     return true;
-}
-
-// A picture shows as a text. A value that is no object becomes Nothing first.
-_variant_t EditSession::PicturePrompt(CProperty& property) {
-    if (!HoldsObject(property.Value()))
-        property.SetValue(_variant_t(static_cast<IDispatch*>(nullptr)));
-    const auto prompt = [&](const wchar_t* param, const wchar_t* otherwise) {
-        const std::wstring text = property.EditorParam(param);
-        return ToVariant(text.empty() ? otherwise : text);
-    };
-    const ComPtr<IPicture> picture = Query<IPicture>(ObjectOf(property.Value()));
-    if (!picture)
-        return prompt(L"EmptyPrompt", L"(none)");
-    if (PictureType(picture.Get()) != PICTYPE_NONE)
-        return prompt(L"PicturePrompt", L"(Picture)");
-    return prompt(L"NoPicturePrompt", L"(none)");
 }
 
 // Of no size while the row is not displayed: over another row the editor would mislead.
@@ -420,11 +290,7 @@ void EditSession::CommitAndHide() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     if (!editor)
         return;
-    try {
-        Collect(editor.Get());
-    } catch (...) {
-        m_Grid.ReportTrappedError(CurrentError());
-    }
+    m_Grid.Trapped([&] { Collect(editor.Get()); });
     if (m_CurrentEditor == editor)
         HideCurrentEditor();
 }
@@ -440,7 +306,7 @@ void EditSession::CancelAndHide() {
 }
 
 void EditSession::Collect(_CEditor* editor) {
-    const Meanwhile<bool> collecting(m_Collecting, true);
+    const Meanwhile collecting(m_Collecting, true);
     EditorProxy(editor).Commit();
 }
 
@@ -478,7 +344,10 @@ void EditSession::ApplyValue(_CEditor* editor) {
         return;
     if (!builtIn && m_EditNode == node)
         value = EditorProxy(editor).Value();
-    StoreValue(*node, *property.Get(), value, typed);
+    const auto store = KindOf(property->EditorType()).store;
+    const auto stored = store ? store(*property.Get(), value, typed) : std::optional(value);
+    if (stored)
+        node->LetValue(*stored);
 }
 
 bool EditSession::Validate(CProperty& property, const VARIANT& value) {
@@ -486,48 +355,6 @@ bool EditSession::Validate(CProperty& property, const VARIANT& value) {
     bool cancel = false;
     m_Grid.m_Events.ValidateValue(property, value, cancel);
     return !cancel;
-}
-
-void EditSession::StoreValue(CNode& node, CProperty& property, const VARIANT& value, bool typed) {
-    switch (property.EditorType()) {
-    case omTextEditor:
-    case omNumberEditor:
-        if (typed)
-            node.LetValue(value);
-        return;
-    case omFontEditor: {
-        // The property never shares the editor's font.
-        const ComPtr<IFontDisp> copy = CopyFont(ObjectOf(value));
-        node.SetValue(_variant_t(static_cast<IDispatch*>(copy.Get())));
-        return;
-    }
-    case omFileEditor:
-        node.LetValue(value);
-        return;
-    case omPictureEditor:
-        StorePicture(node, property, value);
-        return;
-    default:
-        if (HoldsObject(value))
-            node.SetValue(value);
-        else
-            node.LetValue(value);
-    }
-}
-
-// The text is a prompt, which means no change or no picture, or the name of a file.
-void EditSession::StorePicture(CNode& node, CProperty& property, const VARIANT& value) {
-    const std::wstring none = property.EditorParam(L"NoPicturePrompt");
-    const std::wstring some = property.EditorParam(L"PicturePrompt");
-    if (IsNumeric(value))
-        return;
-    const std::wstring text = TextOf(value);
-    if (text == (some.empty() ? L"(Picture)" : some) && text != (none.empty() ? L"(none)" : none))
-        return;
-    ComPtr<IPictureDisp> picture;
-    if (text != (none.empty() ? L"(none)" : none))
-        picture = LoadPictureFile(text);
-    node.SetValue(_variant_t(static_cast<IDispatch*>(picture.Get())));
 }
 
 bool EditSession::IsListEditorOpen() const {
@@ -552,11 +379,7 @@ void EditSession::EditorKeyPress(int& keyAscii) {
         return;
     const ComPtr<_CEditor> held = m_CurrentEditor;
     m_Asked.reset(); // the same text, typed anew, is another one
-    try {
-        builtIn->KeyPress(keyAscii);
-    } catch (...) {
-        m_Grid.ReportTrappedError(CurrentError());
-    }
+    m_Grid.Trapped([&] { builtIn->KeyPress(keyAscii); });
 }
 
 void EditSession::TextLostFocus() {
@@ -564,35 +387,24 @@ void EditSession::TextLostFocus() {
     // While an error is on screen, it was its message box that took the focus.
     if (!editor || m_Grid.IsReporting())
         return;
-    try {
-        Collect(editor.Get());
-    } catch (...) {
-        m_Grid.ReportTrappedError(CurrentError());
-    }
+    m_Grid.Trapped([&] { Collect(editor.Get()); });
 }
 
 void EditSession::NodeGoes(const CNode* node) {
     if (!node || m_EditNode.Get() != node)
         return;
-    LoseSelection();
+    m_Grid.m_Selection.Lose();
     HideCurrentEditor();
 }
 
-void EditSession::LoseSelection() {
-    m_SelectedNode = nullptr;
-    m_Grid.m_Panes.m_picDescPane.Invalidate(true);
-}
-
-void EditSession::DropLostSelection() {
-    if (m_SelectedNode && !m_SelectedNode->Tree())
-        LoseSelection();
+void EditSession::ForgetLostRow() {
     if (m_EditNode && !m_EditNode->Tree())
         m_EditNode = nullptr;
 }
 
 void EditSession::Drop() {
     m_EditNode = nullptr;
-    LoseSelection();
+    m_Grid.m_Selection.Lose();
     HideCurrentEditor();
 }
 

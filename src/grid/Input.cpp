@@ -138,7 +138,7 @@ void Input::OnTreeClick() {
     if (InRect(at.x - geometry.name.left, at.y - geometry.name.top, geometry.expander))
         node->SetExpanded(!node->Expanded());
     else
-        m_Grid.m_Session.SetSelectedNode(node);
+        m_Grid.m_Selection.SetSelectedNode(node);
 }
 
 void Input::OnTreeDblClick() {
@@ -165,7 +165,7 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
         return;
     const bool rows = &pane == &m_Grid.m_Panes.m_picTreeContainer;
     // Help is asked for in place of the key.
-    if (rows && keyCode == VK_F1 && m_Grid.m_Session.SelectedNode()) {
+    if (rows && keyCode == VK_F1 && m_Grid.m_Selection.SelectedNode()) {
         keyCode = 0;
         RequestHelp();
         return;
@@ -184,18 +184,18 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
 }
 
 void Input::OnTreeKeyDown(int keyCode, int shift) {
-    const Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
+    const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
     if (!selected) {
         // The first key only finds a place to start from.
         if (const Ref<CNode> first = RowAt(0))
-            m_Grid.m_Session.SetSelectedNode(first);
+            m_Grid.m_Selection.SetSelectedNode(first);
         return;
     }
     Ref<CNode> target;
     if (!HandleNavigation(keyCode, shift, selected, target))
         HandleOtherKey(keyCode, shift, selected, target);
     if (target && m_Grid.IsAlive())
-        m_Grid.m_Session.SetSelectedNode(target);
+        m_Grid.m_Selection.SetSelectedNode(target);
 }
 
 Ref<CNode> Input::RowAt(long row) const { return Ref<CNode>(m_Grid.m_ActiveNodes->NodeAtRow(row)); }
@@ -290,7 +290,7 @@ Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
 }
 
 void Input::RequestHelp() {
-    const ComPtr<CProperty> property(m_Grid.m_Session.SelectedProperty());
+    const ComPtr<CProperty> property(m_Grid.m_Selection.SelectedProperty());
     if (!property)
         return;
     bool processDefault = true;
