@@ -143,8 +143,6 @@ void CTextEditor::ReadNumberParams(_CProperty* property) {
     read(limits.MaxCheck, L"EnableMaxValueCheck", VT_BOOL);
     if (limits.MaxCheck)
         readLimit(limits.MaxValue, L"MaxValue");
-    read(m_ShowSpinButtons, L"ShowSpinButtons", VT_I4);
-    read(m_SpinStepValue, L"SpinStepValue", VT_R4);
 }
 
 void CTextEditor::ReadTextParams(_CProperty* property) {

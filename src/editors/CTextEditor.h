@@ -33,8 +33,6 @@ private:
     bool m_bNumberMode = false; // set by the first number row, never cleared
     NumberLimits m_NumberLimits;
     TextLimits m_TextLimits;
-    long m_ShowSpinButtons = 0;
-    float m_SpinStepValue = 0;
     std::wstring m_sError; // of the last validation that had one; said again by those that have none
 };
 

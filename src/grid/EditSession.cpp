@@ -4,12 +4,10 @@
 #include "grid/Meanwhile.h"
 #include "model/ValueKind.h"
 #include "model/ValueRules.h"
-#include "platform/Rounding.h"
-#include "win/Dpi.h"
 
 namespace ormisk {
 
-EditSession::EditSession(Grid& grid) : m_Grid(grid), m_editListener(MakeObject<CEditorListener>(this)) {}
+EditSession::EditSession(Grid& grid) : m_Grid(grid), m_Place(grid), m_editListener(MakeObject<CEditorListener>(this)) {}
 
 void EditSession::CreateEditors() {
     m_Editors.CreateBuiltInEditors(m_Grid.m_Panes.TreeWnd(), {.TextEditor = &m_Grid.m_Panes.m_TextEditor,
@@ -80,7 +78,7 @@ void EditSession::StartEditor() {
                 FocusTree();
             }
             if (selection.IsOn(node))
-                PlaceEditor(editor.Get(), node.Get());
+                m_Place.Put(editor.Get(), *node);
         }
     }
     // Also when no editor came up.
@@ -114,58 +112,18 @@ bool EditSession::LoadEditorValue(CProperty& property, _CEditor* editor) {
     return true;
 }
 
-// Of no size while the row is not displayed: over another row the editor would mislead.
-Rect EditSession::PlaceFor(const CNode& node) const {
-    if (m_Grid.m_ActiveNodes->RowOf(&node) < 0)
-        return {};
-    return EditorRect(m_Grid.m_Panes.GeometryOf(node).value, m_Grid.m_State.grid != omGridNone);
-}
-
-void EditSession::PlaceEditor(_CEditor* editor, const CNode* node) {
-    if (!editor || !node)
-        return;
-    EditorProxy proxy(editor);
-    const Rect place = PlaceFor(*node);
-    m_Place = place;
-    if (place == Rect()) {
-        proxy.Move(0, 0, 0, 0);
-        return;
-    }
-    const auto mode = static_cast<ScaleMode>(proxy.ScaleMode());
-    const int dpi = DpiOf(m_Grid.m_Panes.TreeWnd());
-    const auto scaled = [&](long pixels, Axis axis) {
-        return RoundToLong(ConvertScale(static_cast<double>(pixels), ScaleMode::Pixel, mode, dpi, axis));
-    };
-    const long left = scaled(place.left, Axis::X);
-    // Without grid lines the top stays in pixels, whatever the editor's scale.
-    const long top = m_Grid.m_State.grid != omGridNone ? scaled(place.top, Axis::Y) : place.top;
-    const long right = scaled(place.right, Axis::X);
-    const long bottom = scaled(place.bottom, Axis::Y);
-    proxy.Move(static_cast<float>(left), static_cast<float>(top), static_cast<float>(right - left),
-               static_cast<float>(bottom - top));
-}
-
 void EditSession::PlaceOpenEditor() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     const Ref<CNode> node = m_EditNode;
-    IgnoringFailures([&] { PlaceEditor(editor.Get(), node.Get()); });
-}
-
-bool EditSession::IsOffScreen(const Rect& place) const {
-    const LayoutMetrics metrics = m_Grid.m_Panes.Metrics();
-    return place.bottom <= metrics.headerHeight || place.top >= metrics.client.cy;
+    if (editor && node)
+        IgnoringFailures([&] { m_Place.Put(editor.Get(), *node); });
 }
 
 void EditSession::FollowRow() {
-    if (!m_CurrentEditor || !m_EditNode)
-        return;
-    const Rect place = PlaceFor(*m_EditNode);
-    // Off the screen it can wait for the end of a lock: windows are slow to move.
-    const bool locked = m_Grid.m_State.lockRefresh;
-    if (place == m_Place || (locked && IsOffScreen(place) && IsOffScreen(m_Place)))
+    if (!m_CurrentEditor || !m_EditNode || !m_Place.IsLeft(*m_EditNode))
         return;
     PlaceOpenEditor();
-    if (locked)
+    if (m_Grid.m_State.lockRefresh)
         m_Grid.m_Panes.m_picTreeContainer.Invalidate(true); // it would stand between rows as they were
 }
 
@@ -205,25 +163,15 @@ void EditSession::ActivateEditor(bool dropDown) {
         builtIn->Activate(dropDown);
 }
 
-void EditSession::TypeInto(int keyCode, int shift) {
+bool EditSession::BeginTyping() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     SetFocus(EditorProxy(editor.Get()).Hwnd());
     // An editor that cannot have the focus gets no key: it would come back here.
     if (m_CurrentEditor != editor || m_Grid.m_Panes.m_picTreeContainer.HasFocus())
-        return;
+        return false;
     if (BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get()))
         builtIn->BeginTyping();
-    // A quick hand has let go of them by now, and Shift or Ctrl and a letter would come as a small letter.
-    static constexpr std::pair<int, BYTE> kModifiers[] = {{1, VK_SHIFT}, {2, VK_CONTROL}, {4, VK_MENU}};
-    std::vector<BYTE> keys;
-    for (const auto& [bit, key] : kModifiers)
-        if (shift & bit && GetAsyncKeyState(key) >= 0)
-            keys.push_back(key);
-    for (const BYTE key : keys)
-        keybd_event(key, 0, 0, 0);
-    keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);
-    for (const BYTE key : keys)
-        keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+    return true;
 }
 
 void EditSession::CloseEditor(bool keepOpen) {
@@ -359,18 +307,6 @@ bool EditSession::Validate(CProperty& property, const VARIANT& value) {
 
 bool EditSession::IsListEditorOpen() const {
     return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(omListEditor, {});
-}
-
-// There is no further step to a choice: its commit is not repeated when the list closes or the row is left.
-void EditSession::ListItemChosen() {
-    if (IsListEditorOpen())
-        ApplyEditorValue(m_CurrentEditor.Get(), false);
-}
-
-void EditSession::ListClosed(bool cancelled) {
-    const ComPtr<_CEditor> editor = m_CurrentEditor;
-    if (cancelled && editor)
-        EditorProxy(editor.Get()).Cancel();
 }
 
 void EditSession::EditorKeyPress(int& keyAscii) {

@@ -2,8 +2,8 @@
 
 #include "editors/CEditorListener.h"
 #include "editors/EditorRegistry.h"
+#include "grid/EditorPlace.h"
 #include "tree/CNode.h"
-#include "win/Geometry.h"
 
 #include <optional>
 
@@ -39,8 +39,8 @@ public:
     void HideUnused(_CEditor* editor);
     // Commits; then hides the editor unless it is kept. A failing commit is reported and hides it in any case.
     void CloseEditor(bool keepOpen);
-    // Focus to the editor, which starts from an empty text, and the key once more, with the modifiers of its event.
-    void TypeInto(int keyCode, int shift);
+    // Focus to the editor, which starts from an empty text. False when it does not take the keys.
+    bool BeginTyping();
     // After rows came, went or moved, each time: the open editor goes along with its own. Costs little when it need
     // not.
     void FollowRow();
@@ -58,8 +58,6 @@ public:
     void TextLostFocus();
     // The list of the list and Boolean editors.
     bool IsListEditorOpen() const;
-    void ListItemChosen();
-    void ListClosed(bool cancelled);
 
     // The model shrinks, without commit and without event: the node leaves the tree, or everything does.
     void NodeGoes(const CNode* node);
@@ -76,9 +74,6 @@ private:
     bool LoadEditorValue(CProperty& property, _CEditor* editor);
     void GiveFont(_CEditor* editor, const CNode& node, omEditorType type);
     ComPtr<_CEditor> FindEditor(CProperty& property);
-    Rect PlaceFor(const CNode& node) const;
-    bool IsOffScreen(const Rect& place) const;
-    void PlaceEditor(_CEditor* editor, const CNode* node);
     void PlaceOpenEditor();
     // A commit that is not the user's word: about a value that the host has refused it is not asked once more.
     void Collect(_CEditor* editor);
@@ -93,7 +88,7 @@ private:
     Grid& m_Grid;
     Ref<CNode> m_EditNode; // for which StartEditor last ran: the target of a commit, also of a late one
     ComPtr<_CEditor> m_CurrentEditor;
-    Rect m_Place;                           // where an editor was put last, in pixels
+    EditorPlace m_Place;
     const CProperty* m_Validated = nullptr; // about whose new value the host is being asked; for comparing only
     std::optional<_variant_t> m_Asked;      // what the host was asked about, since a value was loaded or typed
     bool m_Collecting = false;

@@ -16,6 +16,22 @@ constexpr int kAltKey = 4;
 
 wchar_t FirstUpper(const std::wstring& text) { return text.empty() ? L'\0' : SystemUpper(text.front()); }
 
+// To the window that has the focus by now, with the modifiers of the key's event.
+void TypeAgain(int keyCode, int shift) {
+    // A quick hand has let go of them by now, and Shift or Ctrl and a letter would come as a small letter.
+    static constexpr std::pair<int, BYTE> kModifiers[] = {
+        {kShiftKey, VK_SHIFT}, {kCtrlKey, VK_CONTROL}, {kAltKey, VK_MENU}};
+    std::vector<BYTE> keys;
+    for (const auto& [bit, key] : kModifiers)
+        if (shift & bit && GetAsyncKeyState(key) >= 0)
+            keys.push_back(key);
+    for (const BYTE key : keys)
+        keybd_event(key, 0, 0, 0);
+    keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);
+    for (const BYTE key : keys)
+        keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+}
+
 } // namespace
 
 omHitItem Input::HitItemOf(const Pane& pane, const MouseEvent& event) const {
@@ -274,7 +290,8 @@ void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, R
         if (letterOrDigit)
             target = FindRowByInitial(*selected, keyCode);
     } else if (keyCode >= VK_SPACE && m_Grid.m_Session.IsEditorOpen() && !(shift & kAltKey)) {
-        m_Grid.m_Session.TypeInto(keyCode, shift);
+        if (m_Grid.m_Session.BeginTyping())
+            TypeAgain(keyCode, shift);
     }
 }
 
