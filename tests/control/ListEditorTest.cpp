@@ -31,6 +31,15 @@ ComPtr<_CProperty> AddList(GridContainer& host, const wchar_t* name, const _vari
     return property;
 }
 
+_variant_t Array() {
+    _variant_t array;
+    V_VT(&array) = VT_ARRAY | VT_I4;
+    V_ARRAY(&array) = SafeArrayCreateVector(VT_I4, 0, 3);
+    return array;
+}
+
+VARTYPE TypeOf(const VARIANT& value) { return V_VT(&value); }
+
 const Entries kColors{{L"Red", 1L}, {L"Green", 2L}, {L"Blue", 3L}};
 
 _variant_t ValueOf(_CProperty* property) {
@@ -94,7 +103,7 @@ TEST_F(GridTest, KeysInAListChooseTooEarlyOrNotAtAll) {
     host.RealKeys({VK_DOWN}, VK_MENU);
     host.RealKeys({'B', VK_UP, VK_RETURN});
     EXPECT_EQ(host.Heard(), L"ValidateValue A 2 False; PropertyValueChanged A");
-    EXPECT_EQ(V_VT(&static_cast<const VARIANT&>(ValueOf(row.Get()))), VT_I4) << "the value, not the text";
+    EXPECT_EQ(TypeOf(ValueOf(row.Get())), VT_I4) << "the value, not the text";
     EXPECT_EQ(GetFocus(), host.Tree());
     EXPECT_EQ(Shown(host), L"Green") << "the editor stays";
     // A key typed on the row chooses at once, and so do the arrows of the closed list.
@@ -190,9 +199,7 @@ TEST_F(GridTest, OddValuesOfEntriesAreLostOrTakenForEachOther) {
     GridContainer host;
     const auto objectA = host.Add(L"X");
     const auto objectB = host.Add(L"Y");
-    _variant_t array;
-    V_VT(&array) = VT_ARRAY | VT_I4;
-    V_ARRAY(&array) = SafeArrayCreateVector(VT_I4, 0, 3);
+    const _variant_t array = Array();
     _variant_t null;
     V_VT(&null) = VT_NULL;
     const auto row = AddList(
@@ -220,12 +227,12 @@ TEST_F(GridTest, OddValuesOfEntriesAreLostOrTakenForEachOther) {
     EXPECT_EQ(Shown(host), L"y");
     EXPECT_EQ(V_DISPATCH(&static_cast<const VARIANT&>(choose(6))), static_cast<IDispatch*>(objectA.Get()));
     EXPECT_EQ(Shown(host), L"x");
-    EXPECT_EQ(V_VT(&static_cast<const VARIANT&>(choose(3))), VT_ARRAY | VT_I4);
+    EXPECT_EQ(TypeOf(choose(3)), VT_ARRAY | VT_I4);
     host.Add(L"Z");
     host.Select(host.Item(4L).Get());
     GoTo(host, row.Get());
     EXPECT_EQ(EntryCount(host), 8) << "an array equals no entry, and stands before them";
-    EXPECT_EQ(V_VT(&static_cast<const VARIANT&>(choose(4))), VT_ARRAY | VT_I4) << "Null replaces nothing";
+    EXPECT_EQ(TypeOf(choose(4)), VT_ARRAY | VT_I4) << "Null replaces nothing";
     const auto nothing = AddList(host, L"N", null, {{L"nothing", null}, {L"one", 1L}});
     GoTo(host, nothing.Get());
     host.RealKeys({VK_F4, VK_ESCAPE, VK_F4, VK_ESCAPE});
@@ -266,9 +273,7 @@ TEST_F(GridTest, OneChoiceIsAskedAboutTwiceOrAgainWhenItsRowIsLeft) {
     GridContainer host;
     const auto object = host.Add(L"X");
     const auto row = AddList(host, L"A", 1L, {{L"one", 1L}, {L"other", 2L}});
-    _variant_t array;
-    V_VT(&array) = VT_ARRAY | VT_I4;
-    V_ARRAY(&array) = SafeArrayCreateVector(VT_I4, 0, 3);
+    const _variant_t array = Array();
     const _variant_t values[] = {2L, static_cast<IDispatch*>(object.Get()), array};
     const std::pair<const char*, std::function<void()>> choices[] = {
         {"ENTER", [&] { host.RealKeys({VK_F4, VK_DOWN, VK_RETURN}); }},
