@@ -107,8 +107,13 @@ bool EditSession::LoadEditorValue(CProperty& property, _CEditor* editor) {
         return true;
     const auto load = KindOf(property.EditorKind()).load;
     const _variant_t value = load ? load(property) : _variant_t(property.Value());
-    if (m_Grid.m_Selection.IsOn(selected))
-        EditorProxy(editor).SetValue(value);
+    if (!m_Grid.m_Selection.IsOn(selected))
+        return true;
+    const auto set = [&] { EditorProxy(editor).SetValue(value); };
+    if (load) // what stands for a value need not come in
+        IgnoringFailures(set);
+    else
+        set();
     return true;
 }
 
@@ -204,7 +209,6 @@ void EditSession::HideCurrentEditor() {
         IgnoringFailures([&] { EditorProxy(editor.Get()).SetVisible(false); });
 }
 
-// Another editor, in use by now, may share its window.
 void EditSession::HideUnused(_CEditor* editor) {
     IgnoringFailures([&] {
         if (editor && editor != m_CurrentEditor.Get() && EditorProxy(editor).Hwnd() != EditorWindow())
@@ -303,10 +307,6 @@ bool EditSession::Validate(CProperty& property, const VARIANT& value) {
     bool cancel = false;
     m_Grid.m_Events.ValidateValue(property, value, cancel);
     return !cancel;
-}
-
-bool EditSession::IsListEditorOpen() const {
-    return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(omListEditor, {});
 }
 
 void EditSession::EditorKeyPress(int& keyAscii) {

@@ -57,7 +57,7 @@ public:
     // The text box of the text and number editors.
     void TextLostFocus();
     // The list of the list and Boolean editors.
-    bool IsListEditorOpen() const;
+    bool IsListEditorOpen() const { return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(omListEditor, {}); }
 
     // The model shrinks, without commit and without event: the node leaves the tree, or everything does.
     void NodeGoes(const CNode* node);
