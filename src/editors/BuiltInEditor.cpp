@@ -10,10 +10,6 @@ void BuiltInEditor::Attach(const EditorWindows& windows) {
         m_Listener = nullptr;
 }
 
-bool BuiltInEditor::IsVisible() const { return Window() && GetWindowLongPtrW(Window(), GWL_STYLE) & WS_VISIBLE; }
-
-void BuiltInEditor::SetVisible(bool visible) { ShowWindow(Window(), visible ? SW_SHOWNA : SW_HIDE); }
-
 void BuiltInEditor::ResetTo(_CProperty* property, _CEditorListener* listener) {
     if (!Window())
         return;

@@ -38,8 +38,9 @@ protected:
     virtual void ReadRow(_CProperty* property) = 0;
 
     ScaleMode Scale() const override { return ScaleMode::Pixel; }
-    bool IsVisible() const override; // its own flag, whatever its parent's
-    void SetVisible(bool visible) override;
+    // Its own flag, whatever its parent's.
+    bool IsVisible() const override { return Window() && GetWindowLongPtrW(Window(), GWL_STYLE) & WS_VISIBLE; }
+    void SetVisible(bool visible) override { ShowWindow(Window(), visible ? SW_SHOWNA : SW_HIDE); }
     void ResetTo(_CProperty* property, _CEditorListener* listener) override;
     void CommitEdit() override { Notify(&_CEditorListener::NotifyCommit); }
     void CancelEdit() override { Notify(&_CEditorListener::NotifyCancel); }

@@ -19,11 +19,6 @@ _variant_t Converted(const std::wstring& text, VARTYPE type) {
     return value;
 }
 
-template <class Target, class Number> void StoreIfFits(Target& target, const std::optional<Number>& number) {
-    if (number)
-        target = *number;
-}
-
 wchar_t DecimalPoint() {
     wchar_t point[4] = L".";
     GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, point, static_cast<int>(std::size(point)));
@@ -133,7 +128,7 @@ void CTextEditor::ReadNumberParams(_CProperty* property) {
         IgnoringFailures([&] { target = Converted(Param(property, name), type); });
     };
     const auto readLimit = [&](float& limit, const wchar_t* name) {
-        IgnoringFailures([&] { StoreIfFits(limit, ToSingle(NumberFromText(Param(property, name)))); });
+        IgnoringFailures([&] { limit = ToSingle(NumberFromText(Param(property, name))).value_or(limit); });
     };
     read(limits.AllowFloatingPoint, L"AllowFloatingPoint", VT_BOOL);
     read(limits.AllowNegative, L"AllowNegative", VT_BOOL);
@@ -150,7 +145,7 @@ void CTextEditor::ReadTextParams(_CProperty* property) {
         IgnoringFailures([&] {
             const std::wstring text = Param(property, name);
             if (!text.empty())
-                StoreIfFits(length, ToLong(NumberFromText(text)));
+                length = ToLong(NumberFromText(text)).value_or(length);
         });
     };
     read(L"MinLength", m_TextLimits.MinLength);

@@ -289,7 +289,12 @@ void EditSession::ApplyValue(_CEditor* editor) {
         m_Asked = value;
     const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
     const bool typed = !builtIn || builtIn->IsModified();
-    if (!Validate(*property.Get(), value))
+    bool cancel = false;
+    {
+        const Meanwhile<const CProperty*> asking(m_Validated, property.Get());
+        m_Grid.m_Events.ValidateValue(*property.Get(), value, cancel);
+    }
+    if (cancel)
         return;
     // The property may be gone by now. An editor of the host may have made the value fit.
     if (!m_Grid.IsAlive() || node->Property() != property.Get())
@@ -300,13 +305,6 @@ void EditSession::ApplyValue(_CEditor* editor) {
     const auto stored = store ? store(*property.Get(), value, typed) : std::optional(value);
     if (stored)
         node->LetValue(*stored);
-}
-
-bool EditSession::Validate(CProperty& property, const VARIANT& value) {
-    const Meanwhile<const CProperty*> asking(m_Validated, &property);
-    bool cancel = false;
-    m_Grid.m_Events.ValidateValue(property, value, cancel);
-    return !cancel;
 }
 
 void EditSession::EditorKeyPress(int& keyAscii) {

@@ -79,7 +79,6 @@ private:
     void Collect(_CEditor* editor);
     void ApplyEditorValue(_CEditor* editor, bool cancel);
     void ApplyValue(_CEditor* editor);
-    bool Validate(CProperty& property, const VARIANT& value);
     void ReportAndAbandon(_CEditor* editor);
     void Abandon(_CEditor* editor);
     void HideCurrentEditor();

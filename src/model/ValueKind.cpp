@@ -16,13 +16,13 @@ using Stored = std::optional<_variant_t>;
 
 _variant_t ObjectValue(IDispatch* object) { return _variant_t(object); }
 
-bool Converts(const VARIANT& value, VARTYPE type) {
+template <VARTYPE type> bool Converts(const VARIANT& value) {
     _variant_t copy;
     return SUCCEEDED(ConvertValue(value, type, copy));
 }
 
-template <class Interface> bool IsNothingOr(const VARIANT& value) {
-    return HoldsObject(value) && (!ObjectOf(value) || Query<Interface>(ObjectOf(value)));
+template <class... Interfaces> bool IsNothingOr(const VARIANT& value) {
+    return HoldsObject(value) && (!ObjectOf(value) || (Query<Interfaces>(ObjectOf(value)) || ...));
 }
 
 // Text and number rows.
@@ -30,8 +30,6 @@ template <class Interface> bool IsNothingOr(const VARIANT& value) {
 Stored StoreTyped(const CProperty&, const VARIANT& edited, bool typed) { return typed ? Stored(edited) : std::nullopt; }
 
 // Boolean rows: a list of two, whose labels are parameters.
-
-bool IsBoolean(const VARIANT& value) { return Converts(value, VT_BOOL); }
 
 void FillWithBooleans(CProperty& property) {
     const ComPtr<CListItems> items(&property.ListItems()); // the list tells the host of each entry
@@ -77,8 +75,6 @@ void TakeTextOfEntry(CProperty& property, std::size_t longest, std::wstring& tex
 
 // Font rows: a row never shares the editor's font.
 
-bool IsFont(const VARIANT& value) { return IsNothingOr<IFont>(value) || IsNothingOr<IFontDisp>(value); }
-
 Stored StoreCopyOfFont(const CProperty&, const VARIANT& edited, bool) {
     FONTDESC description{};
     description.cbSizeofstruct = sizeof description;
@@ -95,7 +91,7 @@ Stored StoreCopyOfFont(const CProperty&, const VARIANT& edited, bool) {
 // Date, file and directory rows.
 
 bool IsDate(const VARIANT& value) {
-    return V_VT(&value) == VT_DATE || (V_VT(&value) == VT_BSTR && Converts(value, VT_DATE));
+    return V_VT(&value) == VT_DATE || (V_VT(&value) == VT_BSTR && Converts<VT_DATE>(value));
 }
 
 bool IsNoObject(const VARIANT& value) { return !HoldsObject(value); }
@@ -122,8 +118,6 @@ void ShowHexadecimal(CProperty& property, std::size_t, std::wstring& text) {
 }
 
 // Picture rows: a prompt stands for the picture, in the editor too, where the user may put the name of a file instead.
-
-bool IsPicture(const VARIANT& value) { return IsNothingOr<IPicture>(value) || IsNothingOr<IPictureDisp>(value); }
 
 // Above 0 when there is an image.
 short PictureTypeOf(IUnknown* object) {
@@ -188,15 +182,15 @@ Stored StorePicture(const CProperty& property, const VARIANT& edited, bool) {
 constexpr ValueKind kKinds[] = {
     {.type = omTextEditor, .store = StoreTyped},
     {.type = omNumberEditor, .accepts = IsNumeric, .store = StoreTyped},
-    {.type = omBooleanEditor, .accepts = IsBoolean, .plainText = LabelBoolean, .fillList = FillWithBooleans},
-    {.type = omFontEditor, .accepts = IsFont, .store = StoreCopyOfFont},
+    {.type = omBooleanEditor, .accepts = Converts<VT_BOOL>, .plainText = LabelBoolean, .fillList = FillWithBooleans},
+    {.type = omFontEditor, .accepts = IsNothingOr<IFont, IFontDisp>, .store = StoreCopyOfFont},
     {.type = omDateEditor, .accepts = IsDate},
     {.type = omFileEditor, .accepts = IsNoObject},
     {.type = omDirectoryEditor, .accepts = IsNoObject},
     {.type = omListEditor, .objectText = TextOfObjectEntry, .plainText = TakeTextOfEntry},
     {.type = omColorEditor, .accepts = ReadsAsInteger, .plainText = ShowHexadecimal},
     {.type = omPictureEditor,
-     .accepts = IsPicture,
+     .accepts = IsNothingOr<IPicture, IPictureDisp>,
      .emptyText = NoPicturePrompt,
      .objectText = TextOfPicture,
      .load = LoadPrompt,
