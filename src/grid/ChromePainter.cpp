@@ -263,7 +263,7 @@ Unique<HBITMAP> ChromePainter::GetArrowBitmap(HDC dc, bool up) {
 void ChromePainter::DrawDescription(HDC dc) {
     const Size size = m_Grid.m_Panes.m_picDescPane.ClientSize();
     RECT client{0, 0, size.cx, size.cy};
-    if (const CProperty* property = m_Grid.m_Session.SelectedProperty())
+    if (const CProperty* property = m_Grid.m_Selection.SelectedProperty())
         DrawHelp(dc, *property, client);
     DrawEdge(dc, &client, BDR_SUNKENOUTER, BF_RECT);
     if (m_Grid.m_Panes.m_picDescPane.HasFocus())

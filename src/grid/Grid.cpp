@@ -1,6 +1,7 @@
 #include "grid/Grid.h"
 
 #include "automation/ComPtr.h"
+#include "grid/Meanwhile.h"
 
 #include <cstdint>
 
@@ -20,7 +21,7 @@ Grid::Grid(GridHost& host)
     : m_Host(host), m_Events(host.Sinks()), m_CProperties(MakeObject<CProperties>()), m_Properties(*this),
       m_ModelView(*this), m_ObjectLoader(*this), m_Panes(*this), m_RowPainter(*this), m_ChromeMetrics(*this),
       m_ChromePainter(*this), m_RecordToolbar(*this), m_Input(*this), m_ListInput(*this), m_FocusOrder(*this),
-      m_PaneMessages(*this), m_Session(*this) {
+      m_PaneMessages(*this), m_Selection(*this), m_Session(*this) {
     INITCOMMONCONTROLSEX classes{};
     classes.dwSize = sizeof classes;
     classes.dwICC = kControlClasses;
@@ -79,13 +80,7 @@ bool Grid::OwnsReferences(ULONG count) const {
 
 void Grid::ReportTrappedError(const AutomationError& error) {
     const ComPtr<IUnknown> self(m_Host.Outer());
-    struct Reporting {
-        explicit Reporting(int& depth) : depth(depth) { ++depth; }
-        Reporting(const Reporting&) = delete;
-        Reporting& operator=(const Reporting&) = delete;
-        ~Reporting() { --depth; }
-        int& depth;
-    } reporting(m_Reporting);
+    const Meanwhile reporting(m_Reporting, m_Reporting + 1);
     bool showMessageBox = true;
     m_Events.DisplayError(error.description, error.number, showMessageBox);
     if (!showMessageBox)

@@ -16,6 +16,7 @@
 #include "grid/Panes.h"
 #include "grid/RecordToolbar.h"
 #include "grid/RowPainter.h"
+#include "grid/Selection.h"
 #include "model/CProperties.h"
 #include "model/EditorParams.h"
 #include "platform/ResourceMgr.h"
@@ -62,6 +63,16 @@ public:
     bool IsReporting() const { return m_Reporting > 0; } // a failure is on screen
     // A failure that no caller can take: the host hears of it and may keep the message box away.
     void ReportTrappedError(const AutomationError& error);
+    // Runs a call, and reports its failure so. True when it succeeded.
+    template <class Call> bool Trapped(Call&& call) {
+        try {
+            std::forward<Call>(call)();
+            return true;
+        } catch (...) {
+            ReportTrappedError(CurrentError());
+            return false;
+        }
+    }
 
     GridHost& m_Host;
     GridState m_State;
@@ -85,6 +96,7 @@ public:
     ListInput m_ListInput;
     FocusOrder m_FocusOrder;
     PaneMessages m_PaneMessages;
+    Selection m_Selection;
     EditSession m_Session;
 
 private:

@@ -16,6 +16,22 @@ constexpr int kAltKey = 4;
 
 wchar_t FirstUpper(const std::wstring& text) { return text.empty() ? L'\0' : SystemUpper(text.front()); }
 
+// To the window that has the focus by now, with the modifiers of the key's event.
+void TypeAgain(int keyCode, int shift) {
+    // A quick hand has let go of them by now, and Shift or Ctrl and a letter would come as a small letter.
+    static constexpr std::pair<int, BYTE> kModifiers[] = {
+        {kShiftKey, VK_SHIFT}, {kCtrlKey, VK_CONTROL}, {kAltKey, VK_MENU}};
+    std::vector<BYTE> keys;
+    for (const auto& [bit, key] : kModifiers)
+        if (shift & bit && GetAsyncKeyState(key) >= 0)
+            keys.push_back(key);
+    for (const BYTE key : keys)
+        keybd_event(key, 0, 0, 0);
+    keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);
+    for (const BYTE key : keys)
+        keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+}
+
 } // namespace
 
 omHitItem Input::HitItemOf(const Pane& pane, const MouseEvent& event) const {
@@ -138,7 +154,7 @@ void Input::OnTreeClick() {
     if (InRect(at.x - geometry.name.left, at.y - geometry.name.top, geometry.expander))
         node->SetExpanded(!node->Expanded());
     else
-        m_Grid.m_Session.SetSelectedNode(node);
+        m_Grid.m_Selection.SetSelectedNode(node);
 }
 
 void Input::OnTreeDblClick() {
@@ -165,7 +181,7 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
         return;
     const bool rows = &pane == &m_Grid.m_Panes.m_picTreeContainer;
     // Help is asked for in place of the key.
-    if (rows && keyCode == VK_F1 && m_Grid.m_Session.SelectedNode()) {
+    if (rows && keyCode == VK_F1 && m_Grid.m_Selection.SelectedNode()) {
         keyCode = 0;
         RequestHelp();
         return;
@@ -184,18 +200,18 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
 }
 
 void Input::OnTreeKeyDown(int keyCode, int shift) {
-    const Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
+    const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
     if (!selected) {
         // The first key only finds a place to start from.
         if (const Ref<CNode> first = RowAt(0))
-            m_Grid.m_Session.SetSelectedNode(first);
+            m_Grid.m_Selection.SetSelectedNode(first);
         return;
     }
     Ref<CNode> target;
     if (!HandleNavigation(keyCode, shift, selected, target))
         HandleOtherKey(keyCode, shift, selected, target);
     if (target && m_Grid.IsAlive())
-        m_Grid.m_Session.SetSelectedNode(target);
+        m_Grid.m_Selection.SetSelectedNode(target);
 }
 
 Ref<CNode> Input::RowAt(long row) const { return Ref<CNode>(m_Grid.m_ActiveNodes->NodeAtRow(row)); }
@@ -274,7 +290,8 @@ void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, R
         if (letterOrDigit)
             target = FindRowByInitial(*selected, keyCode);
     } else if (keyCode >= VK_SPACE && m_Grid.m_Session.IsEditorOpen() && !(shift & kAltKey)) {
-        m_Grid.m_Session.TypeInto(keyCode, shift);
+        if (m_Grid.m_Session.BeginTyping())
+            TypeAgain(keyCode, shift);
     }
 }
 
@@ -290,7 +307,7 @@ Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
 }
 
 void Input::RequestHelp() {
-    const ComPtr<CProperty> property(m_Grid.m_Session.SelectedProperty());
+    const ComPtr<CProperty> property(m_Grid.m_Selection.SelectedProperty());
     if (!property)
         return;
     bool processDefault = true;

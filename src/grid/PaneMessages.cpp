@@ -112,7 +112,7 @@ LRESULT PaneMessages::WindowMsgListener(HWND hwnd, UINT Msg, WPARAM wParam, LPAR
 // The caption of an editor that is a static window takes the colours of its row.
 LRESULT PaneMessages::ColorOfStatic(WPARAM wParam, LPARAM lParam, bool& bRouteToOriginal) {
     const HWND editor = m_Grid.m_Session.EditorWindow();
-    CProperty* property = m_Grid.m_Session.SelectedProperty();
+    CProperty* property = m_Grid.m_Selection.SelectedProperty();
     if (!editor || editor != reinterpret_cast<HWND>(lParam) || !property)
         return 0;
     auto* dc = reinterpret_cast<HDC>(wParam);

@@ -282,13 +282,13 @@ float Panes::DescriptionPaneHeight() const { return m_picBG.ScaleHeight() - m_Co
 
 void Panes::SetDescriptionPaneHeight(float height) {
     if (height <= 0) {
-        const CProperty* property = m_Grid.m_Session.SelectedProperty();
+        const CProperty* property = m_Grid.m_Selection.SelectedProperty();
         const long pixels = m_Grid.m_ChromeMetrics.CalcDescriptionHeight(property ? property->Help() : std::wstring());
         height = m_picBG.PixelsToUnitsY(static_cast<float>(pixels));
     }
     m_ContainerSplitter.SplitterLocation(m_picBG.ScaleHeight() - height);
     UpdateScrollBar();
-    if (const Ref<CNode> selected = m_Grid.m_Session.SelectedNode())
+    if (const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode())
         EnsureRowVisible(*selected);
 }
 

@@ -138,7 +138,7 @@ void RowPainter::DrawRow(HDC dc, CNode& node, const RowGeometry& geometry, bool 
     const ComPtr<CProperty> property(node.Property());
     if (!node.IsCategory() && !property)
         return;
-    const bool selected = m_Grid.m_Session.IsSelected(node);
+    const bool selected = m_Grid.m_Selection.IsSelected(node);
     for (const bool nameCell : {true, false}) {
         const Rect& place = nameCell ? geometry.name : geometry.value;
         const CellOrigin origin(dc, place.left, place.top);

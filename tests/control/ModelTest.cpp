@@ -1,5 +1,6 @@
 #include "ModelTestTools.h"
 
+#include "model/ValueKind.h"
 #include "model/ValueRules.h"
 
 #include <gtest/gtest.h>
