@@ -288,7 +288,7 @@ void EditSession::ApplyValue(_CEditor* editor) {
     if (!HoldsObject(value) && !V_ISARRAY(&value)) // these equal nothing, and are not to be kept alive here
         m_Asked = value;
     const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
-    const bool typed = !builtIn || builtIn->IsModified();
+    bool typed = !builtIn || builtIn->IsModified();
     bool cancel = false;
     {
         const Meanwhile<const CProperty*> asking(m_Validated, property.Get());
@@ -296,11 +296,13 @@ void EditSession::ApplyValue(_CEditor* editor) {
     }
     if (cancel)
         return;
-    // The property may be gone by now. An editor of the host may have made the value fit.
+    // The property may be gone by now. The handler, or an editor of the host, may have made the value fit.
     if (!m_Grid.IsAlive() || node->Property() != property.Get())
         return;
-    if (!builtIn && m_EditNode == node)
+    if (m_EditNode == node && (!builtIn || m_CurrentEditor.Get() == editor)) {
         value = EditorProxy(editor).Value();
+        typed = !builtIn || builtIn->IsModified();
+    }
     const auto store = KindOf(property->EditorType()).store;
     const auto stored = store ? store(*property.Get(), value, typed) : std::optional(value);
     if (stored)
