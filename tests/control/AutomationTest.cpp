@@ -44,9 +44,8 @@ protected:
     void FinalRelease() override {
         // What a dying object calls may take and give back references.
         const ComPtr<IDispatch> self(this);
-        if (gone) {
+        if (gone)
             *gone = true;
-        }
     }
 };
 

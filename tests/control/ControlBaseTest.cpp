@@ -217,9 +217,8 @@ TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
                 };
                 // A host's only reference to the control may go during the call that goes through it.
                 const auto call = [&](auto&& body) {
-                    if (box) {
+                    if (box)
                         body(*box.Get());
-                    }
                 };
                 const auto verb = [&](LONG number) {
                     call([&](Box& b) { b.DoVerb(number, nullptr, &host, 0, host.window, nullptr); });
@@ -237,9 +236,8 @@ TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
                 call([&](Box& b) {
                     EXPECT_TRUE(!b.window || GetParent(b.window) == b.parking) << "left behind in the host";
                 });
-                if (box) {
+                if (box)
                     EXPECT_FALSE(host.active) << "still the active object";
-                }
                 host.active.Reset(); // a host that let the control go may yet have been given it as its active object
                 EXPECT_FALSE(host.onCall) << "never called";
                 box.Reset();
@@ -254,9 +252,8 @@ TEST_F(ControlInHost, AnInterfaceThatTheHostTookBackAtOnceBecomesTheActiveObject
     auto box = MakeBox();
     box->SetClientSite(&host);
     host.onCall = [&](const std::string& called) {
-        if (called == "OnUIActivate") {
+        if (called == "OnUIActivate")
             box->UIDeactivate();
-        }
     };
     box->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr);
     EXPECT_FALSE(host.active);

@@ -71,26 +71,24 @@ Host::Host() {
 }
 
 Host::~Host() {
-    if (IsWindow(window)) {
+    if (IsWindow(window))
         DestroyWindow(window);
-    }
 }
 
 HRESULT Host::QueryInterface(REFIID iid, void** object) {
     *object = nullptr;
-    if (iid == __uuidof(IUnknown) || iid == __uuidof(IOleClientSite)) {
+    if (iid == __uuidof(IUnknown) || iid == __uuidof(IOleClientSite))
         *object = static_cast<IOleClientSite*>(this);
-    } else if (iid == __uuidof(IOleInPlaceSite) || (iid == __uuidof(IOleInPlaceSiteEx) && extended)) {
+    else if (iid == __uuidof(IOleInPlaceSite) || (iid == __uuidof(IOleInPlaceSiteEx) && extended))
         *object = static_cast<IOleInPlaceSiteEx*>(this);
-    } else if (iid == __uuidof(IOleControlSite)) {
+    else if (iid == __uuidof(IOleControlSite))
         *object = static_cast<IOleControlSite*>(this);
-    } else if (iid == __uuidof(IPropertyNotifySink)) {
+    else if (iid == __uuidof(IPropertyNotifySink))
         *object = static_cast<IPropertyNotifySink*>(this);
-    } else if (iid == __uuidof(IAdviseSink)) {
+    else if (iid == __uuidof(IAdviseSink))
         *object = static_cast<IAdviseSink*>(this);
-    } else if (iid == __uuidof(IDispatch)) {
+    else if (iid == __uuidof(IDispatch))
         *object = static_cast<IDispatch*>(this);
-    }
     references += *object != nullptr;
     return *object ? S_OK : E_NOINTERFACE;
 }
@@ -117,9 +115,8 @@ HRESULT Host::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) {
 }
 
 HRESULT Host::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*, UINT*) {
-    if (onCall) {
+    if (onCall)
         Called("Ambient");
-    }
     const auto found = ambient.find(id);
     return found == ambient.end() ? DISP_E_MEMBERNOTFOUND : VariantCopy(result, &found->second);
 }

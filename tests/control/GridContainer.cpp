@@ -181,9 +181,8 @@ GridContainer::GridContainer(const Setup& setup) : grid(MakeObject<OrmiskGrid>()
     changes->Advise(static_cast<IPropertyNotifySink*>(this), &m_NoticeCookie);
     EXPECT_EQ(grid->SetClientSite(this), S_OK);
     EXPECT_EQ(grid->InitNew(), S_OK);
-    if (setup.activate) {
+    if (setup.activate)
         EXPECT_EQ(grid->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, this, 0, window, nullptr), S_OK);
-    }
     SetForegroundWindow(window);
     m_MouseHook = SetWindowsHookExW(WH_MOUSE_LL, SwallowDevice, GetModuleHandleW(nullptr), 0);
 }
@@ -290,10 +289,9 @@ HWND GridContainer::HeaderStrip() const { return FindChild(Tree(), L"OrmiskPane"
 
 HWND GridContainer::DescriptionPane() const {
     const HWND background = GetParent(TabStrip());
-    for (HWND child = ::GetWindow(background, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child = ::GetWindow(background, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT))
         if (child != TabStrip())
             return child;
-    }
     return nullptr;
 }
 

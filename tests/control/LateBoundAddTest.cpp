@@ -33,9 +33,8 @@ protected:
     CProperty* Added() { return model.properties->Own(ObjectOf(result)); }
     std::vector<DISPID> Named(const std::vector<const wchar_t*>& names) {
         std::vector<wchar_t*> all{const_cast<wchar_t*>(L"Add")};
-        for (const wchar_t* name : names) {
+        for (const wchar_t* name : names)
             all.push_back(const_cast<wchar_t*>(name));
-        }
         std::vector<DISPID> ids(all.size());
         Check(model.properties->GetIDsOfNames(IID_NULL, all.data(), static_cast<UINT>(all.size()), 0x409, ids.data()));
         return {ids.begin() + 1, ids.end()};

@@ -27,9 +27,8 @@ ComPtr<IPictureDisp> MakePicture(bool withImage) {
     PICTDESC description{};
     description.cbSizeofstruct = sizeof description;
     description.picType = withImage ? PICTYPE_BITMAP : PICTYPE_NONE;
-    if (withImage) {
+    if (withImage)
         description.bmp.hbitmap = CreateBitmap(2, 2, 1, 1, nullptr);
-    }
     ComPtr<IPictureDisp> picture;
     Check(OleCreatePictureIndirect(&description, __uuidof(IPictureDisp), TRUE,
                                    reinterpret_cast<void**>(picture.GetAddressOf())));
@@ -189,9 +188,8 @@ protected:
     }
     // Accepts what it is given and keeps it.
     HRESULT Keep(WORD flags, VARIANT* argument, VARIANT* result) {
-        if (flags == DISPATCH_PROPERTYGET) {
+        if (flags == DISPATCH_PROPERTYGET)
             return VariantCopy(result, &kept);
-        }
         return VariantCopyInd(&kept, argument);
     }
 
@@ -416,15 +414,12 @@ TEST_F(Model, EachEditorTakesTheValuesThatItCanEdit) {
                        {omTextEditor, {text, font, date}, {}},
                        {omListEditor, {nothing}, {}}};
     for (const auto& entry : cases) {
-        for (std::size_t i = 0; i < entry.valid.size(); ++i) {
+        for (std::size_t i = 0; i < entry.valid.size(); ++i)
             EXPECT_TRUE(IsValueValidForEditor(entry.valid[i], entry.editor)) << entry.editor << " valid " << i;
-        }
-        for (std::size_t i = 0; i < entry.invalid.size(); ++i) {
+        for (std::size_t i = 0; i < entry.invalid.size(); ++i)
             EXPECT_FALSE(IsValueValidForEditor(entry.invalid[i], entry.editor)) << entry.editor << " invalid " << i;
-        }
-        for (const _variant_t& none : {_variant_t(), Null(), kMissing}) {
+        for (const _variant_t& none : {_variant_t(), Null(), kMissing})
             EXPECT_TRUE(IsValueValidForEditor(none, entry.editor)) << entry.editor;
-        }
     }
 }
 

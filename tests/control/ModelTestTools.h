@@ -19,9 +19,8 @@ public:
     // What was heard since the last call.
     std::wstring Heard() {
         std::wstring all;
-        for (const auto& line : std::exchange(log, {})) {
+        for (const auto& line : std::exchange(log, {}))
             all += (all.empty() ? L"" : L", ") + line;
-        }
         return all;
     }
 
@@ -37,9 +36,8 @@ public:
     }
     void OnPropertyAdded(CProperty& property, CProperty* parent) override {
         log.push_back(L"added " + property.Name() + (parent ? L" under " + parent->Name() : L""));
-        if (onAdded) {
+        if (onAdded)
             onAdded(property);
-        }
     }
     void OnPropertyDeleted(CProperty& property) override { log.push_back(L"deleted " + property.Name()); }
     void OnPropertiesCleared() override { log.emplace_back(L"cleared"); }

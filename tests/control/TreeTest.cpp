@@ -290,12 +290,10 @@ protected:
     void ExpectRowsAgree() {
         std::vector<CNode*> walked;
         CNode* node = nodes.FirstRootNode();
-        while (node && node->IsHidden()) {
+        while (node && node->IsHidden())
             node = node->NextVisible();
-        }
-        for (; node; node = node->NextVisible()) {
+        for (; node; node = node->NextVisible())
             walked.push_back(node);
-        }
         ASSERT_EQ(nodes.VisibleRowCount(), static_cast<long>(walked.size()));
         CNode* above = nullptr;
         for (std::size_t row = 0; row < walked.size(); ++row) {
@@ -305,9 +303,8 @@ protected:
             above = walked[row];
         }
         long displayed = 0;
-        for (const Ref<CNode>& each : nodes.All()) {
+        for (const Ref<CNode>& each : nodes.All())
             displayed += nodes.RowOf(each.Get()) >= 0;
-        }
         ASSERT_EQ(displayed, static_cast<long>(walked.size()));
         ASSERT_EQ(nodes.NodeAtRow(-1), nullptr);
         ASSERT_EQ(nodes.NodeAtRow(nodes.VisibleRowCount()), nullptr);
@@ -325,24 +322,20 @@ protected:
             AddCategory(random() % 3 ? node : nullptr, L"c" + std::to_wstring(m_Names++));
             break;
         case 4:
-            if (node && random() % 3 == 0) {
+            if (node && random() % 3 == 0)
                 nodes.Remove(node);
-            }
             break;
         case 5:
-            if (node && !node->IsCategory()) {
+            if (node && !node->IsCategory())
                 Show(node, !node->Property()->IsVisible());
-            }
             break;
         case 6:
-            if (node) {
+            if (node)
                 nodes.SwapNodes(node, random() % 2 ? node->NextSibling() : node->FirstSibling());
-            }
             break;
         default:
-            if (node) {
+            if (node)
                 node->SetExpanded(!node->Expanded());
-            }
         }
     }
 
@@ -373,21 +366,18 @@ TEST_F(TreeRows, ADeepTreeIsRemovedAndClearedWithoutDeepCalls) {
             node->SetExpanded(false);
         }
         EXPECT_EQ(nodes.VisibleRowCount(), 1);
-        if (round == 0) {
+        if (round == 0)
             nodes.Remove(nodes.FirstRootNode());
-        } else {
+        else
             nodes.Clear();
-        }
         EXPECT_EQ(nodes.Count(), 0);
     }
 }
 
 CNode* Keyed(const CNodes& nodes, std::wstring_view key) {
-    for (const Ref<CNode>& node : nodes.All()) {
-        if (node->Key() == key) {
+    for (const Ref<CNode>& node : nodes.All())
+        if (node->Key() == key)
             return node.Get();
-        }
-    }
     return nullptr;
 }
 
