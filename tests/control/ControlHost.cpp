@@ -6,13 +6,6 @@
 
 namespace ormisk::test {
 
-std::array<long, 4> Box::Place() const {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&rect), 2);
-    return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
-}
-
 void Box::OnFirstSited(HWND parkingWindow) {
     WNDCLASSW type{};
     type.lpfnWndProc = Procedure;
@@ -31,11 +24,8 @@ void Box::OnInitNew() {
 void Box::OnDraw(HDC dc, const RECT& pixels) {
     const LONG middle = pixels.right / 2;
     const RECT left{0, 0, middle, pixels.bottom}, right{middle, 0, pixels.right, pixels.bottom};
-    const HBRUSH red = CreateSolidBrush(RGB(255, 0, 0)), blue = CreateSolidBrush(RGB(0, 0, 255));
-    FillRect(dc, &left, red);
-    FillRect(dc, &right, blue);
-    DeleteObject(red);
-    DeleteObject(blue);
+    FillRect(dc, &left, Unique<HBRUSH>(CreateSolidBrush(RGB(255, 0, 0))).get());
+    FillRect(dc, &right, Unique<HBRUSH>(CreateSolidBrush(RGB(0, 0, 255))).get());
 }
 
 LRESULT CALLBACK Box::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -53,15 +43,6 @@ LRESULT CALLBACK Box::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     }
     return DefWindowProcW(window, message, wParam, lParam);
-}
-
-ComPtr<Box> MakeBox() { return MakeObject<Box>(); }
-
-void Connect(Box* box, REFIID source, IUnknown* sink) {
-    ComPtr<IConnectionPoint> point;
-    Check(box->FindConnectionPoint(source, point.GetAddressOf()));
-    DWORD cookie = 0;
-    Check(point->Advise(sink, &cookie));
 }
 
 Host::Host() {
@@ -128,6 +109,26 @@ HRESULT Host::Called(const std::string& name) {
         act(name);
     }
     return answer;
+}
+
+void LeakTest::SetUp() {
+    ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
+    WarmUp();
+    m_Objects = LiveObjects();
+    m_Windows = LiveWindows();
+    m_Handles = LiveGdiHandles();
+}
+
+void LeakTest::TearDown() {
+    ExpectNothingLeft();
+    SetErrorInfo(0, nullptr);
+    OleUninitialize();
+}
+
+void LeakTest::ExpectNothingLeft() const {
+    EXPECT_EQ(LiveObjects(), m_Objects) << "objects leaked";
+    EXPECT_EQ(LiveWindows(), m_Windows) << "windows leaked";
+    EXPECT_EQ(LiveGdiHandles(), m_Handles) << "drawing handles leaked";
 }
 
 } // namespace ormisk::test
