@@ -29,18 +29,16 @@ HWND PaneAt(HWND parent, long index) {
     std::map<long, HWND> byLeft;
     for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         byLeft[OriginIn(child, parent).x] = child;
-    for (const auto& [left, child] : byLeft) {
+    for (const auto& [left, child] : byLeft)
         if (index-- == 0)
             return child;
-    }
     return nullptr;
 }
 
 HWND Toolbar(const GridContainer& host) {
-    for (HWND child = GetWindow(host.TabStrip(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child = GetWindow(host.TabStrip(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         if (child != host.Tree())
             return child;
-    }
     return nullptr;
 }
 

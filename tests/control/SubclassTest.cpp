@@ -182,9 +182,8 @@ TEST_F(SubclassTest, WindowsKeepTheirKindOfCharacters) {
         SetWindowTextW(edit, L"\u0416\u65E5");
         wchar_t text[8] = L"";
         GetWindowTextW(edit, text, 8);
-        if (wide) {
+        if (wide)
             EXPECT_STREQ(text, L"\u0416\u65E5");
-        }
         DestroyWindow(edit);
     }
     EXPECT_EQ(Listener->Calls, 2);

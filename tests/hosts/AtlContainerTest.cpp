@@ -41,12 +41,7 @@ public:
         const bool puts = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
         DISPPARAMS parameters = {arguments.data(), puts ? &put : nullptr, static_cast<UINT>(arguments.size()),
                                  puts ? 1u : 0u};
-        EXCEPINFO raised = {};
-        const HRESULT result =
-            m_Object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, value, &raised, nullptr);
-        for (const BSTR text : {raised.bstrSource, raised.bstrDescription, raised.bstrHelpFile})
-            SysFreeString(text);
-        return result;
+        return m_Object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, value, nullptr, nullptr);
     }
 
     // The same, of which success is expected.
