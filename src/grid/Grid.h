@@ -15,6 +15,7 @@
 #include "grid/PaneMessages.h"
 #include "grid/Panes.h"
 #include "grid/RecordToolbar.h"
+#include "grid/RowLook.h"
 #include "grid/RowPainter.h"
 #include "model/CProperties.h"
 #include "model/EditorParams.h"
@@ -77,6 +78,7 @@ public:
     ModelView m_ModelView;
     ObjectLoader m_ObjectLoader;
     Panes m_Panes;
+    RowLook m_RowLook;
     RowPainter m_RowPainter;
     ChromeMetrics m_ChromeMetrics;
     ChromePainter m_ChromePainter;

@@ -7,30 +7,28 @@
 #include "platform/Scale.h"
 #include "win/Dpi.h"
 #include "win/Gdi.h"
+#include "win/Rects.h"
 
 #include <algorithm>
-#include <array>
 
 #include <olectl.h>
 
 namespace ormisk {
 
-namespace {
-
-void Path(CResourceMgr& resources, HDC dc, Color color, const wchar_t* key, std::array<Point, 3> points) {
-    const HPEN pen = resources.GetPen(color, key);
-    if (!pen)
-        return;
-    const SelectGuard selected(dc, pen);
-    MoveToEx(dc, points[0].x, points[0].y, nullptr);
-    LineTo(dc, points[1].x, points[1].y);
-    LineTo(dc, points[2].x, points[2].y);
-}
-
-} // namespace
-
 Color TextColor(const GridState& state, Color color) {
     return state.enabled ? TranslateColor(color) : GetSysColor(COLOR_GRAYTEXT);
+}
+
+void FillWith(HDC dc, const Rect& rect, HBRUSH brush) {
+    const RECT area = ToRect(rect);
+    if (brush)
+        FillRect(dc, &area, brush);
+}
+
+void DrawPath(HDC dc, HPEN pen, std::initializer_list<POINT> points) {
+    const SelectGuard selected(dc, pen);
+    if (pen)
+        Polyline(dc, points.begin(), static_cast<int>(points.size()));
 }
 
 void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
@@ -39,10 +37,13 @@ void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
     const long t = rc.top;
     const long r = rc.right;
     const long b = rc.bottom;
-    Path(resources, dc, shades.Light, L"LightBackColor", {{{l + 1, b - 2}, {l + 1, t + 1}, {r - 2, t + 1}}});
-    Path(resources, dc, shades.Lighter, L"LighterBackColor", {{{l, b - 1}, {l, t}, {r - 1, t}}});
-    Path(resources, dc, shades.Dark, L"DarkBackColor", {{{l + 1, b - 2}, {r - 2, b - 2}, {r - 2, t + 1}}});
-    Path(resources, dc, shades.Darker, L"DarkerBackColor", {{{l, b - 1}, {r - 1, b - 1}, {r - 1, t - 1}}});
+    const auto path = [&](Color color, const wchar_t* key, std::initializer_list<POINT> points) {
+        DrawPath(dc, resources.GetPen(color, key), points);
+    };
+    path(shades.Light, L"LightBackColor", {{l + 1, b - 2}, {l + 1, t + 1}, {r - 2, t + 1}});
+    path(shades.Lighter, L"LighterBackColor", {{l, b - 1}, {l, t}, {r - 1, t}});
+    path(shades.Dark, L"DarkBackColor", {{l + 1, b - 2}, {r - 2, b - 2}, {r - 2, t + 1}});
+    path(shades.Darker, L"DarkerBackColor", {{l, b - 1}, {r - 1, b - 1}, {r - 1, t - 1}});
 }
 
 bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Size size, Color maskColor) {

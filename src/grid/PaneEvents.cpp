@@ -27,6 +27,7 @@ void Panes::PaintTree(UINT message, WPARAM wParam) {
 void Panes::Draw(HDC dc) { DrawWindowPicture(m_Control.hWnd(), dc); }
 
 void Panes::OnPaint(Pane& pane, HDC dc, const RECT&) {
+    const SavedDC undone(dc);
     if (&pane == &m_picTreeContainer) {
         // While a form is being designed, nobody takes the message before the pane.
         const Size client = pane.ClientSize();

@@ -230,8 +230,7 @@ LayoutMetrics Panes::Metrics() const {
 }
 
 RowGeometry Panes::GeometryOf(const CNode& node) const {
-    return LayoutRow(Metrics(), m_Grid.m_ActiveNodes->RowOf(&node), node.Level(),
-                     m_Grid.m_RowPainter.PictureSize(node));
+    return LayoutRow(Metrics(), m_Grid.m_ActiveNodes->RowOf(&node), node.Level(), m_Grid.m_RowLook.PictureSize(node));
 }
 
 std::optional<Rect> Panes::RowRectOf(const CNode* node) const {
@@ -269,8 +268,8 @@ long Panes::ComputeAutoDividerWidth() const {
     long widest = 0;
     const LayoutMetrics metrics = Metrics();
     for (CNode* node = m_Grid.m_ActiveNodes->NodeAtRow(0); node; node = node->NextVisible()) {
-        const SelectGuard selected(dc.Get(), m_Grid.m_RowPainter.FontOf(*node));
-        const RowGeometry geometry = LayoutRow(metrics, 0, node->Level(), m_Grid.m_RowPainter.PictureSize(*node));
+        const SelectGuard selected(dc.Get(), m_Grid.m_RowLook.FontOf(*node));
+        const RowGeometry geometry = LayoutRow(metrics, 0, node->Level(), m_Grid.m_RowLook.PictureSize(*node));
         const CProperty* property = node->Property();
         const long extra = property && property->EditorKind() == omColorEditor ? geometry.name.Width() : 0;
         widest = std::max(widest, MeasureText(dc.Get(), node->Name(), false).cx + geometry.textLeft + extra + 5);
