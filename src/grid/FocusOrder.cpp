@@ -26,7 +26,7 @@ std::vector<HWND> FocusOrder::Stops() const {
     if (const HWND editor = m_Grid.m_Session.EditorWindow())
         stops.push_back(editor);
     if (panes.RecordToolbarShown())
-        stops.push_back(panes.m_txtRecordNo.Hwnd());
+        stops.push_back(m_Grid.m_RecordToolbar.m_txtRecordNo.Hwnd());
     if (m_Grid.m_State.showDescription)
         stops.push_back(panes.m_picDescPane.hWnd());
     return stops;
@@ -55,7 +55,7 @@ bool FocusOrder::Uses(int keyCode) const {
     const HWND focus = GetFocus();
     const bool headers = IsWithin(focus, panes.m_picHeaderContainer.hWnd());
     const bool rows = IsWithin(focus, panes.TreeWnd()) && !headers;
-    return rows || focus == panes.m_txtRecordNo.Hwnd() || (headers && keyCode == VK_RETURN);
+    return rows || focus == m_Grid.m_RecordToolbar.m_txtRecordNo.Hwnd() || (headers && keyCode == VK_RETURN);
 }
 
 void FocusOrder::LeaveHidden() {
@@ -64,7 +64,7 @@ void FocusOrder::LeaveHidden() {
     const bool hidden = (focus == panes.m_picHeaderContainer.hWnd() && m_Grid.m_State.headers == omHeadersNone) ||
                         (focus == panes.m_picDescPane.hWnd() && !m_Grid.m_State.showDescription) ||
                         (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs) ||
-                        (focus == panes.m_txtRecordNo.Hwnd() && !panes.RecordToolbarShown());
+                        (focus == m_Grid.m_RecordToolbar.m_txtRecordNo.Hwnd() && !panes.RecordToolbarShown());
     if (hidden)
         SetFocus(panes.TreeWnd());
 }

@@ -12,7 +12,7 @@
 #include "grid/ListInput.h"
 #include "grid/ModelView.h"
 #include "grid/ObjectLoader.h"
-#include "grid/PaneMessages.h"
+#include "grid/PaneEvents.h"
 #include "grid/Panes.h"
 #include "grid/RecordToolbar.h"
 #include "grid/RowLook.h"
@@ -77,6 +77,7 @@ public:
     GridProperties m_Properties;
     ModelView m_ModelView;
     ObjectLoader m_ObjectLoader;
+    PaneEvents m_PaneEvents;
     Panes m_Panes;
     RowLook m_RowLook;
     RowPainter m_RowPainter;
@@ -86,7 +87,6 @@ public:
     Input m_Input;
     ListInput m_ListInput;
     FocusOrder m_FocusOrder;
-    PaneMessages m_PaneMessages;
     EditSession m_Session;
 
 private:

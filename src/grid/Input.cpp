@@ -20,52 +20,30 @@ wchar_t FirstUpper(const std::wstring& text) { return text.empty() ? L'\0' : Sys
 
 omHitItem Input::HitItemOf(const Pane& pane, const MouseEvent& event) const {
     const Panes& panes = m_Grid.m_Panes;
-    if (&pane == &panes.m_picTabContainer) {
-        if (!m_Grid.m_State.showTabs)
-            return omNowhere;
-        if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.AlphabeticTab()))
-            return omAlphabeticTab;
-        return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.CategorizedTab()) ? omCategorizedTab : omNowhere;
-    }
-    const struct {
-        const Pane& pane;
-        omHitItem item;
-    } items[] = {
-        {panes.m_picTreeContainer, omPropertiesArea},
-        {panes.m_picRSToolbar, omRSToolbar},
-        {panes.m_lblTotalRecords, omRSToolbarInfo},
-        {panes.m_picShowFirst, omRSToolbarFirstButton},
-        {panes.m_picShowLast, omRSToolbarLastButton},
-        {panes.m_picShowNext, omRSToolbarNextButton},
-        {panes.m_picShowPrevious, omRSToolbarPreviousButton},
-        {panes.m_picDescPane, omDescriptionPane},
-        {panes.m_picBG, omDescriptionSplitter},
-        {panes.m_picNameHeader, omNameHeader},
-        {panes.m_picValueHeader, omValueHeader},
-        {panes.m_picHeaderContainer, omHeaderSplitter},
-    };
-    for (const auto& entry : items) {
-        if (&entry.pane == &pane)
-            return entry.item;
-    }
-    return omNowhere;
+    if (&pane != &panes.m_picTabContainer)
+        return panes.EntryOf(pane).hitItem;
+    if (!m_Grid.m_State.showTabs)
+        return omNowhere;
+    if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.AlphabeticTab()))
+        return omAlphabeticTab;
+    return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.CategorizedTab()) ? omCategorizedTab : omNowhere;
 }
 
-void Input::PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage) {
-    using Stage = GridEvents::MouseStage;
+void Input::PaneMouse(const Pane& pane, const MouseEvent& event) {
     const omHitItem item = HitItemOf(pane, event);
-    if (stage == Stage::Down && event.button == 1 && (item == omAlphabeticTab || item == omCategorizedTab))
+    MouseStage stage = event.stage;
+    if (stage == MouseStage::Down && event.button == 1 && (item == omAlphabeticTab || item == omCategorizedTab))
         TabMouseDown(item);
     if (!m_Grid.IsAlive())
         return;
     // Hosts know the value header by this: a move is told as a release, and a release as a press.
-    if (&pane == &m_Grid.m_Panes.m_picValueHeader && stage != Stage::Down)
-        stage = stage == Stage::Move ? Stage::Up : Stage::Down;
+    if (item == omValueHeader && stage != MouseStage::Down)
+        stage = stage == MouseStage::Move ? MouseStage::Up : MouseStage::Down;
     FireMouseEvent(pane, event, stage, item);
 }
 
 // In the control's coordinates and scale.
-void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage, omHitItem hitItem) {
+void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, MouseStage stage, omHitItem hitItem) {
     const Pane& control = m_Grid.m_Panes.m_Control;
     POINT point{event.x, event.y};
     ClientToScreen(pane.hWnd(), &point);
@@ -95,13 +73,8 @@ void Input::TabKeyDown(int keyCode) {
         SwitchView(omCatagorized);
 }
 
-void Input::TabsGotFocus() {
-    m_bTabFocused = true;
-    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
-}
-
-void Input::TabsLostFocus() {
-    m_bTabFocused = false;
+void Input::TabsFocusChange(bool gained) {
+    m_bTabFocused = gained;
     m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
 }
 
@@ -164,24 +137,16 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
     // A control that is disabled while it has the focus keeps the focus, but takes no keys.
     if (!m_Grid.m_State.enabled)
         return;
-    const bool rows = &pane == &m_Grid.m_Panes.m_picTreeContainer;
     // Help is asked for in place of the key.
-    if (rows && keyCode == VK_F1 && m_Grid.m_Session.SelectedNode()) {
+    if (&pane == &m_Grid.m_Panes.m_picTreeContainer && keyCode == VK_F1 && m_Grid.m_Session.SelectedNode()) {
         keyCode = 0;
         RequestHelp();
         return;
     }
     m_Grid.m_Events.KeyDown(keyCode, shift);
-    if (keyCode == 0 || !m_Grid.IsAlive())
-        return;
-    if (rows)
-        OnTreeKeyDown(keyCode, shift);
-    else if (&pane == &m_Grid.m_Panes.m_picTabContainer)
-        TabKeyDown(keyCode);
-    else if (&pane == &m_Grid.m_Panes.m_picHeaderContainer)
-        m_Grid.m_FocusOrder.HeaderKeyDown(keyCode, shift);
-    else if (&pane == &m_Grid.m_Panes.m_picDescPane)
-        m_Grid.m_FocusOrder.DescriptionKeyDown(keyCode, shift);
+    const auto hears = m_Grid.m_Panes.EntryOf(pane).keyDown;
+    if (hears && keyCode != 0 && m_Grid.IsAlive())
+        hears(m_Grid, keyCode, shift);
 }
 
 void Input::OnTreeKeyDown(int keyCode, int shift) {

@@ -3,43 +3,31 @@
 #include "grid/Grid.h"
 #include "platform/Rounding.h"
 #include "platform/TextOutput.h"
+#include "platform/WindowPicture.h"
 
 #include <algorithm>
-#include <array>
 
 namespace ormisk {
 
 namespace {
-
-long Pixels(double value) { return RoundToLong(value); }
 
 // The size that a new control has until its host gives it another.
 constexpr Size kInitialSize{240, 320};
 
 } // namespace
 
-Panes::Panes(Grid& grid) : m_Grid(grid) {}
+Panes::Panes(Grid& grid)
+    : m_HeaderSplitter(&grid.m_PaneEvents), m_ContainerSplitter(&grid.m_PaneEvents), m_Grid(grid) {}
 
 void Panes::Create(HWND parent) {
-    const auto create = [&](Pane& pane, const Pane& in, Pane::Options options) {
-        pane.Create(in.hWnd(), *this, options);
-    };
-    m_Control.Create(parent, *this, {.takesFocus = true, .visible = false});
-    create(m_picBG, m_Control, {});
-    create(m_picDescPane, m_picBG, {});
-    create(m_picTabContainer, m_picBG, {.takesFocus = true});
-    create(m_picRSToolbar, m_picTabContainer, {.visible = false});
-    for (Pane* button : {&m_picShowFirst, &m_picShowPrevious, &m_lblTotalRecords, &m_picShowNext, &m_picShowLast})
-        create(*button, m_picRSToolbar, {});
-    m_txtRecordNo.Create(m_picRSToolbar.hWnd(), nullptr);
-    create(m_picTreeContainer, m_picTabContainer, {.takesFocus = true, .erases = false});
-    m_VScroll.Create(m_picTreeContainer.hWnd(), *this);
-    m_TextEditor.Create(m_picTreeContainer.hWnd(), &m_Grid.m_Input);
-    m_ListEditor.Create(m_picTreeContainer.hWnd(), &m_Grid.m_ListInput);
+    for (const PaneEntry& entry : kPaneTable)
+        At(entry.id).Create(entry.id == entry.parent ? parent : At(entry.parent).hWnd(), m_Grid.m_PaneEvents,
+                            entry.options);
+    m_Grid.m_RecordToolbar.Create();
+    m_VScroll.Create(TreeWnd(), m_Grid.m_PaneEvents);
+    m_TextEditor.Create(TreeWnd(), &m_Grid.m_Input);
+    m_ListEditor.Create(TreeWnd(), &m_Grid.m_ListInput);
     m_ListEditor.SetFont(m_Grid.m_State.font);
-    create(m_picHeaderContainer, m_picTreeContainer, {});
-    create(m_picNameHeader, m_picHeaderContainer, {.erases = false});
-    create(m_picValueHeader, m_picHeaderContainer, {.erases = false});
     m_picHeaderContainer.BringToTop();
     ApplyFrame();
     ApplyColors();
@@ -63,10 +51,8 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
         return;
     const float oldUnitX = m_picHeaderContainer.UnitsToPixelsX(1.0F);
     const float oldUnitY = m_picBG.UnitsToPixelsY(1.0F);
-    for (Pane* pane : {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
-                       &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
-                       &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
-        pane->SetScale(mode);
+    for (Pane& pane : m_All)
+        pane.SetScale(mode);
     if (!m_Control.IsAlive())
         return;
     m_HeaderSplitter.Rescale(m_picHeaderContainer.PixelsToUnitsX(oldUnitX), m_picHeaderContainer.PixelsToUnitsX(1.0F));
@@ -88,28 +74,26 @@ void Panes::FontChanged() {
     m_Grid.m_Session.FontChanged();
 }
 
-void Panes::RecalcRowHeight() {
+// Of a line in the control's font.
+std::optional<long> Panes::TextHeight() const {
     const WindowDC dc(TreeWnd());
     const HFONT font = m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"TreeFont");
     if (!dc || !font)
-        return;
+        return std::nullopt;
     const SelectGuard selected(dc.Get(), font);
-    m_RowHeight = RowHeightOfText(MeasureText(dc.Get(), L"Ag", false).cy);
+    return MeasureText(dc.Get(), L"Ag", false).cy;
+}
+
+void Panes::RecalcRowHeight() {
+    if (const auto height = TextHeight())
+        m_RowHeight = RowHeightOfText(*height);
 }
 
 void Panes::UpdateHeaderMetrics() {
-    const WindowDC dc(m_picHeaderContainer.hWnd());
-    const HFONT font = m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"TreeFont");
-    if (!dc || !font)
+    const auto height = TextHeight();
+    if (!height || HeaderHeightOfText(*height) == m_HeaderHeight)
         return;
-    long height = 0;
-    {
-        const SelectGuard selected(dc.Get(), font);
-        height = HeaderHeightOfText(MeasureText(dc.Get(), L"Qp", false).cy);
-    }
-    if (height == m_HeaderHeight)
-        return;
-    m_HeaderHeight = height;
+    m_HeaderHeight = HeaderHeightOfText(*height);
     RecalcLayout();
 }
 
@@ -134,15 +118,15 @@ void Panes::LayoutTabContainer() {
         // A whole number of units; large units leave none.
         const Pane& tree = m_picTreeContainer;
         const auto whole = [](float units) { return static_cast<float>(RoundToLong(static_cast<double>(units))); };
-        margin = {Pixels(static_cast<double>(tree.UnitsToPixelsX(whole(tree.PixelsToUnitsX(4.0F))))),
-                  Pixels(static_cast<double>(tree.UnitsToPixelsY(whole(tree.PixelsToUnitsY(4.0F)))))};
+        margin = {RoundToLong(static_cast<double>(tree.UnitsToPixelsX(whole(tree.PixelsToUnitsX(4.0F))))),
+                  RoundToLong(static_cast<double>(tree.UnitsToPixelsY(whole(tree.PixelsToUnitsY(4.0F)))))};
     }
     const Size client = m_picTabContainer.ClientSize();
     long toolbarHeight = 0;
     m_picRSToolbar.SetVisible(RecordToolbarShown());
     if (RecordToolbarShown()) {
         m_Grid.m_RecordToolbar.LayoutRecordToolbar();
-        toolbarHeight = Pixels(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
+        toolbarHeight = RoundToLong(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
     }
     m_picTreeContainer.MovePixels(
         {margin.cx, tabHeight + margin.cy, client.cx - margin.cx, client.cy - margin.cy - toolbarHeight});
@@ -187,10 +171,8 @@ void Panes::ApplyFrame() {
 
 void Panes::ApplyColors() {
     const auto color = static_cast<Color>(m_Grid.m_State.backColor);
-    for (Pane* pane : {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
-                       &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
-                       &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
-        pane->SetBackColor(color);
+    for (Pane& pane : m_All)
+        pane.SetBackColor(color);
 }
 
 // The windows in the control get no mouse then, but keys, and paint themselves as before.
@@ -202,7 +184,7 @@ void Panes::ApplyEnabled() {
     EnableWindow(control, enabled);
     RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     m_TextEditor.SetEnabled(enabled);
-    m_txtRecordNo.SetEnabled(enabled);
+    m_Grid.m_RecordToolbar.m_txtRecordNo.SetEnabled(enabled);
     m_ListEditor.SetEnabled(enabled);
 }
 
@@ -290,6 +272,8 @@ void Panes::SetDescriptionPaneHeight(float height) {
     if (const Ref<CNode> selected = m_Grid.m_Session.SelectedNode())
         EnsureRowVisible(*selected);
 }
+
+void Panes::Draw(HDC dc) { DrawWindowPicture(m_Control.hWnd(), dc); }
 
 void Panes::RepaintRows() {
     if (!m_Grid.m_State.lockRefresh)

@@ -29,6 +29,8 @@ RecordToolbar::RecordToolbar(Grid& grid) : m_Grid(grid) {
         m_Buttons[i].PictureContainer(surfaces[i]);
 }
 
+void RecordToolbar::Create() { m_txtRecordNo.Create(m_Grid.m_Panes.m_picRSToolbar.hWnd(), nullptr); }
+
 // From left to right: first, previous, record number, total, next, last; 4 pixels of air around them.
 void RecordToolbar::LayoutRecordToolbar() {
     constexpr long kAir = 4;
@@ -46,7 +48,7 @@ void RecordToolbar::LayoutRecordToolbar() {
     const long margin = state.showTabs ? kFrame + kClearOfFrame : 0;
     const long bottom = client.cy - margin;
     panes.m_picRSToolbar.MovePixels({margin, bottom - height - 2 * kAir, client.cx - margin, bottom});
-    panes.m_txtRecordNo.SetFont(state.font);
+    m_txtRecordNo.SetFont(state.font);
 
     long x = kAir;
     const auto place = [&](Pane& pane, long width) {
@@ -56,8 +58,8 @@ void RecordToolbar::LayoutRecordToolbar() {
     place(panes.m_picShowFirst, height);
     place(panes.m_picShowPrevious, height);
     const long numberWidth = text.cx / 2 * 8;
-    panes.m_txtRecordNo.Move(static_cast<int>(x), kAir, static_cast<int>(numberWidth), static_cast<int>(height));
-    panes.m_txtRecordNo.SetVisible(true);
+    m_txtRecordNo.Move(static_cast<int>(x), kAir, static_cast<int>(numberWidth), static_cast<int>(height));
+    m_txtRecordNo.SetVisible(true);
     x += numberWidth;
     place(panes.m_lblTotalRecords, text.cx / 2 * 12); // room for what it says of most tables
     place(panes.m_picShowNext, height);
@@ -88,7 +90,7 @@ void RecordToolbar::MouseMove(const Pane& pane) {
         return;
     }
     const CButton* button = ButtonOn(pane);
-    if (!button || !m_Grid.m_PaneMessages.Hooked())
+    if (!button || !m_Grid.m_PaneEvents.AtRunTime())
         return;
     if (m_Tracked != pane.hWnd()) {
         TRACKMOUSEEVENT request{sizeof request, TME_LEAVE, pane.hWnd(), 0};
@@ -97,12 +99,15 @@ void RecordToolbar::MouseMove(const Pane& pane) {
     Highlight(button);
 }
 
-void RecordToolbar::MouseDown(const Pane& pane) {
-    if (const CButton* button = ButtonOn(pane))
+void RecordToolbar::Mouse(const Pane& pane, const MouseEvent& event) {
+    const CButton* button = ButtonOn(pane);
+    if (event.stage == MouseStage::Move)
+        MouseMove(pane);
+    else if (event.stage == MouseStage::Up)
+        MouseUp();
+    else if (button && event.button == 1)
         Press(button);
 }
-
-void RecordToolbar::MouseUp() { Press(nullptr); }
 
 // The mouse may be on the next button already.
 void RecordToolbar::MouseLeft(HWND window) {

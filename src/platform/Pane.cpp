@@ -110,6 +110,10 @@ LRESULT CALLBACK Pane::WindowProc(HWND window, UINT message, WPARAM wParam, LPAR
 LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = m_hWnd;
     LRESULT result = 0;
+    if (m_Listener->OnMessage(*this, message, wParam, lParam, result))
+        return result;
+    if (!m_hWnd || !m_Listener)
+        return 0;
     switch (message) {
     case WM_SIZE:
         m_Listener->OnResize(*this);
@@ -136,17 +140,6 @@ LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         }
         break;
-    case WM_VSCROLL:
-    case WM_COMMAND:
-    case WM_NOTIFY:
-    case WM_DRAWITEM:
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORLISTBOX:
-    case WM_CTLCOLORBTN:
-        if (m_Listener->OnChildMessage(*this, message, wParam, lParam, result))
-            return result;
-        break;
     default:
         if (HandlePainting(message, wParam, result))
             return result;
@@ -171,11 +164,11 @@ bool Pane::HandlePainting(UINT message, WPARAM wParam, LRESULT& result) {
     case WM_PAINT: {
         const PaintDC paint(m_hWnd);
         if (paint)
-            m_Listener->OnPaint(*this, paint.Get(), paint.UpdateRect());
+            m_Listener->OnPaint(*this, paint.Get(), FromRect(paint.UpdateRect()));
         return true;
     }
     case WM_PRINTCLIENT: {
-        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), ToRect(ClientRect(m_hWnd)));
+        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), ClientRect(m_hWnd));
         return true;
     }
     default:
@@ -184,7 +177,7 @@ bool Pane::HandlePainting(UINT message, WPARAM wParam, LRESULT& result) {
 }
 
 bool Pane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
-    MouseEvent event{ButtonOf(message), ShiftState(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    MouseEvent event{MouseStage::Down, ButtonOf(message), ShiftState(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     switch (message) {
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
@@ -199,11 +192,13 @@ bool Pane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP:
     case WM_RBUTTONUP:
     case WM_MBUTTONUP:
+        event.stage = MouseStage::Up;
         ButtonUp(event);
         return true;
     case WM_MOUSEMOVE:
+        event.stage = MouseStage::Move;
         event.button = ButtonsDown(wParam);
-        m_Listener->OnMouseMove(*this, event);
+        m_Listener->OnMouse(*this, event);
         return true;
     default:
         return false;
@@ -222,7 +217,7 @@ void Pane::ButtonDown(const MouseEvent& event, bool doubleClick) {
     if (doubleClick)
         m_Listener->OnDblClick(*this);
     else
-        m_Listener->OnMouseDown(*this, event);
+        m_Listener->OnMouse(*this, event);
 }
 
 void Pane::ButtonUp(const MouseEvent& event) {
@@ -236,7 +231,7 @@ void Pane::ButtonUp(const MouseEvent& event) {
         ReleaseCapture();
         m_Releasing = false;
     }
-    m_Listener->OnMouseUp(*this, event);
+    m_Listener->OnMouse(*this, event);
     if (PaneOf(window) != this || !m_Listener || !pressed || event.button != 1)
         return;
     const Size client = ClientSize();
