@@ -24,9 +24,9 @@ omHitItem Input::HitItemOf(const Pane& pane, const MouseEvent& event) const {
         return panes.EntryOf(pane).hitItem;
     if (!m_Grid.m_State.showTabs)
         return omNowhere;
-    if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.AlphabeticTab()))
+    if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.Tabs().Tab(0)))
         return omAlphabeticTab;
-    return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.CategorizedTab()) ? omCategorizedTab : omNowhere;
+    return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.Tabs().Tab(1)) ? omCategorizedTab : omNowhere;
 }
 
 void Input::PaneMouse(const Pane& pane, const MouseEvent& event) {

@@ -114,7 +114,7 @@ void Panes::LayoutTabContainer() {
     Size margin;
     if (m_Grid.m_State.showTabs) {
         m_Grid.m_ChromeMetrics.CalcTabRects();
-        tabHeight = m_Grid.m_ChromeMetrics.AlphabeticTab().bottom;
+        tabHeight = m_Grid.m_ChromeMetrics.Tabs().Tab(0).bottom;
         // A whole number of units; large units leave none.
         const Pane& tree = m_picTreeContainer;
         const auto whole = [](float units) { return static_cast<float>(RoundToLong(static_cast<double>(units))); };

@@ -51,14 +51,11 @@ public:
     TextBox m_txtRecordNo;
 
 private:
-    enum class Arrow { Left, Right, Up, Down }; // where its apex points
-
     CButton* ButtonOn(const Pane& pane);
     void MouseMove(const Pane& pane);
     void Highlight(const CButton* button); // that one only; null for none
     void Press(const CButton* button);
-    void DrawToolbarButton(HDC dc, const CButton& button, Arrow arrow, bool twoLines);
-    void DrawArrow(HDC dc, const RECT& rc, Arrow arrow, Color color, bool twoLines);
+    void DrawArrow(HDC dc, Size size, Color color, bool toLeft, bool withBar);
 
     Grid& m_Grid;
     std::array<CButton, 4> m_Buttons; // first, previous, next, last

@@ -264,27 +264,16 @@ Size Pane::ClientSize() const {
     return {client.right, client.bottom};
 }
 
-float Pane::ScaleWidth() const { return PixelsToUnitsX(static_cast<float>(ClientSize().cx)); }
+UnitScale Pane::Units() const { return {m_Scale, static_cast<double>(DpiOf(m_hWnd))}; }
 
-float Pane::ScaleHeight() const { return PixelsToUnitsY(static_cast<float>(ClientSize().cy)); }
+float Pane::ScaleWidth() const { return Units().ToUnits(ClientSize().cx, Axis::X); }
 
-float Pane::Convert(float value, ScaleMode from, ScaleMode to, Axis axis) const {
-    return static_cast<float>(ConvertScale(static_cast<double>(value), from, to, DpiOf(m_hWnd), axis));
-}
-
-float Pane::PixelsToUnitsX(float pixels) const { return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::X); }
-
-float Pane::PixelsToUnitsY(float pixels) const { return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::Y); }
-
-float Pane::UnitsToPixelsX(float units) const { return Convert(units, m_Scale, ScaleMode::Pixel, Axis::X); }
-
-float Pane::UnitsToPixelsY(float units) const { return Convert(units, m_Scale, ScaleMode::Pixel, Axis::Y); }
+float Pane::ScaleHeight() const { return Units().ToUnits(ClientSize().cy, Axis::Y); }
 
 void Pane::SetBounds(float left, float top, float width, float height) {
-    const auto x = RoundToLong(static_cast<double>(UnitsToPixelsX(left)));
-    const auto y = RoundToLong(static_cast<double>(UnitsToPixelsY(top)));
-    MovePixels({x, y, x + RoundToLong(static_cast<double>(UnitsToPixelsX(width))),
-                y + RoundToLong(static_cast<double>(UnitsToPixelsY(height)))});
+    const long x = RoundToLong(UnitsToPixelsX(left));
+    const long y = RoundToLong(UnitsToPixelsY(top));
+    MovePixels({x, y, x + RoundToLong(UnitsToPixelsX(width)), y + RoundToLong(UnitsToPixelsY(height))});
 }
 
 void Pane::MovePixels(const Rect& place) {
@@ -293,9 +282,9 @@ void Pane::MovePixels(const Rect& place) {
                      SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-float Pane::Width() const { return PixelsToUnitsX(static_cast<float>(WindowRect(m_hWnd).Width())); }
+float Pane::Width() const { return Units().ToUnits(WindowRect(m_hWnd).Width(), Axis::X); }
 
-float Pane::Height() const { return PixelsToUnitsY(static_cast<float>(WindowRect(m_hWnd).Height())); }
+float Pane::Height() const { return Units().ToUnits(WindowRect(m_hWnd).Height(), Axis::Y); }
 
 void Pane::SetVisible(bool visible) {
     if (m_hWnd)

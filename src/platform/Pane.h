@@ -74,13 +74,14 @@ public:
 
     void SetScale(ScaleMode mode) { m_Scale = mode; }
     ScaleMode Scale() const { return m_Scale; }
+    UnitScale Units() const;
     Size ClientSize() const; // pixels
     float ScaleWidth() const override;
     float ScaleHeight() const override;
-    float PixelsToUnitsX(float pixels) const override;
-    float PixelsToUnitsY(float pixels) const override;
-    float UnitsToPixelsX(float units) const override;
-    float UnitsToPixelsY(float units) const override;
+    float PixelsToUnitsX(float pixels) const override { return Units().ToUnits(pixels, Axis::X); }
+    float PixelsToUnitsY(float pixels) const override { return Units().ToUnits(pixels, Axis::Y); }
+    float UnitsToPixelsX(float units) const override { return Units().ToPixels(units, Axis::X); }
+    float UnitsToPixelsY(float units) const override { return Units().ToPixels(units, Axis::Y); }
 
     void SetBounds(float left, float top, float width, float height) override;
     void MovePixels(const Rect& place);
@@ -104,7 +105,6 @@ public:
 
 private:
     static LRESULT CALLBACK WindowProc(HWND, UINT, WPARAM, LPARAM);
-    float Convert(float value, ScaleMode from, ScaleMode to, Axis axis) const;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleKey(UINT message, WPARAM wParam);
