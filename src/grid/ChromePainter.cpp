@@ -56,7 +56,7 @@ void ChromePainter::DrawTab(HDC dc, int index, const std::wstring& caption, bool
         const SelectGuard selected(dc, font);
         DrawTextMultiLang(dc, caption, place, kTabFormat, m_Grid.m_State.unicode);
     }
-    if (inFront && m_Grid.m_Input.TabsFocused())
+    if (inFront && m_Grid.m_Panes.m_picTabContainer.HasFocus())
         DrawFocus(dc, place);
 }
 

@@ -56,26 +56,20 @@ void Input::SwitchView(omActiveView view) { m_Grid.m_Properties.Put<&GridState::
 
 void Input::TabMouseDown(omHitItem tab) {
     const omActiveView view = tab == omAlphabeticTab ? omAlphabetic : omCatagorized;
-    if (m_Grid.m_State.activeView == view && m_bTabFocused)
+    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
+    if (m_Grid.m_State.activeView == view && strip.HasFocus())
         return;
     IgnoringFailures([&] { SwitchView(view); });
-    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
-    m_bTabFocused = strip.HasFocus(); // unless a handler took it elsewhere
     strip.Invalidate(true);
 }
 
 void Input::TabKeyDown(int keyCode) {
-    if (!m_bTabFocused)
+    if (!m_Grid.m_Panes.m_picTabContainer.HasFocus())
         return;
     if (keyCode == VK_LEFT && m_Grid.m_State.activeView != omAlphabetic)
         SwitchView(omAlphabetic);
     else if (keyCode == VK_RIGHT && m_Grid.m_State.activeView == omAlphabetic)
         SwitchView(omCatagorized);
-}
-
-void Input::TabsFocusChange(bool gained) {
-    m_bTabFocused = gained;
-    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
 }
 
 std::wstring Input::AccessKeys() const {
@@ -211,12 +205,9 @@ bool Input::HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected,
             target = Ref<CNode>(node.NextVisible());
         return true;
     case VK_ADD:
-        if (parent && !node.Expanded())
-            node.SetExpanded(true);
-        return true;
     case VK_SUBTRACT:
-        if (parent && node.Expanded())
-            node.SetExpanded(false);
+        if (parent)
+            node.SetExpanded(keyCode == VK_ADD);
         return true;
     default:
         return false;
@@ -245,14 +236,11 @@ void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, R
 }
 
 Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
-    const auto matches = [&](const CNode& row) { return FirstUpper(row.Name()) == static_cast<wchar_t>(character); };
-    for (CNode* row = node.NextVisible(); row; row = row->NextVisible()) {
-        if (matches(*row))
-            return Ref<CNode>(row);
-    }
-    for (CNode* row = m_Grid.m_ActiveNodes->NodeAtRow(0); row; row = row->NextVisible()) {
-        if (matches(*row))
-            return Ref<CNode>(row);
+    for (CNode* start : {node.NextVisible(), m_Grid.m_ActiveNodes->NodeAtRow(0)}) {
+        for (CNode* row = start; row; row = row->NextVisible()) {
+            if (FirstUpper(row->Name()) == static_cast<wchar_t>(character))
+                return Ref<CNode>(row);
+        }
     }
     return nullptr;
 }

@@ -25,8 +25,6 @@ public:
     void PaneKeyDown(const Pane& pane, int& keyCode, int shift);
     void OnTreeKeyDown(int keyCode, int shift);
     void TabKeyDown(int keyCode); // the arrows switch the view while the strip has the focus
-    void TabsFocusChange(bool gained);
-    bool TabsFocused() const { return m_bTabFocused; }
     // An access key of the control was pressed.
     void OnAccessKey(wchar_t key);
     std::wstring AccessKeys() const;
@@ -53,7 +51,6 @@ private:
     Point CursorOnTree() const;
 
     Grid& m_Grid;
-    bool m_bTabFocused = false; // while the strip has the focus
 };
 
 } // namespace ormisk

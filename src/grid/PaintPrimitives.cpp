@@ -46,7 +46,7 @@ void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
     path(shades.Darker, L"DarkerBackColor", {{l, b - 1}, {r - 1, b - 1}, {r - 1, t - 1}});
 }
 
-bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Size size, Color maskColor) {
+bool TransparentBlit(HDC target, Point place, HDC source, Size size, Color maskColor) {
     const Unique<HBITMAP> mask(CreateBitmap(size.cx, size.cy, 1, 1, nullptr));
     const Unique<HBITMAP> copy(CreateCompatibleBitmap(target, size.cx, size.cy));
     const MemoryDC maskDc(target);
@@ -55,24 +55,16 @@ bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Si
         return false;
     const SelectGuard maskSelected(maskDc.Get(), mask.get());
     const SelectGuard copySelected(copyDc.Get(), copy.get());
-    BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, source, origin.x, origin.y, SRCCOPY);
+    BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, source, 0, 0, SRCCOPY);
     SetBkColor(copyDc.Get(), maskColor);
     BitBlt(maskDc.Get(), 0, 0, size.cx, size.cy, copyDc.Get(), 0, 0, SRCCOPY);
     // Where the mask is set it stands for the copy's background, the mask colour: XOR blacks these pixels out.
     BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, maskDc.Get(), 0, 0, SRCINVERT);
-    const COLORREF oldText = SetTextColor(target, 0);
-    const COLORREF oldBack = SetBkColor(target, 0xFFFFFF);
-    const auto blit = [&](HDC from, DWORD raster) {
-        if (place.Width() == size.cx && place.Height() == size.cy)
-            BitBlt(target, place.left, place.top, size.cx, size.cy, from, 0, 0, raster);
-        else
-            StretchBlt(target, place.left, place.top, place.Width(), place.Height(), from, 0, 0, size.cx, size.cy,
-                       raster);
-    };
-    blit(maskDc.Get(), SRCAND);
-    blit(copyDc.Get(), SRCINVERT);
-    SetTextColor(target, oldText);
-    SetBkColor(target, oldBack);
+    const SavedDC undone(target);
+    SetTextColor(target, 0);
+    SetBkColor(target, 0xFFFFFF);
+    BitBlt(target, place.x, place.y, size.cx, size.cy, maskDc.Get(), 0, 0, SRCAND);
+    BitBlt(target, place.x, place.y, size.cx, size.cy, copyDc.Get(), 0, 0, SRCINVERT);
     return true;
 }
 
@@ -114,8 +106,7 @@ Size PicturePixels(IPicture* picture) {
     if (!picture || FAILED(picture->get_Width(&width)) || FAILED(picture->get_Height(&height)))
         return {};
     const auto pixels = [](long himetric, Axis axis) {
-        return RoundToLong(
-            ConvertScale(static_cast<double>(himetric), ScaleMode::Himetric, ScaleMode::Pixel, DpiOf(nullptr), axis));
+        return RoundToLong(ConvertScale(himetric, ScaleMode::Himetric, ScaleMode::Pixel, DpiOf(nullptr), axis));
     };
     return {pixels(width, Axis::X), pixels(height, Axis::Y)};
 }

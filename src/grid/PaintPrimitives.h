@@ -25,7 +25,7 @@ void DrawPath(HDC dc, HPEN pen, std::initializer_list<POINT> points);
 void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base);
 
 // Copies a bitmap but for the pixels of the mask colour, an RGB value; true on success.
-bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Size size, Color maskColor);
+bool TransparentBlit(HDC target, Point place, HDC source, Size size, Color maskColor);
 
 // Tiles over an area, aligned to the coordinate origin. Draws bitmaps and icons only.
 void TileBitmap(HDC target, IPicture* picture, const Rect& area, HDC source);

@@ -2,6 +2,8 @@
 
 #include "grid/Grid.h"
 
+#include <algorithm>
+
 namespace ormisk {
 
 namespace {
@@ -46,7 +48,7 @@ constexpr std::array<PaneEntry, kPaneCount> kPaneTable = {{
      .resized = [](Grid& grid) { grid.m_Panes.LayoutTabContainer(); },
      .paint = [](Grid& grid, const Pane&, HDC dc, const Rect&) { grid.m_ChromePainter.DrawTabs(dc); },
      .keyDown = [](Grid& grid, int key, int) { grid.m_Input.TabKeyDown(key); },
-     .focused = [](Grid& grid, bool gained) { grid.m_Input.TabsFocusChange(gained); }},
+     .focused = [](Grid& grid, bool) { grid.m_Panes.m_picTabContainer.Invalidate(true); }},
     {.id = PaneId::RSToolbar, .parent = PaneId::TabContainer, .options = {.visible = false}, .hitItem = omRSToolbar},
     ToolbarPane(PaneId::ShowFirst, omRSToolbarFirstButton),
     ToolbarPane(PaneId::ShowPrevious, omRSToolbarPreviousButton),
@@ -82,12 +84,7 @@ constexpr std::array<PaneEntry, kPaneCount> kPaneTable = {{
      .clicked = [](Grid& grid) { grid.m_ModelView.HeaderSort(false); }},
 }};
 
-static_assert([] {
-    for (int i = 0; i < kPaneCount; ++i) {
-        if (static_cast<int>(kPaneTable[i].id) != i)
-            return false;
-    }
-    return true;
-}());
+// All of them, each at its place.
+static_assert(std::ranges::adjacent_find(kPaneTable, std::ranges::greater_equal(), &PaneEntry::id) == kPaneTable.end());
 
 } // namespace ormisk

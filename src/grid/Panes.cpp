@@ -9,13 +9,6 @@
 
 namespace ormisk {
 
-namespace {
-
-// The size that a new control has until its host gives it another.
-constexpr Size kInitialSize{240, 320};
-
-} // namespace
-
 Panes::Panes(Grid& grid)
     : m_HeaderSplitter(&grid.m_PaneEvents), m_ContainerSplitter(&grid.m_PaneEvents), m_Grid(grid) {}
 
@@ -31,7 +24,7 @@ void Panes::Create(HWND parent) {
     m_picHeaderContainer.BringToTop();
     ApplyFrame();
     ApplyColors();
-    m_Control.MovePixels({0, 0, kInitialSize.cx, kInitialSize.cy});
+    m_Control.MovePixels({0, 0, 240, 320}); // until the host gives it another size
     RecalcRowHeight();
 }
 
@@ -104,10 +97,10 @@ void Panes::ControlResized() {
     RecalcLayout();
 }
 
-bool Panes::RecordToolbarShown() const {
-    // Without recordsets, "automatic" is never.
-    return m_Grid.m_State.recordsetToolbar == omShow;
-}
+// Without recordsets, "automatic" is never.
+bool Panes::RecordToolbarShown() const { return m_Grid.m_State.recordsetToolbar == omShow; }
+
+long Panes::HeaderPixels() const { return m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0; }
 
 void Panes::LayoutTabContainer() {
     long tabHeight = 0;
@@ -116,17 +109,17 @@ void Panes::LayoutTabContainer() {
         m_Grid.m_ChromeMetrics.CalcTabRects();
         tabHeight = m_Grid.m_ChromeMetrics.Tabs().Tab(0).bottom;
         // A whole number of units; large units leave none.
-        const Pane& tree = m_picTreeContainer;
-        const auto whole = [](float units) { return static_cast<float>(RoundToLong(static_cast<double>(units))); };
-        margin = {RoundToLong(static_cast<double>(tree.UnitsToPixelsX(whole(tree.PixelsToUnitsX(4.0F))))),
-                  RoundToLong(static_cast<double>(tree.UnitsToPixelsY(whole(tree.PixelsToUnitsY(4.0F)))))};
+        const auto four = [units = m_picTreeContainer.Units()](Axis axis) {
+            return RoundToLong(units.ToPixels(static_cast<float>(RoundToLong(units.ToUnits(4, axis))), axis));
+        };
+        margin = {four(Axis::X), four(Axis::Y)};
     }
     const Size client = m_picTabContainer.ClientSize();
     long toolbarHeight = 0;
     m_picRSToolbar.SetVisible(RecordToolbarShown());
     if (RecordToolbarShown()) {
         m_Grid.m_RecordToolbar.LayoutRecordToolbar();
-        toolbarHeight = RoundToLong(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
+        toolbarHeight = RoundToLong(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height()));
     }
     m_picTreeContainer.MovePixels(
         {margin.cx, tabHeight + margin.cy, client.cx - margin.cx, client.cy - margin.cy - toolbarHeight});
@@ -135,11 +128,9 @@ void Panes::LayoutTabContainer() {
 void Panes::RecalcLayout() {
     if (!m_picTreeContainer.IsAlive())
         return;
-    const Size client = m_picTreeContainer.ClientSize();
-    const bool headers = m_Grid.m_State.headers != omHeadersNone;
     // Without headers the strip is parked above the visible area.
-    const long top = headers ? 0 : -m_HeaderHeight;
-    m_picHeaderContainer.MovePixels({0, top, client.cx, top + m_HeaderHeight});
+    const long bottom = HeaderPixels();
+    m_picHeaderContainer.MovePixels({0, bottom - m_HeaderHeight, m_picTreeContainer.ClientSize().cx, bottom});
     UpdateScrollBar();
     // Read anew: an edit that scrolling committed may have changed them.
     const LayoutMetrics now = Metrics();
@@ -149,9 +140,8 @@ void Panes::RecalcLayout() {
 }
 
 void Panes::UpdateScrollBar() {
-    const long headerPx = m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0;
     const auto range = ScrollRangeFor(m_Grid.m_ActiveNodes->VisibleRowCount(), m_picTreeContainer.ClientSize().cy,
-                                      headerPx, m_RowHeight);
+                                      HeaderPixels(), m_RowHeight);
     if (range)
         m_VScroll.Show(range->shown);
     if (range && range->shown) {
@@ -192,22 +182,18 @@ void Panes::ApplyShowDescription() {
     m_ContainerSplitter.HidePane(m_Grid.m_State.showDescription ? HiddenPane::None : HiddenPane::Bottom);
 }
 
-double Panes::DividerPixels() const {
-    return static_cast<double>(m_picHeaderContainer.UnitsToPixelsX(m_HeaderSplitter.SplitterLocation()));
-}
-
 LayoutMetrics Panes::Metrics() const {
     LayoutMetrics metrics;
     metrics.rowHeight = m_RowHeight;
-    metrics.headerHeight = m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0;
+    metrics.headerHeight = HeaderPixels();
     metrics.client = m_picTreeContainer.ClientSize();
     metrics.scrollBarWidth = GetSystemMetrics(SM_CXVSCROLL);
     metrics.scrollBarShown = m_VScroll.IsShown();
     metrics.scrollValue = m_VScroll.Value();
-    metrics.indentation = static_cast<double>(m_Grid.m_State.indentation);
+    metrics.indentation = m_Grid.m_State.indentation;
     const long style = m_Grid.m_State.treeStyle;
     metrics.expanderStyle = style == omPlusMinusText || style == omTreeLinesPlusMinusText;
-    metrics.divider = DividerPixels();
+    metrics.divider = m_picHeaderContainer.UnitsToPixelsX(ColumnDividerPosition());
     return metrics;
 }
 
@@ -230,15 +216,14 @@ Ref<CNode> Panes::RowFromPoint(long x, long y) const {
 }
 
 float Panes::ScrollBarUnits() const {
-    return m_VScroll.IsShown() ? m_Control.PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CXVSCROLL))) : 0.0F;
+    return m_VScroll.IsShown() ? m_Control.Units().ToUnits(GetSystemMetrics(SM_CXVSCROLL), Axis::X) : 0.0F;
 }
 
 void Panes::SetColumnDivider(float location) {
     if (location < 0)
-        location = m_picHeaderContainer.PixelsToUnitsX(static_cast<float>(ComputeAutoDividerWidth()));
+        location = m_picHeaderContainer.Units().ToUnits(ComputeAutoDividerWidth(), Axis::X);
     const double clamped =
-        ClampDivider(static_cast<double>(location), static_cast<double>(m_Control.ScaleWidth()),
-                     static_cast<double>(ScrollBarUnits()), static_cast<double>(m_Control.PixelsToUnitsX(1.0F)));
+        ClampDivider(location, m_Control.ScaleWidth(), ScrollBarUnits(), m_Control.PixelsToUnitsX(1.0F));
     m_HeaderSplitter.SplitterLocation(static_cast<float>(clamped));
     m_picTreeContainer.Invalidate(true);
 }
@@ -265,7 +250,7 @@ void Panes::SetDescriptionPaneHeight(float height) {
     if (height <= 0) {
         const CProperty* property = m_Grid.m_Session.SelectedProperty();
         const long pixels = m_Grid.m_ChromeMetrics.CalcDescriptionHeight(property ? property->Help() : std::wstring());
-        height = m_picBG.PixelsToUnitsY(static_cast<float>(pixels));
+        height = m_picBG.Units().ToUnits(pixels, Axis::Y);
     }
     m_ContainerSplitter.SplitterLocation(m_picBG.ScaleHeight() - height);
     UpdateScrollBar();
@@ -307,13 +292,10 @@ void Panes::Refresh() {
 
 bool Panes::EnsureRowVisible(const CNode& node) {
     const auto rect = RowRectOf(&node);
-    if (!rect)
-        return true;
-    const auto value = ScrollValueFor(Metrics(), *rect);
-    if (!value)
-        return true;
-    m_VScroll.SetValue(*value);
-    return false;
+    const auto value = rect ? ScrollValueFor(Metrics(), *rect) : std::nullopt;
+    if (value)
+        m_VScroll.SetValue(*value);
+    return !value;
 }
 
 } // namespace ormisk

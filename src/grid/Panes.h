@@ -103,7 +103,7 @@ private:
     Pane& At(PaneId id) { return m_All[static_cast<std::size_t>(id)]; }
     std::optional<long> TextHeight() const;
     long ComputeAutoDividerWidth() const;
-    double DividerPixels() const;
+    long HeaderPixels() const; // of the strip, if there is one
 
     Grid& m_Grid;
     long m_RowHeight = 18;

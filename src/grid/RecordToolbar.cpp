@@ -88,12 +88,11 @@ void RecordToolbar::MouseMove(const Pane& pane) {
 }
 
 void RecordToolbar::Mouse(const Pane& pane, const MouseEvent& event) {
-    const CButton* button = ButtonOn(pane);
     if (event.stage == MouseStage::Move)
         MouseMove(pane);
     else if (event.stage == MouseStage::Up)
         MouseUp();
-    else if (button && event.button == 1)
+    else if (const CButton* button = ButtonOn(pane); button && event.button == 1)
         Press(button);
 }
 

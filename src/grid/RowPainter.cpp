@@ -27,8 +27,7 @@ struct RowPainter::Cell {
     bool nameCell = false;
     bool selected = false;
     bool lastRow = false;
-    Rect rect;   // what is left for the text as drawing goes on
-    Size extent; // of the whole cell, less a pixel: what the host hears
+    Rect rect; // what is left for the text as drawing goes on
 };
 
 void RowPainter::PaintTree(HDC dc, const Rect& clip) {
@@ -68,15 +67,7 @@ void RowPainter::DrawRow(HDC dc, CNode& node, const RowGeometry& geometry, bool 
     const bool selected = m_Grid.m_Session.IsSelected(node);
     for (const bool nameCell : {true, false}) {
         const Rect& place = nameCell ? geometry.name : geometry.value;
-        const Size size{place.Width(), place.Height()};
-        Cell cell{node,
-                  property.Get(),
-                  geometry,
-                  nameCell,
-                  selected,
-                  lastRow,
-                  {0, 0, size.cx, size.cy},
-                  {size.cx - 1, size.cy - 1}};
+        Cell cell{node, property.Get(), geometry, nameCell, selected, lastRow, {0, 0, place.Width(), place.Height()}};
         // The window origin serves every context, also one that a host scaled or that records a metafile.
         OffsetWindowOrgEx(dc, -place.left, -place.top, nullptr);
         DrawCell(dc, cell);
@@ -87,11 +78,11 @@ void RowPainter::DrawRow(HDC dc, CNode& node, const RowGeometry& geometry, bool 
 }
 
 // A handler that raises does not keep the rest of the rows off the screen.
-bool RowPainter::RaiseDraw(HDC dc, const Cell& cell, long stage) {
+bool RowPainter::RaiseDraw(HDC dc, const Cell& cell, omDrawStage stage) {
     bool doDefault = true;
     IgnoringFailures([&] {
-        m_Grid.m_Events.PropertyDraw(dc, *cell.property, cell.extent.cx, cell.extent.cy,
-                                     static_cast<omDrawStage>(stage), doDefault);
+        const Rect& place = cell.geometry.value;
+        m_Grid.m_Events.PropertyDraw(dc, *cell.property, place.Width() - 1, place.Height() - 1, stage, doDefault);
     });
     return doDefault;
 }
@@ -177,35 +168,31 @@ void RowPainter::DrawTreeLines(HDC dc, const Cell& cell) {
     const bool textOnly = state.treeStyle == omTreelinesText;
     const bool alphabetic = state.activeView == omAlphabetic;
     const Color color = TranslateColor(state.lineColor);
-    const long top = cell.rect.top;
-    const long height = cell.rect.Height();
+    const long height = cell.rect.bottom;
+    const long middle = RoundToLong(height / 2.0);
     CNode& node = cell.node;
 
     for (CNode* parent = node.ParentNode(); parent; parent = parent->ParentNode()) {
         if (parent->IsLastSibling() || (parent->Level() == 1 && (textOnly || alphabetic)))
             continue;
         const long x = LayoutRow(metrics, 0, parent->Level(), {}).treeLineLeft;
-        if (x >= cell.geometry.row.right)
-            continue; // deeply nested: off the screen
-        DrawGridLine(dc, color, x, top, x, top + height, false);
+        if (x < cell.geometry.row.right) // else deeply nested: off the screen
+            DrawGridLine(dc, color, x, 0, x, height, false);
     }
     if (node.Level() == 1 && (alphabetic || textOnly))
         return;
 
     const long x = cell.geometry.treeLineLeft;
     const bool last = node.IsLastSibling();
-    const long start = node.IsFirstRoot() ? RoundToLong(static_cast<double>(cell.rect.bottom + top) / 2.0) : top;
-    const long half = RoundToLong(static_cast<double>(height) / 2.0);
-    const long length = !last && !node.IsFirstRoot() ? height : half;
+    const long start = node.IsFirstRoot() ? middle : 0;
+    const long length = !last && !node.IsFirstRoot() ? height : middle;
     DrawGridLine(dc, color, x, start, x, start + length, false);
 
-    const long middle = RoundToLong(static_cast<double>(height) / 2.0 + static_cast<double>(top));
     const double fontSize =
         ConvertScale(state.font.Size, ScaleMode::Point, ScaleMode::Pixel, GetDeviceCaps(dc, LOGPIXELSX), Axis::X);
-    const long branchStart = last ? x : x + 1;
-    const long branch =
-        last ? RoundToLong(static_cast<double>(state.indentation) - fontSize / 2.0) : RoundToLong(fontSize / 2.0);
-    DrawGridLine(dc, color, branchStart, middle, branchStart + branch, middle, false);
+    const long left = last ? x : x + 1;
+    const long branch = RoundToLong(last ? state.indentation - fontSize / 2.0 : fontSize / 2.0);
+    DrawGridLine(dc, color, left, middle, left + branch, middle, false);
 }
 
 void RowPainter::DrawPlusMinus(HDC dc, const Cell& cell) {
@@ -244,8 +231,7 @@ void RowPainter::DrawPropertyPicture(HDC dc, const Cell& cell) {
         return;
     const SelectGuard selected(source.Get(), handle);
     const Color mask = cell.property ? cell.property->PictureMaskColor() : 0xFFFFFF;
-    TransparentBlit(dc, {r.left, r.top, r.left + bitmap.bmWidth, r.top + bitmap.bmHeight}, source.Get(), {0, 0},
-                    {bitmap.bmWidth, bitmap.bmHeight}, TranslateColor(mask));
+    TransparentBlit(dc, {r.left, r.top}, source.Get(), {bitmap.bmWidth, bitmap.bmHeight}, TranslateColor(mask));
 }
 
 void RowPainter::DrawColorSwatch(HDC dc, Cell& cell, Color outline) {
@@ -282,9 +268,8 @@ void RowPainter::DrawBackgroundPicture(HDC dc, const Rect& clip) {
     switch (state.pictureLayout) {
     case omPictureCentered:
         Fill(dc, clip, TranslateColor(state.propertyBackColor));
-        BitBlt(dc, RoundToLong(static_cast<double>(area.Width() - size.cx) / 2.0),
-               RoundToLong(static_cast<double>(area.Height() - size.cy) / 2.0) + area.top, size.cx, size.cy,
-               source.Get(), 0, 0, SRCCOPY);
+        BitBlt(dc, RoundToLong((area.Width() - size.cx) / 2.0), RoundToLong((area.Height() - size.cy) / 2.0) + area.top,
+               size.cx, size.cy, source.Get(), 0, 0, SRCCOPY);
         break;
     case omPictureStretched: {
         const int mode = SetStretchBltMode(dc, COLORONCOLOR);

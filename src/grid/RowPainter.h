@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include "ormisk.h"
+
 namespace ormisk {
 
 class CNode;
@@ -33,7 +35,7 @@ private:
     void DrawColorSwatch(HDC dc, Cell& cell, Color outline);
     void DrawCellText(HDC dc, Cell& cell);
     void DrawGridLine(HDC dc, Color color, long x1, long y1, long x2, long y2, bool solid);
-    bool RaiseDraw(HDC dc, const Cell& cell, long stage);
+    bool RaiseDraw(HDC dc, const Cell& cell, omDrawStage stage);
 
     Grid& m_Grid;
 };

@@ -18,25 +18,6 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"OrmiskPane";
 
-int ButtonOf(UINT message) {
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONUP:
-    case WM_LBUTTONDBLCLK:
-        return 1;
-    case WM_RBUTTONDOWN:
-    case WM_RBUTTONUP:
-    case WM_RBUTTONDBLCLK:
-        return 2;
-    case WM_MBUTTONDOWN:
-    case WM_MBUTTONUP:
-    case WM_MBUTTONDBLCLK:
-        return 4;
-    default:
-        return 0;
-    }
-}
-
 int ButtonsDown(WPARAM keys) {
     return (keys & MK_LBUTTON ? 1 : 0) | (keys & MK_RBUTTON ? 2 : 0) | (keys & MK_MBUTTON ? 4 : 0);
 }
@@ -141,8 +122,8 @@ LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         break;
     default:
-        if (HandlePainting(message, wParam, result))
-            return result;
+        if (HandlePainting(message, wParam))
+            return message == WM_ERASEBKGND;
         if (HandleMouse(message, wParam, lParam) || HandleKey(message, wParam))
             return 0;
         break;
@@ -150,59 +131,45 @@ LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-bool Pane::HandlePainting(UINT message, WPARAM wParam, LRESULT& result) {
-    switch (message) {
-    case WM_ERASEBKGND: {
-        result = 1;
-        if (!m_Options.erases)
-            return true;
-        const RECT client = ToRect(ClientRect(m_hWnd));
-        const Unique<HBRUSH> brush(CreateSolidBrush(TranslateColor(m_BackColor)));
-        FillRect(reinterpret_cast<HDC>(wParam), &client, brush.get());
+bool Pane::HandlePainting(UINT message, WPARAM wParam) {
+    const Rect client = ClientRect(m_hWnd);
+    if (message == WM_ERASEBKGND) {
+        const RECT area = ToRect(client);
+        const Unique<HBRUSH> brush(m_Options.erases ? CreateSolidBrush(TranslateColor(m_BackColor)) : nullptr);
+        if (brush)
+            FillRect(reinterpret_cast<HDC>(wParam), &area, brush.get());
         return true;
     }
-    case WM_PAINT: {
-        const PaintDC paint(m_hWnd);
-        if (paint)
-            m_Listener->OnPaint(*this, paint.Get(), FromRect(paint.UpdateRect()));
+    if (message == WM_PRINTCLIENT) {
+        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), client);
         return true;
     }
-    case WM_PRINTCLIENT: {
-        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), ClientRect(m_hWnd));
-        return true;
-    }
-    default:
+    if (message != WM_PAINT)
         return false;
-    }
+    const PaintDC paint(m_hWnd);
+    if (paint)
+        m_Listener->OnPaint(*this, paint.Get(), FromRect(paint.UpdateRect()));
+    return true;
 }
 
+// The messages of a button come by three (down, up, double click), and those of the left, the right and the middle one
+// follow each other.
 bool Pane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
-    MouseEvent event{MouseStage::Down, ButtonOf(message), ShiftState(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN:
-    case WM_MBUTTONDOWN:
-    case WM_RBUTTONDBLCLK:
-    case WM_MBUTTONDBLCLK:
-        ButtonDown(event, false);
-        return true;
-    case WM_LBUTTONDBLCLK:
-        ButtonDown(event, true);
-        return true;
-    case WM_LBUTTONUP:
-    case WM_RBUTTONUP:
-    case WM_MBUTTONUP:
-        event.stage = MouseStage::Up;
-        ButtonUp(event);
-        return true;
-    case WM_MOUSEMOVE:
-        event.stage = MouseStage::Move;
-        event.button = ButtonsDown(wParam);
+    MouseEvent event{MouseStage::Move, ButtonsDown(wParam), ShiftState(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    if (message == WM_MOUSEMOVE) {
         m_Listener->OnMouse(*this, event);
         return true;
-    default:
-        return false;
     }
+    if (message < WM_LBUTTONDOWN || message > WM_MBUTTONDBLCLK)
+        return false;
+    const UINT kind = (message - WM_LBUTTONDOWN) % 3;
+    event.button = 1 << (message - WM_LBUTTONDOWN) / 3;
+    event.stage = kind == 1 ? MouseStage::Up : MouseStage::Down;
+    if (kind == 1)
+        ButtonUp(event);
+    else
+        ButtonDown(event, kind == 2 && event.button == 1);
+    return true;
 }
 
 void Pane::ButtonDown(const MouseEvent& event, bool doubleClick) {
@@ -243,11 +210,9 @@ bool Pane::HandleKey(UINT message, WPARAM wParam) {
     int code = static_cast<int>(wParam);
     switch (message) {
     case WM_KEYDOWN:
-        m_Listener->OnKeyDown(*this, code, ShiftState());
-        return true;
     case WM_SYSKEYDOWN:
         m_Listener->OnKeyDown(*this, code, ShiftState());
-        return code == 0;
+        return message == WM_KEYDOWN || code == 0;
     case WM_KEYUP:
         m_Listener->OnKeyUp(*this, code, ShiftState());
         return true;
@@ -286,15 +251,9 @@ float Pane::Width() const { return Units().ToUnits(WindowRect(m_hWnd).Width(), A
 
 float Pane::Height() const { return Units().ToUnits(WindowRect(m_hWnd).Height(), Axis::Y); }
 
-void Pane::SetVisible(bool visible) {
-    if (m_hWnd)
-        ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE);
-}
+void Pane::SetVisible(bool visible) { ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE); }
 
-void Pane::BringToTop() {
-    if (m_hWnd)
-        SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-}
+void Pane::BringToTop() { SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE); }
 
 void Pane::SetBackColor(Color color) {
     m_BackColor = color;
@@ -304,12 +263,12 @@ void Pane::SetBackColor(Color color) {
 void Pane::SetBorder(Border border) {
     if (!m_hWnd)
         return;
-    const auto style = static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)) & ~static_cast<DWORD>(WS_BORDER);
-    const auto extended =
-        static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_EXSTYLE)) & ~static_cast<DWORD>(WS_EX_CLIENTEDGE);
-    SetWindowLongPtrW(m_hWnd, GWL_STYLE, static_cast<LONG>(style | (border == Border::Line ? WS_BORDER : 0)));
-    SetWindowLongPtrW(m_hWnd, GWL_EXSTYLE,
-                      static_cast<LONG>(extended | (border == Border::Sunken ? WS_EX_CLIENTEDGE : 0)));
+    const auto set = [&](int index, LONG_PTR bit, bool on) {
+        const LONG_PTR style = GetWindowLongPtrW(m_hWnd, index);
+        SetWindowLongPtrW(m_hWnd, index, on ? style | bit : style & ~bit);
+    };
+    set(GWL_STYLE, WS_BORDER, border == Border::Line);
+    set(GWL_EXSTYLE, WS_EX_CLIENTEDGE, border == Border::Sunken);
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }

@@ -108,7 +108,7 @@ private:
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleKey(UINT message, WPARAM wParam);
-    bool HandlePainting(UINT message, WPARAM wParam, LRESULT& result);
+    bool HandlePainting(UINT message, WPARAM wParam);
     void ButtonDown(const MouseEvent& event, bool doubleClick);
     void ButtonUp(const MouseEvent& event);
 
