@@ -22,13 +22,22 @@ void DrawFocus(HDC dc, const RECT& place) {
 // A pane that the keyboard is in.
 void DrawFocusWithin(HDC dc, Size pane) { DrawFocus(dc, {2, 2, pane.cx - 2, pane.cy - 2}); }
 
+// Without a font there is no text.
+void DrawTextIn(HDC dc, HFONT font, const std::wstring& text, const Rect& place, UINT format, bool unicode) {
+    const SelectGuard selected(dc, font);
+    RECT rc = ToRect(place);
+    if (font)
+        DrawTextMultiLang(dc, text, rc, format, unicode);
+}
+
 } // namespace
 
 Color ChromePainter::BackColor() const { return TranslateColor(static_cast<Color>(m_Grid.m_State.backColor)); }
 
-void ChromePainter::PrepareText(HDC dc) const {
+HFONT ChromePainter::PrepareText(HDC dc) const {
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, TextColor(m_Grid.m_State, m_Grid.m_State.foreColor));
+    return m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"TreeFont");
 }
 
 // The tab behind goes first, and the frame closes over both.
@@ -39,7 +48,6 @@ void ChromePainter::DrawTabs(HDC dc) {
     const std::wstring captions[] = {m_Grid.m_ChromeMetrics.CaptionText(state.alphabeticTabCaption, L"Alphabetic"),
                                      m_Grid.m_ChromeMetrics.CaptionText(state.categorizedTabCaption, L"Categorized")};
     const int front = state.activeView == omAlphabetic ? 0 : 1;
-    PrepareText(dc);
     DrawTab(dc, 1 - front, captions[1 - front], false);
     DrawTab(dc, front, captions[front], true);
     for (const ShadedLine& line :
@@ -51,13 +59,9 @@ void ChromePainter::DrawTab(HDC dc, int index, const std::wstring& caption, bool
     const TabStrip::Face face = m_Grid.m_ChromeMetrics.Tabs().TabFace(index, !inFront);
     for (const ShadedLine& line : face.lines)
         DrawLine(dc, line);
-    RECT place = ToRect(face.caption);
-    if (const HFONT font = m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"TreeFont")) {
-        const SelectGuard selected(dc, font);
-        DrawTextMultiLang(dc, caption, place, kTabFormat, m_Grid.m_State.unicode);
-    }
+    DrawTextIn(dc, PrepareText(dc), caption, face.caption, kTabFormat, m_Grid.m_State.unicode);
     if (inFront && m_Grid.m_Panes.m_picTabContainer.HasFocus())
-        DrawFocus(dc, place);
+        DrawFocus(dc, ToRect(face.caption));
 }
 
 void ChromePainter::DrawLine(HDC dc, const ShadedLine& line) {
@@ -82,27 +86,15 @@ void ChromePainter::DrawColumnHeader(HDC dc, bool nameColumn) {
         Draw3DBorder(m_Grid.m_ResourceMgr, dc, client, BackColor());
     else
         DrawEdge(dc, &edge, EDGE_RAISED, BF_RECT | BF_FLAT);
-    DrawHeaderCaption(dc, nameColumn, size);
+    DrawTextIn(dc, PrepareText(dc),
+               nameColumn ? m_Grid.m_ChromeMetrics.CaptionText(state.nameCaption, L"Property")
+                          : m_Grid.m_ChromeMetrics.CaptionText(state.valueCaption, L"Value"),
+               HeaderCaption(size), kHeaderFormat, state.unicode);
     // It stands on the names, whichever column sorts.
     if (nameColumn && state.sorted)
         DrawSortArrow(dc, size);
     if (nameColumn && panes.m_picHeaderContainer.HasFocus())
         DrawFocusWithin(dc, size);
-}
-
-void ChromePainter::DrawHeaderCaption(HDC dc, bool nameColumn, Size client) {
-    const GridState& state = m_Grid.m_State;
-    const ChromeMetrics& metrics = m_Grid.m_ChromeMetrics;
-    const HFONT font = m_Grid.m_ResourceMgr.GetFont(state.font, L"TreeFont");
-    if (!font)
-        return;
-    const SelectGuard selected(dc, font);
-    PrepareText(dc);
-    RECT place = ToRect(HeaderCaption(client));
-    DrawTextMultiLang(dc,
-                      nameColumn ? metrics.CaptionText(state.nameCaption, L"Property")
-                                 : metrics.CaptionText(state.valueCaption, L"Value"),
-                      place, kHeaderFormat, state.unicode);
 }
 
 void ChromePainter::DrawSortArrow(HDC dc, Size client) {
@@ -140,20 +132,16 @@ void ChromePainter::DrawDescription(HDC dc) {
 }
 
 void ChromePainter::DrawHelp(HDC dc, const CProperty& property, Size client) {
-    PrepareText(dc);
-    FontDescription font = m_Grid.m_State.font;
-    const auto draw = [&](const std::wstring& text, const wchar_t* key, const Rect& place, UINT format) {
-        RECT rc = ToRect(place);
-        if (const HFONT handle = m_Grid.m_ResourceMgr.GetFont(font, key)) {
-            const SelectGuard selected(dc, handle);
-            DrawTextMultiLang(dc, text, rc, format, property.ByteExpanded());
-        }
-    };
+    CResourceMgr& resources = m_Grid.m_ResourceMgr;
     const long rowHeight = m_Grid.m_Panes.RowHeight();
+    FontDescription font = m_Grid.m_State.font;
+    PrepareText(dc);
     font.Bold = true;
-    draw(property.Name(), L"HELPCAPTION", HelpCaption(client, rowHeight), kHelpCaptionFormat);
+    DrawTextIn(dc, resources.GetFont(font, L"HELPCAPTION"), property.Name(), HelpCaption(client, rowHeight),
+               kHelpCaptionFormat, property.ByteExpanded());
     font.Bold = false;
-    draw(property.Help(), L"HELPSTRING", HelpText(client, rowHeight), kHelpFormat);
+    DrawTextIn(dc, resources.GetFont(font, L"HELPSTRING"), property.Help(), HelpText(client, rowHeight), kHelpFormat,
+               property.ByteExpanded());
 }
 
 } // namespace ormisk

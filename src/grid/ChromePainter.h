@@ -26,11 +26,11 @@ public:
 private:
     void DrawTab(HDC dc, int index, const std::wstring& caption, bool inFront);
     void DrawLine(HDC dc, const ShadedLine& line);
-    void DrawHeaderCaption(HDC dc, bool nameColumn, Size client);
     void DrawSortArrow(HDC dc, Size client);
     Unique<HBITMAP> GetArrowBitmap(HDC dc, bool up);
     void DrawHelp(HDC dc, const CProperty& property, Size client);
-    void PrepareText(HDC dc) const; // transparent, in the colour of the control
+    // Text becomes transparent and of the control's colour. Gives the control's font, or null.
+    HFONT PrepareText(HDC dc) const;
     Color BackColor() const;
 
     Grid& m_Grid;

@@ -90,16 +90,15 @@ void Input::OnAccessKey(wchar_t key) {
         SwitchView(omCatagorized);
 }
 
-Point Input::CursorOnTree() const {
-    POINT point{};
+Ref<CNode> Input::RowUnderCursor(POINT& point) const {
     GetCursorPos(&point);
     ScreenToClient(m_Grid.m_Panes.TreeWnd(), &point);
-    return {point.x, point.y};
+    return m_Grid.m_Panes.RowFromPoint(point.x, point.y);
 }
 
 void Input::OnTreeClick() {
-    const Point at = CursorOnTree();
-    const Ref<CNode> node = m_Grid.m_Panes.RowFromPoint(at.x, at.y);
+    POINT at{};
+    const Ref<CNode> node = RowUnderCursor(at);
     if (!node)
         return;
     const RowGeometry geometry = m_Grid.m_Panes.GeometryOf(*node);
@@ -110,8 +109,8 @@ void Input::OnTreeClick() {
 }
 
 void Input::OnTreeDblClick() {
-    const Point at = CursorOnTree();
-    const Ref<CNode> node = m_Grid.m_Panes.RowFromPoint(at.x, at.y);
+    POINT at{};
+    const Ref<CNode> node = RowUnderCursor(at);
     if (!node)
         return;
     node->SetExpanded(!node->Expanded());
@@ -134,7 +133,9 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
     // Help is asked for in place of the key.
     if (&pane == &m_Grid.m_Panes.m_picTreeContainer && keyCode == VK_F1 && m_Grid.m_Session.SelectedNode()) {
         keyCode = 0;
-        RequestHelp();
+        bool processDefault = true;
+        if (const ComPtr<CProperty> property{m_Grid.m_Session.SelectedProperty()})
+            m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
         return;
     }
     m_Grid.m_Events.KeyDown(keyCode, shift);
@@ -243,14 +244,6 @@ Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
         }
     }
     return nullptr;
-}
-
-void Input::RequestHelp() {
-    const ComPtr<CProperty> property(m_Grid.m_Session.SelectedProperty());
-    if (!property)
-        return;
-    bool processDefault = true;
-    m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
 }
 
 // The text box is no pane: the control is held here while the host is told.

@@ -47,8 +47,7 @@ private:
     Ref<CNode> RowAt(long row) const;
     Ref<CNode> PageFrom(const CNode& node, int direction) const;
     Ref<CNode> FindRowByInitial(const CNode& node, int character) const;
-    void RequestHelp();
-    Point CursorOnTree() const;
+    Ref<CNode> RowUnderCursor(POINT& point) const; // which is told, on the tree
 
     Grid& m_Grid;
 };

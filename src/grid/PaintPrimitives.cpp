@@ -33,10 +33,7 @@ void DrawPath(HDC dc, HPEN pen, std::initializer_list<POINT> points) {
 
 void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
     const Shades shades = ShadesOf(base);
-    const long l = rc.left;
-    const long t = rc.top;
-    const long r = rc.right;
-    const long b = rc.bottom;
+    const auto& [l, t, r, b] = rc;
     const auto path = [&](Color color, const wchar_t* key, std::initializer_list<POINT> points) {
         DrawPath(dc, resources.GetPen(color, key), points);
     };
@@ -73,22 +70,11 @@ void TileBitmap(HDC target, IPicture* picture, const Rect& area, HDC source) {
     const Size tile = PicturePixels(picture);
     if ((type != PICTYPE_BITMAP && type != PICTYPE_ICON) || tile.cx <= 0 || tile.cy <= 0)
         return;
-    // A width that reaches exactly 0 would never get ahead.
-    const auto guarded = [](long extent) { return extent == 0 ? 4 : extent; };
-    long y = area.top;
-    long sourceY = area.top % tile.cy;
-    while (y < area.bottom) {
-        const long height = guarded(std::min(tile.cy - sourceY, area.bottom - y));
-        long x = area.left;
-        long sourceX = area.left % tile.cx;
-        while (x < area.right) {
-            const long width = guarded(std::min(tile.cx - sourceX, area.right - x));
-            BitBlt(target, x, y, width, height, source, sourceX, sourceY, SRCCOPY);
-            x += width;
-            sourceX = 0;
-        }
-        y += height;
-        sourceY = 0;
+    for (long y = area.top; y < area.bottom; y += tile.cy - y % tile.cy) {
+        const long height = std::min(tile.cy - y % tile.cy, area.bottom - y);
+        for (long x = area.left; x < area.right; x += tile.cx - x % tile.cx)
+            BitBlt(target, x, y, std::min(tile.cx - x % tile.cx, area.right - x), height, source, x % tile.cx,
+                   y % tile.cy, SRCCOPY);
     }
 }
 

@@ -109,35 +109,32 @@ void RecordToolbar::Paint(const Pane& pane, HDC dc) {
     if (!button)
         return;
     const auto index = button - m_Buttons.data();
-    const Size size = pane.ClientSize();
-    RECT rc{0, 0, size.cx, size.cy};
-    Color color = TranslateColor(static_cast<Color>(m_Grid.m_State.foreColor));
     const bool enabled = button->Enabled() && m_Grid.m_State.enabled;
+    const Size size = pane.ClientSize();
+    Color color = TranslateColor(m_Grid.m_State.foreColor);
     if (!enabled) {
         const Color back = TranslateColor(pane.BackColor());
         color = BlendColor(std::max(color, back), std::min(color, back), 0.75F);
     }
-    // The first two lead back, and the outer ones to an end.
-    DrawArrow(dc, size, color, index < 2, index == 0 || index == 3);
+    const HPEN pen = m_Grid.m_ResourceMgr.GetPen(color, L"ArrowColor");
+    const HBRUSH brush = m_Grid.m_ResourceMgr.GetBrush(color, L"ArrowFillColor");
+    if (pen && brush) {
+        // The first two lead back, and the outer ones to an end.
+        const bool toEnd = index == 0 || index == 3;
+        const auto [triangle, bar] = LayoutArrow(size, index < 2, toEnd);
+        const auto point = [](const Point& at) { return POINT{at.x, at.y}; };
+        const POINT corners[] = {point(triangle[0]), point(triangle[1]), point(triangle[2])};
+        const SelectGuard penSelected(dc, pen);
+        const SelectGuard brushSelected(dc, brush);
+        Polygon(dc, corners, 3);
+        if (toEnd)
+            DrawPath(dc, pen, {point(bar[0]), point(bar[1])});
+    }
+    RECT rc{0, 0, size.cx, size.cy};
     if (enabled && button->Pressed())
         DrawEdge(dc, &rc, BDR_SUNKENOUTER, BF_RECT);
     else if (enabled && button->Highlighted())
         DrawEdge(dc, &rc, BDR_RAISEDINNER, BF_RECT);
-}
-
-void RecordToolbar::DrawArrow(HDC dc, Size size, Color color, bool toLeft, bool withBar) {
-    const HPEN pen = m_Grid.m_ResourceMgr.GetPen(color, L"ArrowColor");
-    const HBRUSH brush = m_Grid.m_ResourceMgr.GetBrush(color, L"ArrowFillColor");
-    if (!pen || !brush)
-        return;
-    const ToolbarArrow arrow = LayoutArrow(size, toLeft, withBar);
-    const auto point = [](const Point& at) { return POINT{at.x, at.y}; };
-    const POINT triangle[] = {point(arrow.triangle[0]), point(arrow.triangle[1]), point(arrow.triangle[2])};
-    const SelectGuard penSelected(dc, pen);
-    const SelectGuard brushSelected(dc, brush);
-    Polygon(dc, triangle, 3);
-    if (withBar)
-        DrawPath(dc, pen, {point(arrow.bar[0]), point(arrow.bar[1])});
 }
 
 } // namespace ormisk

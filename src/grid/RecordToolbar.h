@@ -55,7 +55,6 @@ private:
     void MouseMove(const Pane& pane);
     void Highlight(const CButton* button); // that one only; null for none
     void Press(const CButton* button);
-    void DrawArrow(HDC dc, Size size, Color color, bool toLeft, bool withBar);
 
     Grid& m_Grid;
     std::array<CButton, 4> m_Buttons; // first, previous, next, last
