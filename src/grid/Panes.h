@@ -51,7 +51,6 @@ public:
     // The first displayed row at a point, or null; edges find nothing.
     Ref<CNode> RowFromPoint(long x, long y) const;
     long RowHeight() const { return m_RowHeight; }
-    long HeaderHeight() const { return m_HeaderHeight; }
 
     // In units of the scale.
     float ScrollBarUnits() const; // its width while it is shown, else 0

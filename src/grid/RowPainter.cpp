@@ -13,12 +13,6 @@
 
 namespace ormisk {
 
-namespace {
-
-constexpr UINT kCellFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
-
-} // namespace
-
 // A cell in work, in coordinates of its own.
 struct RowPainter::Cell {
     CNode& node;
@@ -246,12 +240,13 @@ void RowPainter::DrawColorSwatch(HDC dc, Cell& cell, Color outline) {
 }
 
 void RowPainter::DrawCellText(HDC dc, Cell& cell) {
+    constexpr UINT kFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
     RowLook& look = m_Grid.m_RowLook;
     const std::wstring& text = look.CellText(cell.node, cell.property, cell.nameCell);
     RECT rc = ToRect(cell.rect);
     rc.left += 2 + (cell.nameCell ? cell.geometry.textLeft : 0);
     rc.right -= 2;
-    DrawTextMultiLang(dc, text, rc, kCellFormat, look.ByteExpanded(cell.property));
+    DrawTextMultiLang(dc, text, rc, kFormat, look.ByteExpanded(cell.property));
 }
 
 void RowPainter::DrawBackgroundPicture(HDC dc, const Rect& clip) {

@@ -7,7 +7,6 @@
 #include "win/Dpi.h"
 #include "win/Gdi.h"
 #include "win/Module.h"
-#include "win/Rects.h"
 
 #include <algorithm>
 #include <windowsx.h>
@@ -231,10 +230,6 @@ Size Pane::ClientSize() const {
 
 UnitScale Pane::Units() const { return {m_Scale, static_cast<double>(DpiOf(m_hWnd))}; }
 
-float Pane::ScaleWidth() const { return Units().ToUnits(ClientSize().cx, Axis::X); }
-
-float Pane::ScaleHeight() const { return Units().ToUnits(ClientSize().cy, Axis::Y); }
-
 void Pane::SetBounds(float left, float top, float width, float height) {
     const long x = RoundToLong(UnitsToPixelsX(left));
     const long y = RoundToLong(UnitsToPixelsY(top));
@@ -246,10 +241,6 @@ void Pane::MovePixels(const Rect& place) {
         SetWindowPos(m_hWnd, nullptr, place.left, place.top, std::max(place.Width(), 0L), std::max(place.Height(), 0L),
                      SWP_NOZORDER | SWP_NOACTIVATE);
 }
-
-float Pane::Width() const { return Units().ToUnits(WindowRect(m_hWnd).Width(), Axis::X); }
-
-float Pane::Height() const { return Units().ToUnits(WindowRect(m_hWnd).Height(), Axis::Y); }
 
 void Pane::SetVisible(bool visible) { ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE); }
 

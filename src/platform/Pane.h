@@ -3,7 +3,7 @@
 #include "platform/Color.h"
 #include "platform/Scale.h"
 #include "platform/Splitter.h"
-#include "win/Geometry.h"
+#include "win/Rects.h"
 
 #include <unknwn.h>
 #include <windows.h>
@@ -76,8 +76,8 @@ public:
     ScaleMode Scale() const { return m_Scale; }
     UnitScale Units() const;
     Size ClientSize() const; // pixels
-    float ScaleWidth() const override;
-    float ScaleHeight() const override;
+    float ScaleWidth() const override { return Units().ToUnits(ClientSize().cx, Axis::X); }
+    float ScaleHeight() const override { return Units().ToUnits(ClientSize().cy, Axis::Y); }
     float PixelsToUnitsX(float pixels) const override { return Units().ToUnits(pixels, Axis::X); }
     float PixelsToUnitsY(float pixels) const override { return Units().ToUnits(pixels, Axis::Y); }
     float UnitsToPixelsX(float units) const override { return Units().ToPixels(units, Axis::X); }
@@ -85,8 +85,8 @@ public:
 
     void SetBounds(float left, float top, float width, float height) override;
     void MovePixels(const Rect& place);
-    float Width() const override;
-    float Height() const override;
+    float Width() const override { return Units().ToUnits(WindowRect(m_hWnd).Width(), Axis::X); }
+    float Height() const override { return Units().ToUnits(WindowRect(m_hWnd).Height(), Axis::Y); }
     void SetVisible(bool visible) override;
     void BringToTop();
 
