@@ -13,7 +13,7 @@ namespace ormisk {
 // A line in a shade of the back colour. It leaves its last point out.
 enum class Shade { Lighter, Dark, Darker };
 struct ShadedLine {
-    Shade shade;
+    Shade shade = Shade::Lighter;
     Point from;
     Point to;
 };

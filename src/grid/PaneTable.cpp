@@ -3,6 +3,7 @@
 #include "grid/Grid.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace ormisk {
 

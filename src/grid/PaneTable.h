@@ -40,8 +40,8 @@ inline constexpr int kPaneCount = 14;
 
 // What is told apart about a pane, and who answers it: whatever a pane has no entry for, it does not do.
 struct PaneEntry {
-    PaneId id;
-    PaneId parent;
+    PaneId id = PaneId::Control;
+    PaneId parent = PaneId::Control;
     Pane::Options options = {};
     omHitItem hitItem = omNowhere;         // that hosts hear
     CSplitter Panes::* splitter = nullptr; // between the two panes in it

@@ -5,6 +5,7 @@
 #include "platform/FontDescription.h"
 #include "win/Geometry.h"
 
+#include <ocidl.h>
 #include <optional>
 #include <string>
 

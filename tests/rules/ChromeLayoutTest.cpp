@@ -11,10 +11,10 @@ TEST(ChromeLayout, TabsAreAsWideAsTheirTextsOrHalfOfTheStrip) {
     const UnitScale inches{ScaleMode::Inch, 96};
     const struct {
         UnitScale scale;
-        long strip;
-        bool unicode;
+        long strip = 0;
+        bool unicode = false;
         Rect first;
-        long end; // of the second tab
+        long end = 0; // of the second tab
     } cases[] = {
         {pixels, 400, false, {0, 0, 97, 20}, 194}, // 60 * 1.4 + 10 + 3
         {pixels, 194, false, {0, 0, 97, 20}, 194},
@@ -80,11 +80,11 @@ TEST(ChromeLayout, PartsOfTheToolbarStandSideBySide) {
 
 TEST(ChromeLayout, ArrowsAreMirroredAndInTheMiddle) {
     const struct {
-        bool toLeft;
-        bool withBar;
+        bool toLeft = false;
+        bool withBar = false;
         Point apex;
-        long base;
-        long bar;
+        long base = 0;
+        long bar = 0;
     } cases[] = {
         {true, false, {6, 8}, 10, 10},
         {false, false, {10, 8}, 6, 6},
