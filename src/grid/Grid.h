@@ -12,9 +12,10 @@
 #include "grid/ListInput.h"
 #include "grid/ModelView.h"
 #include "grid/ObjectLoader.h"
-#include "grid/PaneMessages.h"
+#include "grid/PaneEvents.h"
 #include "grid/Panes.h"
 #include "grid/RecordToolbar.h"
+#include "grid/RowLook.h"
 #include "grid/RowPainter.h"
 #include "grid/Selection.h"
 #include "model/CProperties.h"
@@ -87,7 +88,9 @@ public:
     GridProperties m_Properties;
     ModelView m_ModelView;
     ObjectLoader m_ObjectLoader;
+    PaneEvents m_PaneEvents;
     Panes m_Panes;
+    RowLook m_RowLook;
     RowPainter m_RowPainter;
     ChromeMetrics m_ChromeMetrics;
     ChromePainter m_ChromePainter;
@@ -95,7 +98,6 @@ public:
     Input m_Input;
     ListInput m_ListInput;
     FocusOrder m_FocusOrder;
-    PaneMessages m_PaneMessages;
     Selection m_Selection;
     EditSession m_Session;
 

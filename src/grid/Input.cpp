@@ -36,51 +36,30 @@ void TypeAgain(int keyCode, int shift) {
 
 omHitItem Input::HitItemOf(const Pane& pane, const MouseEvent& event) const {
     const Panes& panes = m_Grid.m_Panes;
-    if (&pane == &panes.m_picTabContainer) {
-        if (!m_Grid.m_State.showTabs)
-            return omNowhere;
-        if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.AlphabeticTab()))
-            return omAlphabeticTab;
-        return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.CategorizedTab()) ? omCategorizedTab : omNowhere;
-    }
-    const struct {
-        const Pane& pane;
-        omHitItem item;
-    } items[] = {
-        {panes.m_picTreeContainer, omPropertiesArea},
-        {panes.m_picRSToolbar, omRSToolbar},
-        {panes.m_lblTotalRecords, omRSToolbarInfo},
-        {panes.m_picShowFirst, omRSToolbarFirstButton},
-        {panes.m_picShowLast, omRSToolbarLastButton},
-        {panes.m_picShowNext, omRSToolbarNextButton},
-        {panes.m_picShowPrevious, omRSToolbarPreviousButton},
-        {panes.m_picDescPane, omDescriptionPane},
-        {panes.m_picBG, omDescriptionSplitter},
-        {panes.m_picNameHeader, omNameHeader},
-        {panes.m_picValueHeader, omValueHeader},
-        {panes.m_picHeaderContainer, omHeaderSplitter},
-    };
-    for (const auto& entry : items)
-        if (&entry.pane == &pane)
-            return entry.item;
-    return omNowhere;
+    if (&pane != &panes.m_picTabContainer)
+        return panes.EntryOf(pane).hitItem;
+    if (!m_Grid.m_State.showTabs)
+        return omNowhere;
+    if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.Tabs().Tab(0)))
+        return omAlphabeticTab;
+    return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.Tabs().Tab(1)) ? omCategorizedTab : omNowhere;
 }
 
-void Input::PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage) {
-    using Stage = GridEvents::MouseStage;
+void Input::PaneMouse(const Pane& pane, const MouseEvent& event) {
     const omHitItem item = HitItemOf(pane, event);
-    if (stage == Stage::Down && event.button == 1 && (item == omAlphabeticTab || item == omCategorizedTab))
+    MouseStage stage = event.stage;
+    if (stage == MouseStage::Down && event.button == 1 && (item == omAlphabeticTab || item == omCategorizedTab))
         TabMouseDown(item);
     if (!m_Grid.IsAlive())
         return;
     // Hosts know the value header by this: a move is told as a release, and a release as a press.
-    if (&pane == &m_Grid.m_Panes.m_picValueHeader && stage != Stage::Down)
-        stage = stage == Stage::Move ? Stage::Up : Stage::Down;
+    if (item == omValueHeader && stage != MouseStage::Down)
+        stage = stage == MouseStage::Move ? MouseStage::Up : MouseStage::Down;
     FireMouseEvent(pane, event, stage, item);
 }
 
 // In the control's coordinates and scale.
-void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage, omHitItem hitItem) {
+void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, MouseStage stage, omHitItem hitItem) {
     const Pane& control = m_Grid.m_Panes.m_Control;
     POINT point{event.x, event.y};
     ClientToScreen(pane.hWnd(), &point);
@@ -93,31 +72,20 @@ void Input::SwitchView(omActiveView view) { m_Grid.m_Properties.Put<&GridState::
 
 void Input::TabMouseDown(omHitItem tab) {
     const omActiveView view = tab == omAlphabeticTab ? omAlphabetic : omCatagorized;
-    if (m_Grid.m_State.activeView == view && m_bTabFocused)
+    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
+    if (m_Grid.m_State.activeView == view && strip.HasFocus())
         return;
     IgnoringFailures([&] { SwitchView(view); });
-    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
-    m_bTabFocused = strip.HasFocus(); // unless a handler took it elsewhere
     strip.Invalidate(true);
 }
 
 void Input::TabKeyDown(int keyCode) {
-    if (!m_bTabFocused)
+    if (!m_Grid.m_Panes.m_picTabContainer.HasFocus())
         return;
     if (keyCode == VK_LEFT && m_Grid.m_State.activeView != omAlphabetic)
         SwitchView(omAlphabetic);
     else if (keyCode == VK_RIGHT && m_Grid.m_State.activeView == omAlphabetic)
         SwitchView(omCatagorized);
-}
-
-void Input::TabsGotFocus() {
-    m_bTabFocused = true;
-    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
-}
-
-void Input::TabsLostFocus() {
-    m_bTabFocused = false;
-    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
 }
 
 std::wstring Input::AccessKeys() const {
@@ -138,16 +106,15 @@ void Input::OnAccessKey(wchar_t key) {
         SwitchView(omCatagorized);
 }
 
-Point Input::CursorOnTree() const {
-    POINT point{};
+Ref<CNode> Input::RowUnderCursor(POINT& point) const {
     GetCursorPos(&point);
     ScreenToClient(m_Grid.m_Panes.TreeWnd(), &point);
-    return {point.x, point.y};
+    return m_Grid.m_Panes.RowFromPoint(point.x, point.y);
 }
 
 void Input::OnTreeClick() {
-    const Point at = CursorOnTree();
-    const Ref<CNode> node = m_Grid.m_Panes.RowFromPoint(at.x, at.y);
+    POINT at{};
+    const Ref<CNode> node = RowUnderCursor(at);
     if (!node)
         return;
     const RowGeometry geometry = m_Grid.m_Panes.GeometryOf(*node);
@@ -158,8 +125,8 @@ void Input::OnTreeClick() {
 }
 
 void Input::OnTreeDblClick() {
-    const Point at = CursorOnTree();
-    const Ref<CNode> node = m_Grid.m_Panes.RowFromPoint(at.x, at.y);
+    POINT at{};
+    const Ref<CNode> node = RowUnderCursor(at);
     if (!node)
         return;
     node->SetExpanded(!node->Expanded());
@@ -179,24 +146,18 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
     // A control that is disabled while it has the focus keeps the focus, but takes no keys.
     if (!m_Grid.m_State.enabled)
         return;
-    const bool rows = &pane == &m_Grid.m_Panes.m_picTreeContainer;
     // Help is asked for in place of the key.
-    if (rows && keyCode == VK_F1 && m_Grid.m_Selection.SelectedNode()) {
+    if (&pane == &m_Grid.m_Panes.m_picTreeContainer && keyCode == VK_F1 && m_Grid.m_Selection.SelectedNode()) {
         keyCode = 0;
-        RequestHelp();
+        bool processDefault = true;
+        if (const ComPtr<CProperty> property{m_Grid.m_Selection.SelectedProperty()})
+            m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
         return;
     }
     m_Grid.m_Events.KeyDown(keyCode, shift);
-    if (keyCode == 0 || !m_Grid.IsAlive())
-        return;
-    if (rows)
-        OnTreeKeyDown(keyCode, shift);
-    else if (&pane == &m_Grid.m_Panes.m_picTabContainer)
-        TabKeyDown(keyCode);
-    else if (&pane == &m_Grid.m_Panes.m_picHeaderContainer)
-        m_Grid.m_FocusOrder.HeaderKeyDown(keyCode, shift);
-    else if (&pane == &m_Grid.m_Panes.m_picDescPane)
-        m_Grid.m_FocusOrder.DescriptionKeyDown(keyCode, shift);
+    const auto hears = m_Grid.m_Panes.EntryOf(pane).keyDown;
+    if (hears && keyCode != 0 && m_Grid.IsAlive())
+        hears(m_Grid, keyCode, shift);
 }
 
 void Input::OnTreeKeyDown(int keyCode, int shift) {
@@ -261,12 +222,9 @@ bool Input::HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected,
             target = Ref<CNode>(node.NextVisible());
         return true;
     case VK_ADD:
-        if (parent && !node.Expanded())
-            node.SetExpanded(true);
-        return true;
     case VK_SUBTRACT:
-        if (parent && node.Expanded())
-            node.SetExpanded(false);
+        if (parent)
+            node.SetExpanded(keyCode == VK_ADD);
         return true;
     default:
         return false;
@@ -296,22 +254,12 @@ void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, R
 }
 
 Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
-    const auto matches = [&](const CNode& row) { return FirstUpper(row.Name()) == static_cast<wchar_t>(character); };
-    for (CNode* row = node.NextVisible(); row; row = row->NextVisible())
-        if (matches(*row))
-            return Ref<CNode>(row);
-    for (CNode* row = m_Grid.m_ActiveNodes->NodeAtRow(0); row; row = row->NextVisible())
-        if (matches(*row))
-            return Ref<CNode>(row);
+    for (CNode* start : {node.NextVisible(), m_Grid.m_ActiveNodes->NodeAtRow(0)}) {
+        for (CNode* row = start; row; row = row->NextVisible())
+            if (FirstUpper(row->Name()) == static_cast<wchar_t>(character))
+                return Ref<CNode>(row);
+    }
     return nullptr;
-}
-
-void Input::RequestHelp() {
-    const ComPtr<CProperty> property(m_Grid.m_Selection.SelectedProperty());
-    if (!property)
-        return;
-    bool processDefault = true;
-    m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
 }
 
 // The text box is no pane: the control is held here while the host is told.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "grid/GridEvents.h"
-#include "platform/Pane.h"
 #include "platform/TextBox.h"
 #include "tree/CNode.h"
 
@@ -16,7 +15,7 @@ public:
     explicit Input(Grid& grid) : m_Grid(grid) {}
 
     // A mouse event of any pane.
-    void PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage);
+    void PaneMouse(const Pane& pane, const MouseEvent& event);
     // The mouse on the rows, where the cursor is now.
     void OnTreeClick();
     void OnTreeDblClick();
@@ -24,9 +23,8 @@ public:
 
     // A key in any pane: the host hears it first and may change it.
     void PaneKeyDown(const Pane& pane, int& keyCode, int shift);
-    void TabsGotFocus(); // the arrows then switch the view
-    void TabsLostFocus();
-    bool TabsFocused() const { return m_bTabFocused; }
+    void OnTreeKeyDown(int keyCode, int shift);
+    void TabKeyDown(int keyCode); // the arrows switch the view while the strip has the focus
     // An access key of the control was pressed.
     void OnAccessKey(wchar_t key);
     std::wstring AccessKeys() const;
@@ -39,23 +37,19 @@ private:
     void OnGotFocus() override;
     void OnLostFocus() override;
 
-    void FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage, omHitItem hitItem);
+    void FireMouseEvent(const Pane& pane, const MouseEvent& event, MouseStage stage, omHitItem hitItem);
     omHitItem HitItemOf(const Pane& pane, const MouseEvent& event) const;
     void TabMouseDown(omHitItem tab);
-    void TabKeyDown(int keyCode);
     void SwitchView(omActiveView view);
-    void OnTreeKeyDown(int keyCode, int shift);
     bool HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
     void HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
     void DropDown(const Ref<CNode>& selected, Ref<CNode>& target);
     Ref<CNode> RowAt(long row) const;
     Ref<CNode> PageFrom(const CNode& node, int direction) const;
     Ref<CNode> FindRowByInitial(const CNode& node, int character) const;
-    void RequestHelp();
-    Point CursorOnTree() const;
+    Ref<CNode> RowUnderCursor(POINT& point) const; // which is told, on the tree
 
     Grid& m_Grid;
-    bool m_bTabFocused = false; // while the strip has the focus
 };
 
 } // namespace ormisk

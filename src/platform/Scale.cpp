@@ -54,4 +54,12 @@ double ConvertScale(double value, ScaleMode from, ScaleMode to, double dpi, Axis
     return source == target ? value : value * target / source;
 }
 
+float UnitScale::ToUnits(double pixels, Axis axis) const {
+    return static_cast<float>(ConvertScale(pixels, ScaleMode::Pixel, mode, dpi, axis));
+}
+
+float UnitScale::ToPixels(float units, Axis axis) const {
+    return static_cast<float>(ConvertScale(units, mode, ScaleMode::Pixel, dpi, axis));
+}
+
 } // namespace ormisk
