@@ -247,7 +247,8 @@ void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, R
     } else if (searching) {
         if (letterOrDigit)
             target = FindRowByInitial(*selected, keyCode);
-    } else if (keyCode >= VK_SPACE && m_Grid.m_Session.IsEditorOpen() && !(shift & kAltKey)) {
+    } else if (keyCode >= VK_SPACE && m_Grid.m_Session.IsEditorOpen() &&
+               (shift & (kCtrlKey | kAltKey)) != kAltKey) { // with both, a key has characters on many keyboards
         if (m_Grid.m_Session.BeginTyping())
             TypeAgain(keyCode, shift);
     }
@@ -266,10 +267,9 @@ Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
 void Input::OnKeyDown(int& keyCode, int shift) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyDown(keyCode, shift);
-    if (keyCode == VK_DOWN && shift & kAltKey) {
+    // The system has to see it too: it would take ALT for a key pressed alone, which opens the menu.
+    if (keyCode == VK_DOWN && shift & kAltKey)
         m_Grid.m_Panes.m_TextEditor.SelectAll();
-        keyCode = 0;
-    }
 }
 
 void Input::OnKeyPress(int& keyAscii) {

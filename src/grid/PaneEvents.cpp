@@ -103,8 +103,10 @@ bool PaneEvents::ColorOfStatic(WPARAM wParam, LPARAM lParam, LRESULT& result) {
 
 void PaneEvents::OnPaint(Pane& pane, HDC dc, const Rect& clip) {
     const SavedDC undone(dc); // whatever the painters set
+    const Size client = pane.ClientSize();
+    // A form that is being designed gets everything drawn.
     if (const auto paint = m_Grid.m_Panes.EntryOf(pane).paint)
-        paint(m_Grid, pane, dc, clip);
+        paint(m_Grid, pane, dc, m_AtRunTime ? clip : Rect{0, 0, client.cx, client.cy});
 }
 
 CSplitter* PaneEvents::SplitterIn(const Pane& pane) {

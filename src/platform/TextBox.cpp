@@ -89,7 +89,16 @@ void TextBox::SelectAll() {
     m_Whole = std::move(whole);
 }
 
-void TextBox::SetLeftMargin(int pixels) { SendMessageW(hWnd(), EM_SETMARGINS, EC_LEFTMARGIN, MAKELPARAM(pixels, 0)); }
+void TextBox::SetLeftMargin(int pixels) {
+    m_LeftMargin = pixels;
+    SendMessageW(hWnd(), EM_SETMARGINS, EC_LEFTMARGIN, MAKELPARAM(pixels, 0));
+}
+
+// The system makes margins of its own from a font.
+void TextBox::SetFont(const FontDescription& font) {
+    ChildWindow::SetFont(font);
+    SetLeftMargin(m_LeftMargin);
+}
 
 LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const bool key = message == WM_KEYDOWN || message == WM_CHAR;

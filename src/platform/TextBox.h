@@ -27,7 +27,8 @@ public:
     void Select(long start, long length);
     void SelectAll(); // the very long text stays as it is
 
-    void SetLeftMargin(int pixels);
+    void SetLeftMargin(int pixels); // whatever the font
+    void SetFont(const FontDescription& font) override;
 
 private:
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -40,6 +41,7 @@ private:
 
     std::wstring m_Whole; // the text of which the window holds the beginning; empty when it holds all
     unsigned m_TextsSet = 0;
+    int m_LeftMargin = 0;
 };
 
 } // namespace ormisk

@@ -102,6 +102,39 @@ TEST_F(GridTest, ARefusedValueIsStoredOrReportedOrLosesItsText) {
     EXPECT_EQ(host.Heard(), L"");
 }
 
+TEST_F(GridTest, WhatAHandlerMakesOfAValueIsLostWhenTheEditorIsRead) {
+    GridContainer host;
+    const auto text = host.Add(L"A", L"old"), number = host.Add(L"B", 1L, L"", omNumberEditor),
+               choice = host.Add(L"C", 1L, L"", omListEditor);
+    for (const long value : {1L, 2L, 3L}) {
+        ComPtr<_CListItem> item;
+        Read(choice, &_CProperty::get_ListItems)->Add(_bstr_t(L""), _variant_t(value), item.GetAddressOf());
+    }
+    const auto edit = [&](const ComPtr<_CProperty>& row, const _variant_t& made, const std::function<void()>& act) {
+        host.Select(row.Get());
+        host.Heard();
+        host.events.on[L"ValidateValue"] = [&](const EventCall&) {
+            host.events.on.clear();
+            EXPECT_EQ(row->put_Value(made), S_OK);
+        };
+        act();
+    };
+    edit(text, L"made", [&] {
+        host.TypeIntoEditor(L"new");
+        host.Enter();
+    });
+    EXPECT_EQ(host.Heard(), L"ValidateValue A new False; PropertyValueChanged A");
+    EXPECT_EQ(ValueText(text.Get()) + L" " + host.EditText(), L"made made");
+    edit(number, 100L, [&] {
+        host.TypeIntoEditor(L"500");
+        host.Press(VK_UP);
+    });
+    EXPECT_EQ(host.Heard(), L"ValidateValue B 500 False; PropertyValueChanged B; SelChanged A");
+    EXPECT_EQ(ValueText(number.Get()), L"100");
+    edit(choice, 3L, [&] { host->StartPropertyEdit(choice.Get()), host.RealKeys({VK_DOWN, VK_RETURN}); });
+    EXPECT_EQ(ValueText(choice.Get()), L"3");
+}
+
 TEST_F(GridTest, AVeryLongTextLosesItsEndInAnEdit) {
     GridContainer host;
     const std::wstring text = std::wstring(100'000, L'x') + L"end";

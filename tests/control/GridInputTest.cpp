@@ -181,6 +181,15 @@ TEST_F(GridTest, AKeyTypedOnARowLosesItsModifierOnTheWayToTheEditor) {
         EXPECT_EQ(type(VK_CONTROL), L"") << slowly;
         EXPECT_EQ(host.Heard(), L"KeyPress 2; KeyPress 2");
     }
+    // Both give characters on many keyboards; ALT alone belongs to the menu.
+    for (const BYTE modifier : {VK_CONTROL, VK_SHIFT}) {
+        SetFocus(host.Tree());
+        keybd_event(modifier, 0, 0, 0);
+        host.RealKeys({'B'}, VK_MENU);
+        keybd_event(modifier, 0, KEYEVENTF_KEYUP, 0);
+        host.Pump();
+        EXPECT_EQ(GetFocus(), modifier == VK_CONTROL ? host.EditBox() : host.Tree());
+    }
 }
 
 TEST_F(GridTest, ADisabledControlTakesTheKeysOfItsOpenEditor) {

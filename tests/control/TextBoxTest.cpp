@@ -82,6 +82,12 @@ protected:
     test::Inventory before;
 };
 
+TEST_F(TextBoxTest, AnotherFontMovesTheTextFromItsMargin) {
+    box->SetLeftMargin(2);
+    box->SetFont({.Name = L"Arial", .Size = 24});
+    EXPECT_EQ(LOWORD(SendMessageW(box->hWnd(), EM_GETMARGINS, 0, 0)), 2);
+}
+
 } // namespace
 
 TEST_F(TextBoxTest, TextsOfAnyLengthAndCharactersAreKeptUpToTheirFirstZero) {
