@@ -76,14 +76,7 @@ void TakeTextOfEntry(CProperty& property, std::size_t longest, std::wstring& tex
 // Font rows: a row never shares the editor's font.
 
 Stored StoreCopyOfFont(const CProperty&, const VARIANT& edited, bool) {
-    FONTDESC description{};
-    description.cbSizeofstruct = sizeof description;
-    wchar_t name[] = L"Arial";
-    description.lpstrName = name;
-    description.cySize.int64 = 80000;
-    description.sWeight = FW_NORMAL;
-    ComPtr<IFontDisp> copy;
-    Check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(copy.GetAddressOf())));
+    const ComPtr<IFontDisp> copy = NewFont(L"Arial", 80000);
     ApplyFont(DescribeFont(ObjectOf(edited)), copy.Get());
     return ObjectValue(copy.Get());
 }

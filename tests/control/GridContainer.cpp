@@ -1,5 +1,7 @@
 #include "GridContainer.h"
 
+#include "Eventually.h"
+
 #include "automation/Error.h"
 #include "automation/TypeLibrary.h"
 
@@ -316,7 +318,11 @@ void GridContainer::ClickTree(long x, long y) const {
     const HWND tree = Tree();
     POINT point{x, y};
     ClientToScreen(tree, &point);
-    SetCursorPos(point.x, point.y);
+    // On a busy machine a move may be lost, or another one come late.
+    EXPECT_TRUE(Eventually([&] {
+        POINT now{};
+        return SetCursorPos(point.x, point.y) && GetCursorPos(&now) && now.x == point.x && now.y == point.y;
+    }));
     Pump();
     SendMessageW(tree, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
     SendMessageW(tree, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
