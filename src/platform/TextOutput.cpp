@@ -31,7 +31,7 @@ public:
     int Length() const { return m_Length; }
 
 private:
-    char m_Small[512];
+    char m_Small[512]{};
     std::unique_ptr<char[]> m_Large;
     int m_Length = 0;
 };

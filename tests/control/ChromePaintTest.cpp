@@ -83,7 +83,7 @@ protected:
                 host->put_Sorted(VARIANT_TRUE);
                 host.Select(host.Add(L"A", L"1").Get());
                 for (int i = 0; i < 30; ++i)
-                    host.Add((L"Row" + std::to_wstring(i)).c_str(), L"v", L"Group");
+                    host.Add(L"Row" + std::to_wstring(i), L"v", L"Group");
                 host.MouseTo(PaneAt(Toolbar(host), 0), 5, 5);
                 host.RealClick(host.TabStrip(), 10, 8);
                 Snapshot(host);
@@ -282,7 +282,7 @@ TEST_F(ChromeTest, ScreenAndSnapshotAreNotTheSameAfterAChange) {
     const auto a = host.Add(L"A", L"1", L"Group");
     a->put_Help(_bstr_t(L"Help"));
     for (int i = 0; i < 20; ++i)
-        host.Add((L"Row" + std::to_wstring(i)).c_str(), L"v", L"Group");
+        host.Add(L"Row" + std::to_wstring(i), L"v", L"Group");
     FONTDESC bold{sizeof bold, const_cast<LPOLESTR>(L"Tahoma"), {}, FW_BOLD, 0, FALSE, FALSE, FALSE};
     bold.cySize.int64 = 110000;
     ComPtr<IFontDisp> font;

@@ -431,7 +431,7 @@ void GridTest::WarmUp() {
             container->put_ActiveView(omCatagorized);
             container->put_ActiveView(omAlphabetic);
             for (int row = 0; row < 40; ++row)
-                container.Add(std::to_wstring(row).c_str());
+                container.Add(std::to_wstring(row));
             container.RealClick(container.Tree(), 30, container.RowTop(0) + 5);
             container.RealKeys({'A', VK_RETURN});
             container.Select(container.Item(41L).Get()); // scrolls

@@ -274,7 +274,7 @@ TEST_F(GridTest, StartingAnEditByTheHostIsRefusedOrTakesNoFocus) {
 TEST_F(GridTest, AnEditorIsNotOverItsCellOrStaysBehindWhenTheRowsMove) {
     GridContainer host;
     for (int i = 0; i < 40; ++i)
-        host.Add((L"Row" + std::to_wstring(i)).c_str(), L"v");
+        host.Add(L"Row" + std::to_wstring(i), L"v");
     host.Select(host.Item(3L).Get());
     const auto expectOver = [&](long row) {
         const RECT cell = host.ValueCell(row), box = PlaceOf(host.EditBox());

@@ -42,7 +42,7 @@ struct Bar {
 void AddRows(GridContainer& host, long count) {
     host->put_LockRefresh(VARIANT_TRUE);
     for (long i = 0; i < count; ++i)
-        host.Add((L"Row" + std::to_wstring(i)).c_str(), L"v");
+        host.Add(L"Row" + std::to_wstring(i), L"v");
     host->put_LockRefresh(VARIANT_FALSE);
 }
 
@@ -322,7 +322,7 @@ TEST_F(GridTest, TheScrollBarHasAnotherRangeOrTurnsTooFar) {
     EXPECT_EQ(Bar(host).max, 1);
     EXPECT_EQ(Bar(host).page, fit);
     for (int i = 0; i < 9; ++i)
-        host.Add((L"More" + std::to_wstring(i)).c_str());
+        host.Add(L"More" + std::to_wstring(i));
     EXPECT_EQ(Bar(host).max, 10);
     const auto wheel = [&](short delta) {
         SendMessageW(host.Tree(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), 0);

@@ -300,7 +300,7 @@ TEST_F(GridTest, CustomDrawIsToldOfACellThatNeedsNoPainting) {
     const auto drawn = host.Add(L"Drawn", L"", L"C"), plain = host.Add(L"Plain");
     drawn->put_CustomDraw(VARIANT_TRUE);
     for (int i = 0; i < 40; ++i)
-        host.Add((L"Row" + std::to_wstring(i)).c_str());
+        host.Add(L"Row" + std::to_wstring(i));
     host.Pump();
     host.events.quiet = {L"PropertyValueChanged", L"SelChanged"};
     const auto told = [&](const auto& change) {

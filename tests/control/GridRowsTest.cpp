@@ -65,7 +65,7 @@ const Deed kDeeds[] = {
     {"many more",
      [](auto& host) {
          for (int i = 0; i < 60; ++i)
-             host.Add((L"z" + std::to_wstring(i)).c_str(), L"", L"Z");
+             host.Add(L"z" + std::to_wstring(i), L"", L"Z");
      }},
     {"less again",
      [](auto& host) {
@@ -105,7 +105,7 @@ TEST_F(GridTest, TheOpenEditorCoversAnotherRowWhenAScrolledListShrinks) {
     for (const bool removed : {false, true}) {
         GridContainer host;
         for (int i = 0; i < 40; ++i)
-            host.Add((L"r" + std::to_wstring(i)).c_str(), L"text");
+            host.Add(L"r" + std::to_wstring(i), L"text");
         host.Select(host.Item(38L).Get());
         ExpectEditorOverItsRow(host, "scrolled");
         for (long i = 1; i <= 36; ++i) {

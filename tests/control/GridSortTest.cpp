@@ -16,7 +16,7 @@ std::wstring Names(GridContainer& host) {
 
 void Add(GridContainer& host, const wchar_t* names) {
     for (; *names; ++names)
-        host.Add(std::wstring(1, *names).c_str());
+        host.Add(std::wstring(1, *names));
     host.Heard();
 }
 

@@ -156,7 +156,7 @@ TEST_F(GridTest, TheWheelChangesAListThatItShouldScrollPast) {
     GridContainer host;
     const auto row = AddList(host, L"A", 1L, kColors);
     for (int i = 0; i < 40; ++i)
-        host.Add((L"B" + std::to_wstring(i)).c_str());
+        host.Add(L"B" + std::to_wstring(i));
     GoTo(host, row.Get());
     const auto wheelOver = [&](HWND target, long y, int amount) {
         host.MouseTo(target, 30, y);
@@ -354,7 +354,7 @@ TEST_F(GridTest, AListLiesBesideItsCellOrStaysWhereARowHasGone) {
         const auto row = AddList(host, L"A", 1L, kColors);
         AddList(host, L"Wide", 1L, {{L"An entry that is far wider than its cell can ever be", 1L}});
         for (int i = 0; i < 40; ++i)
-            host.Add((L"B" + std::to_wstring(i)).c_str());
+            host.Add(L"B" + std::to_wstring(i));
         host.Select(row.Get());
         const RECT cell = host.ValueCell(0);
         RECT box = ScreenPlace(Box(host));
