@@ -8,3 +8,5 @@ if(NOT TARGET gtest)
   target_compile_options(gtest PRIVATE -w)
   target_compile_options(gtest_main PRIVATE -w)
 endif()
+# An EXPECT_ below an `if` is one statement of the library's macros.
+add_compile_options(-Wno-dangling-else)

@@ -1,5 +1,6 @@
 # The rule sources of each folder, relative to src/. A unit listed here includes no Windows header.
 set(RULE_SOURCES
+  grid/ChromeLayout.cpp
   grid/RowLayout.cpp
   editors/TextRules.cpp
   listbox/ListPlace.cpp

@@ -124,6 +124,7 @@ HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
     return Guarded(__uuidof(IConnectionPointContainer), [&] {
         Give(points, [&] {
             std::vector<ComPtr<IConnectionPoint>> snapshot;
+            snapshot.reserve(m_Points.size());
             for (const auto& point : m_Points)
                 snapshot.emplace_back(point.get());
             return SnapshotEnumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>,

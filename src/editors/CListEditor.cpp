@@ -2,12 +2,9 @@
 
 #include "automation/Value.h"
 #include "listbox/OrmiskListBox.h"
-#include "platform/Rounding.h"
 
 namespace ormisk {
 namespace {
-
-template <class F> HRESULT EditorCall(F&& body) { return Guarded(__uuidof(_CEditor), std::forward<F>(body)); }
 
 // Objects by identity; nothing equals Null.
 bool IsSameValue(const VARIANT& a, const VARIANT& b) {
@@ -18,15 +15,7 @@ bool IsSameValue(const VARIANT& a, const VARIANT& b) {
 
 } // namespace
 
-std::wstring CListEditor::Text() const {
-    return m_ListBox ? m_ListBox->ItemText(m_ListBox->ListIndex()) : std::wstring();
-}
-
-void CListEditor::Attach(const EditorWindows& windows) {
-    ListEdit(windows.ListEditor);
-    if (!m_ListBox)
-        m_Listener = nullptr;
-}
+HWND CListEditor::Window() const { return m_ListBox ? m_ListBox->hWnd() : nullptr; }
 
 bool CListEditor::TakeFont(omEditorType type, const FontDescription& font) {
     if (type != omListEditor)
@@ -45,10 +34,8 @@ void CListEditor::Activate(bool dropDown) {
     }
     const long next = m_ListBox->ListIndex() + 1;
     m_ListBox->SetListIndex(next < m_ListBox->ListCount() ? next : 0);
-    ListEditorChange();
+    Notify(&_CEditorListener::NotifyCommit);
 }
-
-void CListEditor::ListEditorChange() { Notify(&_CEditorListener::NotifyCommit); }
 
 void CListEditor::KeyPress(int& keyAscii) {
     const ComPtr<_CEditor> self(this);
@@ -56,32 +43,11 @@ void CListEditor::KeyPress(int& keyAscii) {
         return;
     if (keyAscii == VK_ESCAPE)
         Cancel();
-    if (m_ListBox)
-        SetFocus(m_ListBox->Parent());
+    FocusRows();
 }
 
-void CListEditor::Notify(HRESULT (STDMETHODCALLTYPE _CEditorListener::*notify)(_CEditor*)) {
-    const ComPtr<_CEditor> self(this);
-    const ComPtr<_CEditorListener> listener(m_Listener);
-    if (m_ListBox && listener)
-        Check((listener.Get()->*notify)(this));
-}
-
-STDMETHODIMP CListEditor::get_ScaleMode(long* pValue) {
-    return EditorCall([&] {
-        CheckPointer(pValue);
-        *pValue = static_cast<long>(OrmiskListBox::Scale());
-    });
-}
-
-STDMETHODIMP CListEditor::get_Value(VARIANT* pValue) {
-    return EditorCall([&] {
-        CheckPointer(pValue);
-        _variant_t value;
-        if (m_ListBox)
-            value = m_ListBox->ItemValue(m_ListBox->ListIndex());
-        *pValue = value.Detach();
-    });
+_variant_t CListEditor::Value() const {
+    return m_ListBox ? m_ListBox->ItemValue(m_ListBox->ListIndex()) : _variant_t();
 }
 
 long CListEditor::Find(const VARIANT& value) const {
@@ -95,76 +61,38 @@ long CListEditor::Find(const VARIANT& value) const {
                : -1;
 }
 
-STDMETHODIMP CListEditor::put_Value(VARIANT newValue) {
-    return EditorCall([&] {
-        if (!m_ListBox)
-            return;
-        const ComPtr<_CEditor> self(this);
-        const unsigned row = m_Row;
-        const long found = Find(newValue);
-        if (found >= 0) {
-            if (Serves(row))
-                m_ListBox->SetListIndex(found);
-            return;
-        }
-        // A value without a text, such as an array, shows as an empty entry. An object may do anything when it is
-        // asked.
-        std::wstring text;
-        IgnoringFailures([&] { text = TextOf(newValue); });
-        if (!Serves(row))
-            return;
-        m_ListBox->AddItem(text, Plain(newValue), 0);
-        m_ListBox->SetListIndex(0);
-    });
+void CListEditor::SetValue(const VARIANT& value) {
+    if (!m_ListBox)
+        return;
+    const unsigned row = m_Row;
+    const long found = Find(value);
+    // A value without a text, such as an array, shows as an empty entry. An object may do anything when it is asked.
+    std::wstring text;
+    if (found < 0)
+        IgnoringFailures([&] { text = TextOf(value); });
+    if (!Serves(row))
+        return;
+    if (found < 0)
+        m_ListBox->AddItem(text, Plain(value), 0);
+    m_ListBox->SetListIndex(found < 0 ? 0 : found);
 }
 
-STDMETHODIMP CListEditor::get_Visible(VARIANT_BOOL* pValue) {
-    return EditorCall([&] {
-        CheckPointer(pValue);
-        *pValue = m_ListBox && m_ListBox->IsVisible() ? VARIANT_TRUE : VARIANT_FALSE;
-    });
-}
-
-STDMETHODIMP CListEditor::put_Visible(VARIANT_BOOL newValue) {
-    return EditorCall([&] {
-        const ComPtr<_CEditor> self(this);
-        unsigned row = m_Row;
-        // The values of a row that has gone may be objects, and are not to be kept alive here.
-        if (m_ListBox && newValue == VARIANT_FALSE) {
-            row = ++m_Row;
-            m_ListBox->Clear();
-        }
-        if (Serves(row))
-            m_ListBox->SetVisible(newValue != VARIANT_FALSE);
-    });
-}
-
-STDMETHODIMP CListEditor::get_hwnd(long* pValue) {
-    return EditorCall([&] {
-        CheckPointer(pValue);
-        *pValue = m_ListBox ? HandleToLong(m_ListBox->hWnd()) : 0;
-    });
-}
-
-STDMETHODIMP CListEditor::put_hFont(long) { return S_OK; }
-
-STDMETHODIMP CListEditor::init(long) { return S_OK; }
-
-STDMETHODIMP CListEditor::Reset(_CProperty* aProperty, _CEditorListener* anEditorListener) {
-    return EditorCall([&] {
-        const ComPtr<_CEditor> self(this);
-        if (!m_ListBox)
-            return;
-        m_Listener = anEditorListener;
-        const unsigned row = ++m_Row;
+void CListEditor::SetVisible(bool visible) {
+    unsigned row = m_Row;
+    // The values of a row that has gone may be objects, and are not to be kept alive here.
+    if (m_ListBox && !visible) {
+        row = ++m_Row;
         m_ListBox->Clear();
-        if (aProperty && Serves(row))
-            FillFrom(aProperty, row);
-    });
+    }
+    if (Serves(row))
+        m_ListBox->SetVisible(visible);
 }
 
-// The host may hear of any of this, and end the control.
-void CListEditor::FillFrom(_CProperty* property, unsigned row) {
+void CListEditor::ReadRow(_CProperty* property) {
+    const unsigned row = ++m_Row;
+    m_ListBox->Clear();
+    if (!property || !Serves(row))
+        return;
     omEditorType type = omListEditor;
     IgnoringFailures([&] { return property->get_EditorType(&type); });
     if (!Serves(row))
@@ -203,25 +131,15 @@ void CListEditor::FillWithItems(_CProperty* property, unsigned row) {
 }
 
 void CListEditor::AddBoolean(_CProperty* property, const wchar_t* label, bool value, unsigned row) {
-    BSTR param = nullptr;
-    property->GetEditorParam(_bstr_t(label), &param);
-    const std::wstring text = FromBstr(_bstr_t(param, false));
+    std::wstring text;
+    IgnoringFailures([&] { text = Param(property, label); });
     if (Serves(row))
         m_ListBox->AddItem(text.empty() ? label : text, _variant_t(value));
 }
 
-STDMETHODIMP CListEditor::Move(float nLeft, float nTop, float nWidth, float nHeight) {
-    return EditorCall([&] {
-        const auto whole = [](float value) { return RoundToLong(static_cast<double>(value)); };
-        if (m_ListBox)
-            m_ListBox->Move(whole(nLeft), whole(nTop), whole(nWidth), whole(nHeight));
-    });
-}
-
-STDMETHODIMP CListEditor::Commit() { return S_OK; }
-
-STDMETHODIMP CListEditor::Cancel() {
-    return EditorCall([&] { Notify(&_CEditorListener::NotifyCancel); });
+void CListEditor::Place(int left, int top, int width, int height) {
+    if (m_ListBox)
+        m_ListBox->Move(left, top, width, height);
 }
 
 } // namespace ormisk

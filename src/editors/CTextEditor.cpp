@@ -9,29 +9,14 @@
 namespace ormisk {
 namespace {
 
-constexpr long kPixels = 3; // the scale mode
 constexpr int kLeftMargin = 2;
 constexpr int kTopGap = 2; // between the upper edge of the cell and the box
 
-template <class F> HRESULT EditorCall(F&& body) { return Guarded(__uuidof(_CEditor), std::forward<F>(body)); }
-
-// A parameter of the row, "" when it is not set; raises what the property raises.
-std::wstring Param(_CProperty* property, const wchar_t* name) {
-    BSTR text = nullptr;
-    Check(property->GetEditorParam(_bstr_t(name), &text));
-    return FromBstr(_bstr_t(text, false));
-}
-
 // Raises when the text does not convert, as the empty text never does: the caller then keeps what it has.
-_variant_t Param(_CProperty* property, const wchar_t* name, VARTYPE type) {
-    _variant_t value(Param(property, name).c_str());
+_variant_t Converted(const std::wstring& text, VARTYPE type) {
+    _variant_t value(text.c_str());
     value.ChangeType(type);
     return value;
-}
-
-template <class Target, class Number> void StoreIfFits(Target& target, const std::optional<Number>& number) {
-    if (number)
-        target = *number;
 }
 
 wchar_t DecimalPoint() {
@@ -42,13 +27,9 @@ wchar_t DecimalPoint() {
 
 } // namespace
 
-std::wstring CTextEditor::Text() const { return m_TextBox ? m_TextBox->Text() : std::wstring(); }
+HWND CTextEditor::Window() const { return m_TextBox ? m_TextBox->hWnd() : nullptr; }
 
-void CTextEditor::Attach(const EditorWindows& windows) {
-    TextEdit(windows.TextEditor);
-    if (!m_TextBox)
-        m_Listener = nullptr;
-}
+std::wstring CTextEditor::Text() const { return m_TextBox ? m_TextBox->Text() : std::wstring(); }
 
 bool CTextEditor::TakeFont(omEditorType, const FontDescription& font) {
     if (m_TextBox)
@@ -85,90 +66,43 @@ void CTextEditor::KeyPress(int& keyAscii) {
     if (verdict == KeyVerdict::Pass)
         return;
     if (verdict == KeyVerdict::Commit)
-        CommitText();
+        CommitEdit();
     else if (verdict == KeyVerdict::Cancel)
-        CancelText();
+        CancelEdit();
     keyAscii = 0;
-    if (verdict != KeyVerdict::Swallow && m_TextBox)
-        SetFocus(m_TextBox->Parent());
+    if (verdict != KeyVerdict::Swallow)
+        FocusRows();
 }
 
-STDMETHODIMP CTextEditor::get_ScaleMode(long* pValue) {
-    return EditorCall([&] {
-        CheckPointer(pValue);
-        *pValue = kPixels;
-    });
-}
-
-STDMETHODIMP CTextEditor::get_Value(VARIANT* pValue) {
-    return EditorCall([&] {
-        CheckPointer(pValue);
-        const std::wstring text = Text();
-        *pValue = (m_bNumberMode ? _variant_t(NumberFromText(text)) : ToVariant(text)).Detach();
-    });
+_variant_t CTextEditor::Value() const {
+    const std::wstring text = Text();
+    return m_bNumberMode ? _variant_t(NumberFromText(text)) : ToVariant(text);
 }
 
 // A value without a text, such as an array, leaves the box as it was. An object may do anything when it is asked for
 // its own.
-STDMETHODIMP CTextEditor::put_Value(VARIANT newValue) {
-    return EditorCall([&] {
-        if (!m_TextBox)
-            return;
-        const ComPtr<_CEditor> self(this);
-        const unsigned before = m_TextBox->TextsSet();
-        std::wstring text;
-        const bool hasText = IgnoringFailures([&] { text = TextOf(newValue); });
-        if (!Stands(before))
-            return;
-        if (hasText)
-            m_TextBox->SetText(text);
-        m_TextBox->SetModified(false);
-    });
+void CTextEditor::SetValue(const VARIANT& value) {
+    if (!m_TextBox)
+        return;
+    const unsigned before = m_TextBox->TextsSet();
+    std::wstring text;
+    const bool hasText = IgnoringFailures([&] { text = TextOf(value); });
+    if (!Stands(before))
+        return;
+    if (hasText)
+        m_TextBox->SetText(text);
+    m_TextBox->SetModified(false);
 }
 
 // After the host was called: whether the box is there, and serves no other row by now.
 bool CTextEditor::Stands(unsigned text) const { return m_TextBox && m_TextBox->TextsSet() == text; }
 
-STDMETHODIMP CTextEditor::get_Visible(VARIANT_BOOL* pValue) {
-    return EditorCall([&] {
-        CheckPointer(pValue);
-        *pValue = m_TextBox && m_TextBox->IsVisible() ? VARIANT_TRUE : VARIANT_FALSE;
-    });
-}
-
-STDMETHODIMP CTextEditor::put_Visible(VARIANT_BOOL newValue) {
-    return EditorCall([&] {
-        if (m_TextBox)
-            m_TextBox->SetVisible(newValue != VARIANT_FALSE);
-    });
-}
-
-STDMETHODIMP CTextEditor::get_hwnd(long* pValue) {
-    return EditorCall([&] {
-        CheckPointer(pValue);
-        *pValue = m_TextBox ? HandleToLong(m_TextBox->Hwnd()) : 0;
-    });
-}
-
-STDMETHODIMP CTextEditor::put_hFont(long) { return S_OK; }
-
-STDMETHODIMP CTextEditor::init(long) { return S_OK; }
-
-STDMETHODIMP CTextEditor::Reset(_CProperty* aProperty, _CEditorListener* anEditorListener) {
-    return EditorCall([&] {
-        if (!m_TextBox)
-            return;
-        const ComPtr<_CEditor> self(this);
-        m_Listener = anEditorListener;
-        m_TextBox->SetText({});
-        m_TextBox->SetLeftMargin(kLeftMargin);
-        if (aProperty)
-            ReadRow(aProperty);
-    });
-}
-
 // The property may be any object, and reading a member of it call the host.
 void CTextEditor::ReadRow(_CProperty* property) {
+    m_TextBox->SetText({});
+    m_TextBox->SetLeftMargin(kLeftMargin);
+    if (!property)
+        return;
     const unsigned text = m_TextBox->TextsSet();
     OLE_COLOR color = 0;
     if (SUCCEEDED(property->get_BackColor(&color)) && Stands(text))
@@ -191,16 +125,20 @@ void CTextEditor::ReadRow(_CProperty* property) {
 void CTextEditor::ReadNumberParams(_CProperty* property) {
     m_bNumberMode = true;
     NumberLimits& limits = m_NumberLimits;
-    IgnoringFailures([&] { limits.AllowFloatingPoint = Param(property, L"AllowFloatingPoint", VT_BOOL); });
-    IgnoringFailures([&] { limits.AllowNegative = Param(property, L"AllowNegative", VT_BOOL); });
-    IgnoringFailures([&] { limits.MinCheck = Param(property, L"EnableMinValueCheck", VT_BOOL); });
+    const auto read = [&](auto& target, const wchar_t* name, VARTYPE type) {
+        IgnoringFailures([&] { target = Converted(Param(property, name), type); });
+    };
+    const auto readLimit = [&](float& limit, const wchar_t* name) {
+        IgnoringFailures([&] { limit = ToSingle(NumberFromText(Param(property, name))).value_or(limit); });
+    };
+    read(limits.AllowFloatingPoint, L"AllowFloatingPoint", VT_BOOL);
+    read(limits.AllowNegative, L"AllowNegative", VT_BOOL);
+    read(limits.MinCheck, L"EnableMinValueCheck", VT_BOOL);
     if (limits.MinCheck)
-        IgnoringFailures([&] { StoreIfFits(limits.MinValue, ToSingle(NumberFromText(Param(property, L"MinValue")))); });
-    IgnoringFailures([&] { limits.MaxCheck = Param(property, L"EnableMaxValueCheck", VT_BOOL); });
+        readLimit(limits.MinValue, L"MinValue");
+    read(limits.MaxCheck, L"EnableMaxValueCheck", VT_BOOL);
     if (limits.MaxCheck)
-        IgnoringFailures([&] { StoreIfFits(limits.MaxValue, ToSingle(NumberFromText(Param(property, L"MaxValue")))); });
-    IgnoringFailures([&] { m_ShowSpinButtons = Param(property, L"ShowSpinButtons", VT_I4); });
-    IgnoringFailures([&] { m_SpinStepValue = Param(property, L"SpinStepValue", VT_R4); });
+        readLimit(limits.MaxValue, L"MaxValue");
 }
 
 void CTextEditor::ReadTextParams(_CProperty* property) {
@@ -208,45 +146,26 @@ void CTextEditor::ReadTextParams(_CProperty* property) {
         IgnoringFailures([&] {
             const std::wstring text = Param(property, name);
             if (!text.empty())
-                StoreIfFits(length, ToLong(NumberFromText(text)));
+                length = ToLong(NumberFromText(text)).value_or(length);
         });
     };
     read(L"MinLength", m_TextLimits.MinLength);
     read(L"MaxLength", m_TextLimits.MaxLength);
 }
 
-STDMETHODIMP CTextEditor::Move(float nLeft, float nTop, float nWidth, float nHeight) {
-    return EditorCall([&] {
-        const auto left = ToLong(nLeft);
-        const auto top = ToLong(nTop + kTopGap);
-        const auto width = ToLong(nWidth);
-        const auto height = ToLong(nHeight - kTopGap);
-        if (m_TextBox && left && top && width && height)
-            m_TextBox->Move(*left, *top, *width, *height);
-    });
+void CTextEditor::Place(int left, int top, int width, int height) {
+    if (m_TextBox)
+        m_TextBox->Move(left, top + kTopGap, width, height - kTopGap);
 }
 
-STDMETHODIMP CTextEditor::Commit() {
-    return EditorCall([&] { CommitText(); });
-}
-
-STDMETHODIMP CTextEditor::Cancel() {
-    return EditorCall([&] { CancelText(); });
-}
-
-Verdict CTextEditor::Validate() const {
-    const std::wstring text = Text();
-    return m_bNumberMode ? ValidateText(text, m_NumberLimits, DecimalPoint()) : ValidateText(text, m_TextLimits);
-}
-
-void CTextEditor::CommitText() {
-    const ComPtr<_CEditor> self(this);
-    const ComPtr<_CEditorListener> listener(m_Listener);
-    if (!m_TextBox || !listener)
+void CTextEditor::CommitEdit() {
+    if (!Reports())
         return;
-    Verdict verdict = Validate();
+    const std::wstring text = Text();
+    Verdict verdict =
+        m_bNumberMode ? ValidateText(text, m_NumberLimits, DecimalPoint()) : ValidateText(text, m_TextLimits);
     if (verdict.Valid) {
-        Check(listener->NotifyCommit(this));
+        BuiltInEditor::CommitEdit();
         return;
     }
     if (!verdict.Message.empty())
@@ -254,13 +173,6 @@ void CTextEditor::CommitText() {
     if (m_sError.empty())
         m_sError = ErrorText(ErrorCode::InvalidPropertyValue);
     Raise(ErrorNumber(ErrorCode::InvalidPropertyValue), m_sError);
-}
-
-void CTextEditor::CancelText() {
-    const ComPtr<_CEditor> self(this);
-    const ComPtr<_CEditorListener> listener(m_Listener);
-    if (m_TextBox && listener)
-        Check(listener->NotifyCancel(this));
 }
 
 } // namespace ormisk

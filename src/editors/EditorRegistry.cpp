@@ -4,26 +4,20 @@
 #include "editors/CTextEditor.h"
 #include "model/NumberText.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace ormisk {
 namespace {
 
 constexpr const wchar_t* kRegisterSource = L"RegisterEditor : ";
 
-struct MadeEditor {
-    ComPtr<_CEditor> Editor;
-    BuiltInEditor* BuiltIn;
-};
-
-template <class T> MadeEditor Make() {
-    const auto editor = MakeObject<T>();
-    return {editor, editor.Get()};
-}
+template <class T> ComPtr<BuiltInEditor> Make() { return MakeObject<T>(); }
 
 struct BuiltInKind {
     omEditorType Type = omTextEditor;
-    MadeEditor (*Make)() = nullptr;
+    ComPtr<BuiltInEditor> (*Make)() = nullptr;
     std::optional<omEditorType> Also; // a second type that the same object serves
 };
 
@@ -34,21 +28,17 @@ constexpr BuiltInKind kBuiltInKinds[] = {
     {omListEditor, Make<CListEditor>, omBooleanEditor},
 };
 
-std::wstring InternalKey(omEditorType type) { return L"INTERNAL_" + std::to_wstring(static_cast<int>(type)); }
-
-std::wstring CustomKey(const std::wstring& key) { return L"CUSTOM_" + key; }
-
 } // namespace
 
 void EditorRegistry::CreateBuiltInEditors(HWND treeWindow, const EditorWindows& windows) {
     for (const BuiltInKind& kind : kBuiltInKinds) {
-        const MadeEditor made = kind.Make();
-        EditorProxy editor(made.Editor.Get());
+        const ComPtr<BuiltInEditor> made = kind.Make();
+        EditorProxy editor(made.Get());
         editor.Init(treeWindow);
-        made.BuiltIn->Attach(windows);
-        Add({InternalKey(kind.Type), made.Editor, made.BuiltIn});
+        made->Attach(windows);
+        m_BuiltIn.push_back({kind.Type, made});
         if (kind.Also)
-            Add({InternalKey(*kind.Also), made.Editor, made.BuiltIn});
+            m_BuiltIn.push_back({*kind.Also, made});
         editor.SetVisible(false);
     }
 }
@@ -58,61 +48,53 @@ void EditorRegistry::RegisterEditor(const std::wstring& key, _CEditor* editor, H
         Raise(ErrorCode::InvalidKey, kRegisterSource);
     if (!editor)
         return;
-    const std::wstring custom = CustomKey(key);
-    if (m_Editors.Find(FoldedKey(custom)))
-        Raise(ErrorCode::EditorKeyPresent, kRegisterSource);
+    const auto checkFree = [&] {
+        if (m_Custom.Find(FoldedKey(key)))
+            Raise(ErrorCode::EditorKeyPresent, kRegisterSource);
+    };
+    checkFree();
     EditorProxy proxy(editor);
     const unsigned use = m_Uses;
     proxy.Init(treeWindow);
     if (m_Closed || m_Uses != use)
         return;
-    Add({custom, editor});
+    checkFree(); // its `init` may have filed another one under the key
+    m_Custom.Add(std::make_unique<Custom>(Custom{key, editor}));
     proxy.SetVisible(false);
 }
 
+// In the following, an editor goes when the collection is whole again.
+
 void EditorRegistry::UnRegisterEditor(const std::wstring& key) noexcept {
-    // The entry, and with it the editor, goes when the collection is whole again.
-    IgnoringFailures([&] { m_Editors.Remove(FoldedKey(CustomKey(key))); });
+    IgnoringFailures([&] { m_Custom.Remove(FoldedKey(key)); });
 }
 
 void EditorRegistry::EndUse() noexcept {
     ++m_Uses;
-    IgnoringFailures([&] {
-        std::vector<std::unique_ptr<Entry>> removed; // these too go when the collection is whole again
-        for (long i = m_Editors.Count(); i > 0; --i)
-            if (!m_Editors.At(i)->BuiltIn)
-                removed.push_back(m_Editors.RemoveAt(i));
-    });
-}
-
-ComPtr<_CEditor> EditorRegistry::Find(omEditorType type, const std::wstring& editorKey) const {
-    if (type == omFileEditor) // the directory editor browses for files too
-        type = omDirectoryEditor;
-    const Entry* entry = m_Editors.Find(FoldedKey(type == omCustomEditor ? CustomKey(editorKey) : InternalKey(type)));
-    return entry ? entry->Editor : nullptr;
-}
-
-BuiltInEditor* EditorRegistry::BuiltIn(_CEditor* editor) const {
-    for (const auto& entry : m_Editors)
-        if (entry->BuiltIn && entry->Editor.Get() == editor)
-            return entry->BuiltIn;
-    return nullptr;
+    m_Custom.TakeAll();
 }
 
 void EditorRegistry::Clear() {
     m_Closed = true;
-    while (m_Editors.Count() > 0) {
-        const auto first = m_Editors.RemoveAt(1);
-        if (first->BuiltIn)
-            first->BuiltIn->Attach({});
-    }
+    for (const BuiltInEntry& entry : std::exchange(m_BuiltIn, {}))
+        entry.Editor->Attach({});
+    m_Custom.TakeAll();
 }
 
-// The editor's `init` may have filed another one under the key meanwhile.
-void EditorRegistry::Add(Entry entry) {
-    if (m_Editors.Find(entry.Folded()))
-        Raise(ErrorCode::EditorKeyPresent, kRegisterSource);
-    m_Editors.Add(std::make_unique<Entry>(std::move(entry)));
+ComPtr<_CEditor> EditorRegistry::Find(omEditorType type, const std::wstring& editorKey) const {
+    if (type == omCustomEditor) {
+        const Custom* custom = m_Custom.Find(FoldedKey(editorKey));
+        return custom ? custom->Editor : nullptr;
+    }
+    const auto found = std::ranges::find(m_BuiltIn, type, &BuiltInEntry::Type);
+    return found != m_BuiltIn.end() ? found->Editor : nullptr;
+}
+
+BuiltInEditor* EditorRegistry::BuiltIn(_CEditor* editor) const {
+    for (const BuiltInEntry& entry : m_BuiltIn)
+        if (entry.Editor.Get() == editor)
+            return entry.Editor.Get();
+    return nullptr;
 }
 
 } // namespace ormisk

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "editors/BuiltInEditor.h"
 #include "editors/EditorContract.h"
 #include "model/KeyedCollection.h"
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace ormisk {
 
@@ -34,18 +36,21 @@ public:
     void Clear();
 
 private:
-    struct Entry {
+    struct BuiltInEntry {
+        omEditorType Type;
+        ComPtr<BuiltInEditor> Editor;
+    };
+    struct Custom {
         std::wstring Key;
         ComPtr<_CEditor> Editor;
-        BuiltInEditor* BuiltIn = nullptr; // the same object
 
         FoldedKey Folded() const { return FoldedKey(Key); }
     };
-    void Add(Entry entry);
 
     unsigned m_Uses = 0;
     bool m_Closed = false;
-    KeyedCollection<Entry, std::unique_ptr<Entry>, &Entry::Folded> m_Editors;
+    std::vector<BuiltInEntry> m_BuiltIn;
+    KeyedCollection<Custom, std::unique_ptr<Custom>, &Custom::Folded> m_Custom;
 };
 
 } // namespace ormisk

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "win/Geometry.h"
-
-#include <windows.h>
+#include "grid/ChromeLayout.h"
 
 #include <string>
 
@@ -10,30 +8,25 @@ namespace ormisk {
 
 class Grid;
 
-// Sizes of what surrounds the rows: the tabs and the text of the description pane.
+// Measures the texts around the rows for what is laid out after them.
 class ChromeMetrics {
 public:
     explicit ChromeMetrics(Grid& grid) : m_Grid(grid) {}
 
     // From the font, the captions and the width of the tab container.
     void CalcTabRects();
-    // In units of the tab container, and whole: tabs side by side, from its left upper corner.
-    long TabWidth() const { return m_TabWidth; }
-    long TabHeight() const { return m_TabHeight; }
-    // In pixels.
-    Rect AlphabeticTab() const { return TabFrom(0); }
-    Rect CategorizedTab() const { return TabFrom(m_TabWidth); }
+    const TabStrip& Tabs() const { return m_Tabs; } // first alphabetic, then categorized
 
     // The height in pixels at which the description pane shows a help text whole.
     long CalcDescriptionHeight(const std::wstring& help);
 
-private:
-    Rect TabFrom(long left) const;
-    Size CaptionSize(HDC dc, const std::wstring& caption, const wchar_t* defaultCaption) const;
+    // A caption in the form of the control's texts: one of the library's own is plain text, which Unicode mode does not
+    // take as it is.
+    std::wstring CaptionText(const std::wstring& caption, const wchar_t* defaultCaption) const;
 
+private:
     Grid& m_Grid;
-    long m_TabWidth = 0;
-    long m_TabHeight = 0;
+    TabStrip m_Tabs;
 };
 
 } // namespace ormisk

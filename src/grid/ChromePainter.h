@@ -2,6 +2,7 @@
 
 #include "platform/Color.h"
 #include "win/Gdi.h"
+#include "win/Geometry.h"
 
 #include <string>
 
@@ -9,10 +10,11 @@ namespace ormisk {
 
 class CProperty;
 class Grid;
+struct ShadedLine;
 
 // Draws what surrounds the rows, each part into a context whose origin is that of its pane and whose surface is
 // cleared: the tabs with the frame of their page, the column headers, the description pane. Reads geometry and state
-// and changes neither.
+// and changes neither. What it sets in the context is for the caller to undo.
 class ChromePainter {
 public:
     explicit ChromePainter(Grid& grid) : m_Grid(grid) {}
@@ -22,19 +24,14 @@ public:
     void DrawDescription(HDC dc);
 
 private:
-    class UnitLines;
-    struct Tab;
-
-    void DrawTab(HDC dc, const Tab& tab);
-    void DrawPageFrame(HDC dc);
-    void DrawHeaderCaption(HDC dc, bool nameColumn, const RECT& client);
-    void DrawSortArrow(HDC dc, const RECT& client);
+    void DrawTab(HDC dc, int index, const std::wstring& caption, bool inFront);
+    void DrawLine(HDC dc, const ShadedLine& line);
+    void DrawSortArrow(HDC dc, Size client);
     Unique<HBITMAP> GetArrowBitmap(HDC dc, bool up);
-    void DrawHelp(HDC dc, const CProperty& property, const RECT& client);
-    // A caption of the library's own is plain text, which Unicode mode does not take as it is.
-    std::wstring CaptionText(const std::wstring& caption, const wchar_t* defaultCaption) const;
+    void DrawHelp(HDC dc, const CProperty& property, Size client);
+    // Text becomes transparent and of the control's colour. Gives the control's font, or null.
+    HFONT PrepareText(HDC dc) const;
     Color BackColor() const;
-    Color ForeColor() const;
 
     Grid& m_Grid;
 };

@@ -25,14 +25,8 @@ private:
     bool m_Quiet = false;
 };
 
-ControlFont::ControlFont(ControlFontListener& listener) : m_Sink(Adopt(new Sink(*this, listener))) {
-    wchar_t name[] = L"MS Sans Serif";
-    FONTDESC description{};
-    description.cbSizeofstruct = sizeof description;
-    description.lpstrName = name;
-    description.cySize.int64 = 82500;
-    description.sWeight = FW_NORMAL;
-    Check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(m_Font.GetAddressOf())));
+ControlFont::ControlFont(ControlFontListener& listener)
+    : m_Font(NewFont(L"MS Sans Serif", 82500)), m_Sink(Adopt(new Sink(*this, listener))) {
     const ComPtr<IConnectionPointContainer> points = Query<IConnectionPointContainer>(m_Font);
     if (points && SUCCEEDED(points->FindConnectionPoint(IID_IPropertyNotifySink, m_Point.GetAddressOf())))
         m_Point->Advise(m_Sink.Get(), &m_Cookie);

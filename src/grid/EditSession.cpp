@@ -1,32 +1,13 @@
 #include "grid/EditSession.h"
 
 #include "grid/Grid.h"
-#include "grid/PaintPrimitives.h"
-#include "grid/ValueStore.h"
+#include "grid/Meanwhile.h"
+#include "model/ValueKind.h"
 #include "model/ValueRules.h"
-#include "platform/Rounding.h"
-#include "win/Dpi.h"
 
 namespace ormisk {
 
-namespace {
-
-// Another value for a field, for the life of the guard.
-template <class T> class Meanwhile {
-public:
-    Meanwhile(T& field, T value) : m_Field(field), m_Before(std::exchange(field, value)) {}
-    Meanwhile(const Meanwhile&) = delete;
-    Meanwhile& operator=(const Meanwhile&) = delete;
-    ~Meanwhile() { m_Field = m_Before; }
-
-private:
-    T& m_Field;
-    T m_Before;
-};
-
-} // namespace
-
-EditSession::EditSession(Grid& grid) : m_Grid(grid), m_editListener(MakeObject<CEditorListener>(this)) {}
+EditSession::EditSession(Grid& grid) : m_Grid(grid), m_Place(grid), m_editListener(MakeObject<CEditorListener>(this)) {}
 
 void EditSession::CreateEditors() {
     m_Editors.CreateBuiltInEditors(m_Grid.m_Panes.TreeWnd(), {.TextEditor = &m_Grid.m_Panes.m_TextEditor,
@@ -50,93 +31,6 @@ void EditSession::LetObjectsGo() {
 
 void EditSession::FocusTree() { m_Grid.m_Panes.m_picTreeContainer.TakeFocus(); }
 
-CProperty* EditSession::SelectedProperty() const { return m_SelectedNode ? m_SelectedNode->Property() : nullptr; }
-
-// A handler may have taken a node out of the tree or hidden it, or another tree may be on screen.
-bool EditSession::Holds(const Ref<CNode>& node) const {
-    return node && node->Tree() == m_Grid.m_ActiveNodes && !node->IsWithinHidden();
-}
-
-bool EditSession::IsOn(const Ref<CNode>& node) const { return m_Grid.IsAlive() && m_SelectedNode == node; }
-
-void EditSession::SetSelectedNode(Ref<CNode> node) {
-    if (node == m_SelectedNode) {
-        if (!m_CurrentEditor && m_SelectedNode)
-            StartEditor();
-        return;
-    }
-    const ComPtr<_CEditor> prevEditor = m_CurrentEditor;
-    ComPtr<CProperty> prevProperty;
-    if (m_SelectedNode) {
-        prevProperty = SelectedProperty();
-        const Ref<CNode> old = m_SelectedNode;
-        CloseEditor(false);
-        if (node && m_SelectedNode == node)
-            return; // a handler selected the row itself
-        // A handler that moved the selection elsewhere has shown an editor of its own.
-        if (m_CurrentEditor)
-            CloseEditor(false);
-        if (!m_Grid.IsAlive())
-            return;
-        m_Grid.m_Panes.InvalidateNodeRow(old.Get());
-    }
-    if (node && !Holds(node))
-        node = nullptr;
-    m_SelectedNode = node;
-    ComPtr<CProperty> newProperty;
-    if (node) {
-        newProperty = node->Property();
-        m_Grid.m_ModelView.ExpandParents(*node);
-        if (!IsOn(node))
-            return; // a handler ended the control, or moved the selection and told of that
-        m_Grid.m_Panes.EnsureRowVisible(*node);
-        m_Grid.m_Panes.InvalidateNodeRow(node.Get());
-    }
-    m_Grid.m_Panes.m_picDescPane.Invalidate(true);
-    if (prevProperty != newProperty) {
-        m_Grid.m_Events.SelChanged(newProperty.Get());
-        if (!m_Grid.IsAlive())
-            return;
-        HideUnused(prevEditor.Get());
-    }
-    if (!m_CurrentEditor && m_SelectedNode)
-        StartEditor();
-}
-
-void EditSession::SelectProperty(_CProperty* property) {
-    if (!property) {
-        SetSelectedNode(nullptr);
-        return;
-    }
-    const ComPtr<CProperty> present(SelectedProperty());
-    if (SameObject(property, static_cast<_CProperty*>(present.Get())))
-        return;
-    VARIANT_BOOL visible = VARIANT_FALSE;
-    Check(property->get_Visible(&visible));
-    if (visible == VARIANT_FALSE)
-        Raise(ErrorCode::InvalidAction);
-    const CProperty* own = m_Grid.m_CProperties ? m_Grid.m_CProperties->Own(property) : nullptr;
-    if (!own)
-        Raise(ErrorCode::AlienProperty);
-    const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(*own));
-    if (node && node->IsWithinHidden())
-        Raise(ErrorCode::InvalidAction);
-    SetSelectedNode(node);
-}
-
-void EditSession::StartPropertyEdit(_CProperty* property) {
-    if (!property)
-        Raise(ErrorCode::InvalidPropertyObject);
-    VARIANT_BOOL visible = VARIANT_FALSE;
-    VARIANT_BOOL readOnly = VARIANT_TRUE;
-    Check(property->get_Visible(&visible));
-    Check(property->get_ReadOnly(&readOnly));
-    if (visible == VARIANT_FALSE || readOnly != VARIANT_FALSE || m_Grid.m_State.readOnly)
-        Raise(ErrorCode::InvalidAction);
-    SelectProperty(property);
-    OpenAndActivate(true);
-}
-
 HWND EditSession::EditorWindow() const {
     HWND window = nullptr;
     if (m_CurrentEditor)
@@ -148,21 +42,19 @@ ComPtr<_CEditor> EditSession::FindEditor(CProperty& property) {
     const omEditorType type = property.EditorType();
     ComPtr<_CEditor> editor = m_Editors.Find(type, property.EditorKey());
     if (!editor && type == omCustomEditor) {
-        m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::EditorNotRegistered),
-                                   kLibraryTitle,
-                                   ErrorText(ErrorCode::EditorNotRegistered),
-                                   {}});
+        m_Grid.Trapped([] { Raise(ErrorCode::EditorNotRegistered); });
         FocusTree();
     }
     return editor;
 }
 
 void EditSession::StartEditor() {
-    const Ref<CNode> node = m_SelectedNode;
-    const ComPtr<CProperty> property(SelectedProperty());
+    const Selection& selection = m_Grid.m_Selection;
+    const Ref<CNode> node = selection.SelectedNode();
+    const ComPtr<CProperty> property(selection.SelectedProperty());
     if (node && property && !property->IsReadOnly() && !m_Grid.m_State.readOnly) {
         const unsigned use = m_Editors.Uses();
-        const auto goesOn = [&] { return IsOn(node) && m_Editors.Uses() == use; };
+        const auto goesOn = [&] { return selection.IsOn(node) && m_Editors.Uses() == use; };
         const ComPtr<_CEditor> editor = FindEditor(*property.Get());
         if (editor && goesOn()) {
             EditorProxy proxy(editor.Get());
@@ -182,18 +74,15 @@ void EditSession::StartEditor() {
                 m_EditNode = node; // never an editor on screen whose value would go to another row
                 m_CurrentEditor = editor;
             } else {
-                m_Grid.ReportTrappedError({ErrorNumber(ErrorCode::InvalidEditorValue),
-                                           kLibraryTitle,
-                                           ErrorText(ErrorCode::InvalidEditorValue),
-                                           {}});
+                m_Grid.Trapped([] { Raise(ErrorCode::InvalidEditorValue); });
                 FocusTree();
             }
-            if (IsOn(node))
-                PlaceEditor(editor.Get(), node.Get());
+            if (selection.IsOn(node))
+                m_Place.Put(editor.Get(), *node);
         }
     }
     // Also when no editor came up.
-    m_EditNode = m_SelectedNode;
+    m_EditNode = selection.SelectedNode();
 }
 
 // The font of the control in the style of the row. An editor without a window for it gets a handle.
@@ -211,91 +100,35 @@ void EditSession::GiveFont(_CEditor* editor, const CNode& node, omEditorType typ
 bool EditSession::LoadEditorValue(CProperty& property, _CEditor* editor) {
     m_Asked.reset();
     const ComPtr<CProperty> held(&property);
-    const Ref<CNode> selected = m_SelectedNode;
-    EditorProxy proxy(editor);
+    const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
     if (!IsValueValidForEditor(property.Value(), property.EditorKind()))
         return false;
-    if (!IsOn(selected))
+    if (!m_Grid.m_Selection.IsOn(selected))
         return true;
-    if (property.EditorKind() != omPictureEditor) {
-        const _variant_t value(property.Value());
-        proxy.SetValue(value);
+    const auto load = KindOf(property.EditorKind()).load;
+    const _variant_t value = load ? load(property) : _variant_t(property.Value());
+    if (!m_Grid.m_Selection.IsOn(selected))
         return true;
-    }
-    const _variant_t prompt = PicturePrompt(property);
-    if (IsOn(selected))
-        IgnoringFailures([&] { proxy.SetValue(prompt); });
+    const auto set = [&] { EditorProxy(editor).SetValue(value); };
+    if (load) // what stands for a value need not come in
+        IgnoringFailures(set);
+    else
+        set();
     return true;
-}
-
-// A picture shows as a text. A value that is no object becomes Nothing first.
-_variant_t EditSession::PicturePrompt(CProperty& property) {
-    if (!HoldsObject(property.Value()))
-        property.SetValue(_variant_t(static_cast<IDispatch*>(nullptr)));
-    const auto prompt = [&](const wchar_t* param, const wchar_t* otherwise) {
-        const std::wstring text = property.EditorParam(param);
-        return ToVariant(text.empty() ? otherwise : text);
-    };
-    const ComPtr<IPicture> picture = Query<IPicture>(ObjectOf(property.Value()));
-    if (!picture)
-        return prompt(L"EmptyPrompt", L"(none)");
-    if (PictureType(picture.Get()) != PICTYPE_NONE)
-        return prompt(L"PicturePrompt", L"(Picture)");
-    return prompt(L"NoPicturePrompt", L"(none)");
-}
-
-// Of no size while the row is not displayed: over another row the editor would mislead.
-Rect EditSession::PlaceFor(const CNode& node) const {
-    if (m_Grid.m_ActiveNodes->RowOf(&node) < 0)
-        return {};
-    return EditorRect(m_Grid.m_Panes.GeometryOf(node).value, m_Grid.m_State.grid != omGridNone);
-}
-
-void EditSession::PlaceEditor(_CEditor* editor, const CNode* node) {
-    if (!editor || !node)
-        return;
-    EditorProxy proxy(editor);
-    const Rect place = PlaceFor(*node);
-    m_Place = place;
-    if (place == Rect()) {
-        proxy.Move(0, 0, 0, 0);
-        return;
-    }
-    const auto mode = static_cast<ScaleMode>(proxy.ScaleMode());
-    const int dpi = DpiOf(m_Grid.m_Panes.TreeWnd());
-    const auto scaled = [&](long pixels, Axis axis) {
-        return RoundToLong(ConvertScale(static_cast<double>(pixels), ScaleMode::Pixel, mode, dpi, axis));
-    };
-    const long left = scaled(place.left, Axis::X);
-    // Without grid lines the top stays in pixels, whatever the editor's scale.
-    const long top = m_Grid.m_State.grid != omGridNone ? scaled(place.top, Axis::Y) : place.top;
-    const long right = scaled(place.right, Axis::X);
-    const long bottom = scaled(place.bottom, Axis::Y);
-    proxy.Move(static_cast<float>(left), static_cast<float>(top), static_cast<float>(right - left),
-               static_cast<float>(bottom - top));
 }
 
 void EditSession::PlaceOpenEditor() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     const Ref<CNode> node = m_EditNode;
-    IgnoringFailures([&] { PlaceEditor(editor.Get(), node.Get()); });
-}
-
-bool EditSession::IsOffScreen(const Rect& place) const {
-    const LayoutMetrics metrics = m_Grid.m_Panes.Metrics();
-    return place.bottom <= metrics.headerHeight || place.top >= metrics.client.cy;
+    if (editor && node)
+        IgnoringFailures([&] { m_Place.Put(editor.Get(), *node); });
 }
 
 void EditSession::FollowRow() {
-    if (!m_CurrentEditor || !m_EditNode)
-        return;
-    const Rect place = PlaceFor(*m_EditNode);
-    // Off the screen it can wait for the end of a lock: windows are slow to move.
-    const bool locked = m_Grid.m_State.lockRefresh;
-    if (place == m_Place || (locked && IsOffScreen(place) && IsOffScreen(m_Place)))
+    if (!m_CurrentEditor || !m_EditNode || !m_Place.IsLeft(*m_EditNode))
         return;
     PlaceOpenEditor();
-    if (locked)
+    if (m_Grid.m_State.lockRefresh)
         m_Grid.m_Panes.m_picTreeContainer.Invalidate(true); // it would stand between rows as they were
 }
 
@@ -335,25 +168,15 @@ void EditSession::ActivateEditor(bool dropDown) {
         builtIn->Activate(dropDown);
 }
 
-void EditSession::TypeInto(int keyCode, int shift) {
+bool EditSession::BeginTyping() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     SetFocus(EditorProxy(editor.Get()).Hwnd());
     // An editor that cannot have the focus gets no key: it would come back here.
     if (m_CurrentEditor != editor || m_Grid.m_Panes.m_picTreeContainer.HasFocus())
-        return;
+        return false;
     if (BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get()))
         builtIn->BeginTyping();
-    // A quick hand has let go of them by now, and Shift or Ctrl and a letter would come as a small letter.
-    static constexpr std::pair<int, BYTE> kModifiers[] = {{1, VK_SHIFT}, {2, VK_CONTROL}, {4, VK_MENU}};
-    std::vector<BYTE> keys;
-    for (const auto& [bit, key] : kModifiers)
-        if (shift & bit && GetAsyncKeyState(key) >= 0)
-            keys.push_back(key);
-    for (const BYTE key : keys)
-        keybd_event(key, 0, 0, 0);
-    keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);
-    for (const BYTE key : keys)
-        keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+    return true;
 }
 
 void EditSession::CloseEditor(bool keepOpen) {
@@ -386,7 +209,6 @@ void EditSession::HideCurrentEditor() {
         IgnoringFailures([&] { EditorProxy(editor.Get()).SetVisible(false); });
 }
 
-// Another editor, in use by now, may share its window.
 void EditSession::HideUnused(_CEditor* editor) {
     IgnoringFailures([&] {
         if (editor && editor != m_CurrentEditor.Get() && EditorProxy(editor).Hwnd() != EditorWindow())
@@ -420,11 +242,7 @@ void EditSession::CommitAndHide() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     if (!editor)
         return;
-    try {
-        Collect(editor.Get());
-    } catch (...) {
-        m_Grid.ReportTrappedError(CurrentError());
-    }
+    m_Grid.Trapped([&] { Collect(editor.Get()); });
     if (m_CurrentEditor == editor)
         HideCurrentEditor();
 }
@@ -440,7 +258,7 @@ void EditSession::CancelAndHide() {
 }
 
 void EditSession::Collect(_CEditor* editor) {
-    const Meanwhile<bool> collecting(m_Collecting, true);
+    const Meanwhile collecting(m_Collecting, true);
     EditorProxy(editor).Commit();
 }
 
@@ -470,80 +288,25 @@ void EditSession::ApplyValue(_CEditor* editor) {
     if (!HoldsObject(value) && !V_ISARRAY(&value)) // these equal nothing, and are not to be kept alive here
         m_Asked = value;
     const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
-    const bool typed = !builtIn || builtIn->IsModified();
-    if (!Validate(*property.Get(), value))
+    bool typed = !builtIn || builtIn->IsModified();
+    bool cancel = false;
+    {
+        const Meanwhile<const CProperty*> asking(m_Validated, property.Get());
+        m_Grid.m_Events.ValidateValue(*property.Get(), value, cancel);
+    }
+    if (cancel)
         return;
-    // The property may be gone by now. An editor of the host may have made the value fit.
+    // The property may be gone by now. The handler, or an editor of the host, may have made the value fit.
     if (!m_Grid.IsAlive() || node->Property() != property.Get())
         return;
-    if (!builtIn && m_EditNode == node)
+    if (m_EditNode == node && (!builtIn || m_CurrentEditor.Get() == editor)) {
         value = EditorProxy(editor).Value();
-    StoreValue(*node, *property.Get(), value, typed);
-}
-
-bool EditSession::Validate(CProperty& property, const VARIANT& value) {
-    const Meanwhile<const CProperty*> asking(m_Validated, &property);
-    bool cancel = false;
-    m_Grid.m_Events.ValidateValue(property, value, cancel);
-    return !cancel;
-}
-
-void EditSession::StoreValue(CNode& node, CProperty& property, const VARIANT& value, bool typed) {
-    switch (property.EditorType()) {
-    case omTextEditor:
-    case omNumberEditor:
-        if (typed)
-            node.LetValue(value);
-        return;
-    case omFontEditor: {
-        // The property never shares the editor's font.
-        const ComPtr<IFontDisp> copy = CopyFont(ObjectOf(value));
-        node.SetValue(_variant_t(static_cast<IDispatch*>(copy.Get())));
-        return;
+        typed = !builtIn || builtIn->IsModified();
     }
-    case omFileEditor:
-        node.LetValue(value);
-        return;
-    case omPictureEditor:
-        StorePicture(node, property, value);
-        return;
-    default:
-        if (HoldsObject(value))
-            node.SetValue(value);
-        else
-            node.LetValue(value);
-    }
-}
-
-// The text is a prompt, which means no change or no picture, or the name of a file.
-void EditSession::StorePicture(CNode& node, CProperty& property, const VARIANT& value) {
-    const std::wstring none = property.EditorParam(L"NoPicturePrompt");
-    const std::wstring some = property.EditorParam(L"PicturePrompt");
-    if (IsNumeric(value))
-        return;
-    const std::wstring text = TextOf(value);
-    if (text == (some.empty() ? L"(Picture)" : some) && text != (none.empty() ? L"(none)" : none))
-        return;
-    ComPtr<IPictureDisp> picture;
-    if (text != (none.empty() ? L"(none)" : none))
-        picture = LoadPictureFile(text);
-    node.SetValue(_variant_t(static_cast<IDispatch*>(picture.Get())));
-}
-
-bool EditSession::IsListEditorOpen() const {
-    return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(omListEditor, {});
-}
-
-// There is no further step to a choice: its commit is not repeated when the list closes or the row is left.
-void EditSession::ListItemChosen() {
-    if (IsListEditorOpen())
-        ApplyEditorValue(m_CurrentEditor.Get(), false);
-}
-
-void EditSession::ListClosed(bool cancelled) {
-    const ComPtr<_CEditor> editor = m_CurrentEditor;
-    if (cancelled && editor)
-        EditorProxy(editor.Get()).Cancel();
+    const auto store = KindOf(property->EditorType()).store;
+    const auto stored = store ? store(*property.Get(), value, typed) : std::optional(value);
+    if (stored)
+        node->LetValue(*stored);
 }
 
 void EditSession::EditorKeyPress(int& keyAscii) {
@@ -552,11 +315,7 @@ void EditSession::EditorKeyPress(int& keyAscii) {
         return;
     const ComPtr<_CEditor> held = m_CurrentEditor;
     m_Asked.reset(); // the same text, typed anew, is another one
-    try {
-        builtIn->KeyPress(keyAscii);
-    } catch (...) {
-        m_Grid.ReportTrappedError(CurrentError());
-    }
+    m_Grid.Trapped([&] { builtIn->KeyPress(keyAscii); });
 }
 
 void EditSession::TextLostFocus() {
@@ -564,35 +323,24 @@ void EditSession::TextLostFocus() {
     // While an error is on screen, it was its message box that took the focus.
     if (!editor || m_Grid.IsReporting())
         return;
-    try {
-        Collect(editor.Get());
-    } catch (...) {
-        m_Grid.ReportTrappedError(CurrentError());
-    }
+    m_Grid.Trapped([&] { Collect(editor.Get()); });
 }
 
 void EditSession::NodeGoes(const CNode* node) {
     if (!node || m_EditNode.Get() != node)
         return;
-    LoseSelection();
+    m_Grid.m_Selection.Lose();
     HideCurrentEditor();
 }
 
-void EditSession::LoseSelection() {
-    m_SelectedNode = nullptr;
-    m_Grid.m_Panes.m_picDescPane.Invalidate(true);
-}
-
-void EditSession::DropLostSelection() {
-    if (m_SelectedNode && !m_SelectedNode->Tree())
-        LoseSelection();
+void EditSession::ForgetLostRow() {
     if (m_EditNode && !m_EditNode->Tree())
         m_EditNode = nullptr;
 }
 
 void EditSession::Drop() {
     m_EditNode = nullptr;
-    LoseSelection();
+    m_Grid.m_Selection.Lose();
     HideCurrentEditor();
 }
 

@@ -2,8 +2,8 @@
 
 #include "editors/CEditorListener.h"
 #include "editors/EditorRegistry.h"
+#include "grid/EditorPlace.h"
 #include "tree/CNode.h"
-#include "win/Geometry.h"
 
 #include <optional>
 
@@ -11,9 +11,9 @@ namespace ormisk {
 
 class Grid;
 
-// The selection, and the life of one edit. Selecting an editable row shows its editor over the value cell at once; the
-// tree pane keeps the focus until the user wants the editor. Committing and closing are two things: a confirmed editor
-// stays. At most one editor is on screen, and none without a selected property row that may be edited.
+// The life of one edit. Selecting an editable row shows its editor over the value cell at once; the tree pane keeps the
+// focus until the user wants the editor. Committing and closing are two things: a confirmed editor stays. At most one
+// editor is on screen, and none without a selected property row that may be edited.
 class EditSession final : public EditorObserver {
 public:
     explicit EditSession(Grid& grid);
@@ -25,30 +25,22 @@ public:
     // The entries of the list and the host's editors go, without a commit as well.
     void LetObjectsGo();
 
-    // Selection. Null selects nothing.
-    void SetSelectedNode(Ref<CNode> node);
-    Ref<CNode> SelectedNode() const { return m_SelectedNode; }
-    bool IsSelected(const CNode& node) const { return m_SelectedNode.Get() == &node; }
-    CProperty* SelectedProperty() const; // null for a category row and without a selection
-    // What the host asks for. Raises InvalidAction for a hidden property, AlienProperty for one that is not ours.
-    void SelectProperty(_CProperty* property);
-    // Also raises InvalidPropertyObject for Nothing, InvalidAction for a property that cannot be edited.
-    void StartPropertyEdit(_CProperty* property);
-
-    // Editing.
     bool IsEditorOpen() const { return m_CurrentEditor != nullptr; }
-    HWND EditorWindow() const; // of the open editor, or null
-    void StartEditor();        // of the selected row, if it has one
+    ComPtr<_CEditor> CurrentEditor() const { return m_CurrentEditor; } // null when none is open
+    HWND EditorWindow() const;                                         // of the open editor, or null
+    void StartEditor();                                                // of the selected row, if it has one
     void ActivateEditor(bool dropDown);
     void OpenAndActivate(bool dropDown) {
         if (!m_CurrentEditor)
             StartEditor();
         ActivateEditor(dropDown);
     }
+    // Of a row that was left; unless another editor, in use by now, shares its window.
+    void HideUnused(_CEditor* editor);
     // Commits; then hides the editor unless it is kept. A failing commit is reported and hides it in any case.
     void CloseEditor(bool keepOpen);
-    // Focus to the editor, which starts from an empty text, and the key once more, with the modifiers of its event.
-    void TypeInto(int keyCode, int shift);
+    // Focus to the editor, which starts from an empty text. False when it does not take the keys.
+    bool BeginTyping();
     // After rows came, went or moved, each time: the open editor goes along with its own. Costs little when it need
     // not.
     void FollowRow();
@@ -65,13 +57,11 @@ public:
     // The text box of the text and number editors.
     void TextLostFocus();
     // The list of the list and Boolean editors.
-    bool IsListEditorOpen() const;
-    void ListItemChosen();
-    void ListClosed(bool cancelled);
+    bool IsListEditorOpen() const { return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(omListEditor, {}); }
 
     // The model shrinks, without commit and without event: the node leaves the tree, or everything does.
     void NodeGoes(const CNode* node);
-    void DropLostSelection();
+    void ForgetLostRow();
     void Drop();
 
     // EditorObserver
@@ -82,35 +72,22 @@ public:
 
 private:
     bool LoadEditorValue(CProperty& property, _CEditor* editor);
-    _variant_t PicturePrompt(CProperty& property);
     void GiveFont(_CEditor* editor, const CNode& node, omEditorType type);
     ComPtr<_CEditor> FindEditor(CProperty& property);
-    Rect PlaceFor(const CNode& node) const;
-    bool IsOffScreen(const Rect& place) const;
-    void PlaceEditor(_CEditor* editor, const CNode* node);
     void PlaceOpenEditor();
     // A commit that is not the user's word: about a value that the host has refused it is not asked once more.
     void Collect(_CEditor* editor);
     void ApplyEditorValue(_CEditor* editor, bool cancel);
     void ApplyValue(_CEditor* editor);
-    bool Validate(CProperty& property, const VARIANT& value);
-    void StoreValue(CNode& node, CProperty& property, const VARIANT& value, bool typed);
-    void StorePicture(CNode& node, CProperty& property, const VARIANT& value);
     void ReportAndAbandon(_CEditor* editor);
     void Abandon(_CEditor* editor);
     void HideCurrentEditor();
-    void HideUnused(_CEditor* editor);
-    void LoseSelection(); // the description pane follows
     void FocusTree();
-    bool Holds(const Ref<CNode>& node) const;
-    // After the host was called: whether the row is still the selected one of a control that lives.
-    bool IsOn(const Ref<CNode>& node) const;
 
     Grid& m_Grid;
-    Ref<CNode> m_SelectedNode;
     Ref<CNode> m_EditNode; // for which StartEditor last ran: the target of a commit, also of a late one
     ComPtr<_CEditor> m_CurrentEditor;
-    Rect m_Place;                           // where an editor was put last, in pixels
+    EditorPlace m_Place;
     const CProperty* m_Validated = nullptr; // about whose new value the host is being asked; for comparing only
     std::optional<_variant_t> m_Asked;      // what the host was asked about, since a value was loaded or typed
     bool m_Collecting = false;

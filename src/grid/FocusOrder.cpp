@@ -15,20 +15,22 @@ bool IsWithin(HWND window, HWND ancestor) { return window == ancestor || IsChild
 
 } // namespace
 
-std::vector<HWND> FocusOrder::Stops() const {
+std::vector<HWND> FocusOrder::Stops(bool shown) const {
     const Panes& panes = m_Grid.m_Panes;
+    const GridState& state = m_Grid.m_State;
+    const HWND editor = m_Grid.m_Session.EditorWindow();
+    const std::pair<HWND, bool> places[] = {
+        {panes.m_picTabContainer.hWnd(), state.showTabs},
+        {panes.m_picHeaderContainer.hWnd(), state.headers != omHeadersNone},
+        {panes.TreeWnd(), true},
+        {editor, editor != nullptr},
+        {m_Grid.m_RecordToolbar.m_txtRecordNo.hWnd(), panes.RecordToolbarShown()},
+        {panes.m_picDescPane.hWnd(), state.showDescription},
+    };
     std::vector<HWND> stops;
-    if (m_Grid.m_State.showTabs)
-        stops.push_back(panes.m_picTabContainer.hWnd());
-    if (m_Grid.m_State.headers != omHeadersNone)
-        stops.push_back(panes.m_picHeaderContainer.hWnd());
-    stops.push_back(panes.TreeWnd());
-    if (const HWND editor = m_Grid.m_Session.EditorWindow())
-        stops.push_back(editor);
-    if (panes.RecordToolbarShown())
-        stops.push_back(panes.m_txtRecordNo.Hwnd());
-    if (m_Grid.m_State.showDescription)
-        stops.push_back(panes.m_picDescPane.hWnd());
+    for (const auto& [window, isShown] : places)
+        if (isShown == shown)
+            stops.push_back(window);
     return stops;
 }
 
@@ -37,7 +39,7 @@ bool FocusOrder::Move(bool backward) {
     if (!m_Grid.m_State.enabled)
         return false;
     const HWND focus = GetFocus();
-    const std::vector<HWND> stops = Stops();
+    const std::vector<HWND> stops = Stops(true);
     // Panes lie in each other: the innermost one that has the focus is where it is.
     auto at = stops.end();
     for (auto stop = stops.begin(); stop != stops.end(); ++stop)
@@ -54,22 +56,17 @@ bool FocusOrder::Uses(int keyCode) const {
     const HWND focus = GetFocus();
     const bool headers = IsWithin(focus, panes.m_picHeaderContainer.hWnd());
     const bool rows = IsWithin(focus, panes.TreeWnd()) && !headers;
-    return rows || focus == panes.m_txtRecordNo.Hwnd() || (headers && keyCode == VK_RETURN);
+    return rows || focus == m_Grid.m_RecordToolbar.m_txtRecordNo.hWnd() || (headers && keyCode == VK_RETURN);
 }
 
 void FocusOrder::LeaveHidden() {
-    const Panes& panes = m_Grid.m_Panes;
     const HWND focus = GetFocus();
-    const bool hidden = (focus == panes.m_picHeaderContainer.hWnd() && m_Grid.m_State.headers == omHeadersNone) ||
-                        (focus == panes.m_picDescPane.hWnd() && !m_Grid.m_State.showDescription) ||
-                        (focus == panes.m_picTabContainer.hWnd() && !m_Grid.m_State.showTabs) ||
-                        (focus == panes.m_txtRecordNo.Hwnd() && !panes.RecordToolbarShown());
-    if (hidden)
-        SetFocus(panes.TreeWnd());
+    if (focus && std::ranges::count(Stops(false), focus) > 0)
+        SetFocus(m_Grid.m_Panes.TreeWnd());
 }
 
 void FocusOrder::Enter(bool backward) {
-    const std::vector<HWND> stops = Stops();
+    const std::vector<HWND> stops = Stops(true);
     FocusTo(backward ? stops.back() : stops.front());
 }
 
@@ -77,7 +74,7 @@ void FocusOrder::Enter(bool backward) {
 void FocusOrder::FocusTo(HWND stop) {
     Panes& panes = m_Grid.m_Panes;
     SetFocus(stop);
-    if (m_Grid.IsAlive() && stop == panes.m_TextEditor.Hwnd())
+    if (m_Grid.IsAlive() && stop == panes.m_TextEditor.hWnd())
         panes.m_TextEditor.SelectAll();
 }
 

@@ -31,7 +31,7 @@ public:
     void DescriptionKeyDown(int keyCode, int shift);
 
 private:
-    std::vector<HWND> Stops() const;
+    std::vector<HWND> Stops(bool shown) const; // or those that are hidden
     void FocusTo(HWND stop);
 
     Grid& m_Grid;

@@ -1,6 +1,7 @@
 #include "grid/Grid.h"
 
 #include "automation/ComPtr.h"
+#include "grid/Meanwhile.h"
 
 #include <cstdint>
 
@@ -18,9 +19,9 @@ constexpr std::int64_t kErrorBase = static_cast<std::int32_t>(0x80040000);
 
 Grid::Grid(GridHost& host)
     : m_Host(host), m_Events(host.Sinks()), m_CProperties(MakeObject<CProperties>()), m_Properties(*this),
-      m_ModelView(*this), m_ObjectLoader(*this), m_Panes(*this), m_RowPainter(*this), m_ChromeMetrics(*this),
-      m_ChromePainter(*this), m_RecordToolbar(*this), m_Input(*this), m_ListInput(*this), m_FocusOrder(*this),
-      m_PaneMessages(*this), m_Session(*this) {
+      m_ModelView(*this), m_ObjectLoader(*this), m_PaneEvents(*this), m_Panes(*this), m_RowLook(*this),
+      m_RowPainter(*this), m_ChromeMetrics(*this), m_ChromePainter(*this), m_RecordToolbar(*this), m_Input(*this),
+      m_ListInput(*this), m_FocusOrder(*this), m_Selection(*this), m_Session(*this) {
     INITCOMMONCONTROLSEX classes{};
     classes.dwSize = sizeof classes;
     classes.dwICC = kControlClasses;
@@ -31,7 +32,7 @@ Grid::~Grid() { Release(); }
 
 void Grid::CreateWindows(HWND parent) {
     m_Panes.Create(parent);
-    m_PaneMessages.HookPanes();
+    m_PaneEvents.Begin();
     m_CProperties->Init(&m_ModelView);
     m_AlphabeticNodes.Init(&m_ModelView);
     m_CategorizedNodes.Init(&m_ModelView);
@@ -47,7 +48,7 @@ void Grid::Release() {
     const ComPtr<CProperties> properties = m_CProperties;
     if (!properties)
         return;
-    m_PaneMessages.UnhookButtons();
+    m_PaneEvents.End();
     m_Session.Drop();
     m_State.picture = nullptr;
     m_Alive = false; // from here on no room touches a window
@@ -60,7 +61,6 @@ void Grid::Release() {
     m_CategorizedNodes.Init(nullptr);
     m_Session.Release();
     m_EditorParams = {};
-    m_PaneMessages.UnhookTree();
 }
 
 void Grid::LetObjectsGo() {
@@ -79,13 +79,7 @@ bool Grid::OwnsReferences(ULONG count) const {
 
 void Grid::ReportTrappedError(const AutomationError& error) {
     const ComPtr<IUnknown> self(m_Host.Outer());
-    struct Reporting {
-        explicit Reporting(int& depth) : depth(depth) { ++depth; }
-        Reporting(const Reporting&) = delete;
-        Reporting& operator=(const Reporting&) = delete;
-        ~Reporting() { --depth; }
-        int& depth;
-    } reporting(m_Reporting);
+    const Meanwhile reporting(m_Reporting, m_Reporting + 1);
     bool showMessageBox = true;
     m_Events.DisplayError(error.description, error.number, showMessageBox);
     if (!showMessageBox)

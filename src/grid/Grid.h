@@ -12,10 +12,12 @@
 #include "grid/ListInput.h"
 #include "grid/ModelView.h"
 #include "grid/ObjectLoader.h"
-#include "grid/PaneMessages.h"
+#include "grid/PaneEvents.h"
 #include "grid/Panes.h"
 #include "grid/RecordToolbar.h"
+#include "grid/RowLook.h"
 #include "grid/RowPainter.h"
+#include "grid/Selection.h"
 #include "model/CProperties.h"
 #include "model/EditorParams.h"
 #include "platform/ResourceMgr.h"
@@ -62,6 +64,16 @@ public:
     bool IsReporting() const { return m_Reporting > 0; } // a failure is on screen
     // A failure that no caller can take: the host hears of it and may keep the message box away.
     void ReportTrappedError(const AutomationError& error);
+    // Runs a call, and reports its failure so. True when it succeeded.
+    template <class Call> bool Trapped(Call&& call) {
+        try {
+            std::forward<Call>(call)();
+            return true;
+        } catch (...) {
+            ReportTrappedError(CurrentError());
+            return false;
+        }
+    }
 
     GridHost& m_Host;
     GridState m_State;
@@ -76,7 +88,9 @@ public:
     GridProperties m_Properties;
     ModelView m_ModelView;
     ObjectLoader m_ObjectLoader;
+    PaneEvents m_PaneEvents;
     Panes m_Panes;
+    RowLook m_RowLook;
     RowPainter m_RowPainter;
     ChromeMetrics m_ChromeMetrics;
     ChromePainter m_ChromePainter;
@@ -84,7 +98,7 @@ public:
     Input m_Input;
     ListInput m_ListInput;
     FocusOrder m_FocusOrder;
-    PaneMessages m_PaneMessages;
+    Selection m_Selection;
     EditSession m_Session;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "automation/Events.h"
 #include "model/CProperty.h"
+#include "platform/Pane.h"
 
 namespace ormisk {
 
@@ -32,7 +33,6 @@ public:
     void KeyUp(int& keyCode, int& shift);
     void KeyDown(int& keyCode, int& shift);
     void KeyPress(int& keyAscii);
-    enum class MouseStage { Down = 0, Move = 1, Up = 2 };
     // Coordinates in the control's scale.
     void Mouse(MouseStage stage, int button, int shift, float x, float y, omHitItem hitItem);
 

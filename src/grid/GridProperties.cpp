@@ -88,7 +88,7 @@ void GridProperties::Repaint(unsigned effects) {
     if (effects & kRepaintsValueHeader)
         panes.m_picValueHeader.Invalidate(true);
     const bool lines = m_Grid.m_State.grid != omGridNone || m_Grid.m_State.activeView != omAlphabetic;
-    if (effects & kRepaintsRows || (effects & kRepaintsSelection && m_Grid.m_Session.SelectedNode()) ||
+    if (effects & kRepaintsRows || (effects & kRepaintsSelection && m_Grid.m_Selection.SelectedNode()) ||
         (effects & kRepaintsLines && lines))
         panes.RepaintRows();
     if (effects & (kColorsPanes | kRepaintsAll))

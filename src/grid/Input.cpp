@@ -16,55 +16,50 @@ constexpr int kAltKey = 4;
 
 wchar_t FirstUpper(const std::wstring& text) { return text.empty() ? L'\0' : SystemUpper(text.front()); }
 
+// To the window that has the focus by now, with the modifiers of the key's event.
+void TypeAgain(int keyCode, int shift) {
+    // A quick hand has let go of them by now, and Shift or Ctrl and a letter would come as a small letter.
+    static constexpr std::pair<int, BYTE> kModifiers[] = {
+        {kShiftKey, VK_SHIFT}, {kCtrlKey, VK_CONTROL}, {kAltKey, VK_MENU}};
+    std::vector<BYTE> keys;
+    for (const auto& [bit, key] : kModifiers)
+        if (shift & bit && GetAsyncKeyState(key) >= 0)
+            keys.push_back(key);
+    for (const BYTE key : keys)
+        keybd_event(key, 0, 0, 0);
+    keybd_event(static_cast<BYTE>(keyCode), 0, 0, 0);
+    for (const BYTE key : keys)
+        keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+}
+
 } // namespace
 
 omHitItem Input::HitItemOf(const Pane& pane, const MouseEvent& event) const {
     const Panes& panes = m_Grid.m_Panes;
-    if (&pane == &panes.m_picTabContainer) {
-        if (!m_Grid.m_State.showTabs)
-            return omNowhere;
-        if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.AlphabeticTab()))
-            return omAlphabeticTab;
-        return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.CategorizedTab()) ? omCategorizedTab : omNowhere;
-    }
-    const struct {
-        const Pane& pane;
-        omHitItem item;
-    } items[] = {
-        {panes.m_picTreeContainer, omPropertiesArea},
-        {panes.m_picRSToolbar, omRSToolbar},
-        {panes.m_lblTotalRecords, omRSToolbarInfo},
-        {panes.m_picShowFirst, omRSToolbarFirstButton},
-        {panes.m_picShowLast, omRSToolbarLastButton},
-        {panes.m_picShowNext, omRSToolbarNextButton},
-        {panes.m_picShowPrevious, omRSToolbarPreviousButton},
-        {panes.m_picDescPane, omDescriptionPane},
-        {panes.m_picBG, omDescriptionSplitter},
-        {panes.m_picNameHeader, omNameHeader},
-        {panes.m_picValueHeader, omValueHeader},
-        {panes.m_picHeaderContainer, omHeaderSplitter},
-    };
-    for (const auto& entry : items)
-        if (&entry.pane == &pane)
-            return entry.item;
-    return omNowhere;
+    if (&pane != &panes.m_picTabContainer)
+        return panes.EntryOf(pane).hitItem;
+    if (!m_Grid.m_State.showTabs)
+        return omNowhere;
+    if (InRect(event.x, event.y, m_Grid.m_ChromeMetrics.Tabs().Tab(0)))
+        return omAlphabeticTab;
+    return InRect(event.x, event.y, m_Grid.m_ChromeMetrics.Tabs().Tab(1)) ? omCategorizedTab : omNowhere;
 }
 
-void Input::PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage) {
-    using Stage = GridEvents::MouseStage;
+void Input::PaneMouse(const Pane& pane, const MouseEvent& event) {
     const omHitItem item = HitItemOf(pane, event);
-    if (stage == Stage::Down && event.button == 1 && (item == omAlphabeticTab || item == omCategorizedTab))
+    MouseStage stage = event.stage;
+    if (stage == MouseStage::Down && event.button == 1 && (item == omAlphabeticTab || item == omCategorizedTab))
         TabMouseDown(item);
     if (!m_Grid.IsAlive())
         return;
     // Hosts know the value header by this: a move is told as a release, and a release as a press.
-    if (&pane == &m_Grid.m_Panes.m_picValueHeader && stage != Stage::Down)
-        stage = stage == Stage::Move ? Stage::Up : Stage::Down;
+    if (item == omValueHeader && stage != MouseStage::Down)
+        stage = stage == MouseStage::Move ? MouseStage::Up : MouseStage::Down;
     FireMouseEvent(pane, event, stage, item);
 }
 
 // In the control's coordinates and scale.
-void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage, omHitItem hitItem) {
+void Input::FireMouseEvent(const Pane& pane, const MouseEvent& event, MouseStage stage, omHitItem hitItem) {
     const Pane& control = m_Grid.m_Panes.m_Control;
     POINT point{event.x, event.y};
     ClientToScreen(pane.hWnd(), &point);
@@ -77,31 +72,20 @@ void Input::SwitchView(omActiveView view) { m_Grid.m_Properties.Put<&GridState::
 
 void Input::TabMouseDown(omHitItem tab) {
     const omActiveView view = tab == omAlphabeticTab ? omAlphabetic : omCatagorized;
-    if (m_Grid.m_State.activeView == view && m_bTabFocused)
+    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
+    if (m_Grid.m_State.activeView == view && strip.HasFocus())
         return;
     IgnoringFailures([&] { SwitchView(view); });
-    Pane& strip = m_Grid.m_Panes.m_picTabContainer;
-    m_bTabFocused = strip.HasFocus(); // unless a handler took it elsewhere
     strip.Invalidate(true);
 }
 
 void Input::TabKeyDown(int keyCode) {
-    if (!m_bTabFocused)
+    if (!m_Grid.m_Panes.m_picTabContainer.HasFocus())
         return;
     if (keyCode == VK_LEFT && m_Grid.m_State.activeView != omAlphabetic)
         SwitchView(omAlphabetic);
     else if (keyCode == VK_RIGHT && m_Grid.m_State.activeView == omAlphabetic)
         SwitchView(omCatagorized);
-}
-
-void Input::TabsGotFocus() {
-    m_bTabFocused = true;
-    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
-}
-
-void Input::TabsLostFocus() {
-    m_bTabFocused = false;
-    m_Grid.m_Panes.m_picTabContainer.Invalidate(true);
 }
 
 std::wstring Input::AccessKeys() const {
@@ -122,28 +106,27 @@ void Input::OnAccessKey(wchar_t key) {
         SwitchView(omCatagorized);
 }
 
-Point Input::CursorOnTree() const {
-    POINT point{};
+Ref<CNode> Input::RowUnderCursor(POINT& point) const {
     GetCursorPos(&point);
     ScreenToClient(m_Grid.m_Panes.TreeWnd(), &point);
-    return {point.x, point.y};
+    return m_Grid.m_Panes.RowFromPoint(point.x, point.y);
 }
 
 void Input::OnTreeClick() {
-    const Point at = CursorOnTree();
-    const Ref<CNode> node = m_Grid.m_Panes.RowFromPoint(at.x, at.y);
+    POINT at{};
+    const Ref<CNode> node = RowUnderCursor(at);
     if (!node)
         return;
     const RowGeometry geometry = m_Grid.m_Panes.GeometryOf(*node);
     if (InRect(at.x - geometry.name.left, at.y - geometry.name.top, geometry.expander))
         node->SetExpanded(!node->Expanded());
     else
-        m_Grid.m_Session.SetSelectedNode(node);
+        m_Grid.m_Selection.SetSelectedNode(node);
 }
 
 void Input::OnTreeDblClick() {
-    const Point at = CursorOnTree();
-    const Ref<CNode> node = m_Grid.m_Panes.RowFromPoint(at.x, at.y);
+    POINT at{};
+    const Ref<CNode> node = RowUnderCursor(at);
     if (!node)
         return;
     node->SetExpanded(!node->Expanded());
@@ -153,7 +136,7 @@ void Input::OnTreeDblClick() {
 
 bool Input::OnMouseWheel(WPARAM wParam) {
     ScrollBar& bar = m_Grid.m_Panes.m_VScroll;
-    if (!bar.IsShown() || bar.Min() >= bar.Max())
+    if (!bar.IsVisible() || bar.Min() >= bar.Max())
         return false;
     bar.SetValue(bar.Value() + WheelSteps(GET_WHEEL_DELTA_WPARAM(wParam), bar.Value(), bar.Max()));
     return true;
@@ -163,46 +146,40 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
     // A control that is disabled while it has the focus keeps the focus, but takes no keys.
     if (!m_Grid.m_State.enabled)
         return;
-    const bool rows = &pane == &m_Grid.m_Panes.m_picTreeContainer;
     // Help is asked for in place of the key.
-    if (rows && keyCode == VK_F1 && m_Grid.m_Session.SelectedNode()) {
+    if (&pane == &m_Grid.m_Panes.m_picTreeContainer && keyCode == VK_F1 && m_Grid.m_Selection.SelectedNode()) {
         keyCode = 0;
-        RequestHelp();
+        bool processDefault = true;
+        if (const ComPtr<CProperty> property{m_Grid.m_Selection.SelectedProperty()})
+            m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
         return;
     }
     m_Grid.m_Events.KeyDown(keyCode, shift);
-    if (keyCode == 0 || !m_Grid.IsAlive())
-        return;
-    if (rows)
-        OnTreeKeyDown(keyCode, shift);
-    else if (&pane == &m_Grid.m_Panes.m_picTabContainer)
-        TabKeyDown(keyCode);
-    else if (&pane == &m_Grid.m_Panes.m_picHeaderContainer)
-        m_Grid.m_FocusOrder.HeaderKeyDown(keyCode, shift);
-    else if (&pane == &m_Grid.m_Panes.m_picDescPane)
-        m_Grid.m_FocusOrder.DescriptionKeyDown(keyCode, shift);
+    const auto hears = m_Grid.m_Panes.EntryOf(pane).keyDown;
+    if (hears && keyCode != 0 && m_Grid.IsAlive())
+        hears(m_Grid, keyCode, shift);
 }
 
 void Input::OnTreeKeyDown(int keyCode, int shift) {
-    const Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
+    const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
     if (!selected) {
         // The first key only finds a place to start from.
         if (const Ref<CNode> first = RowAt(0))
-            m_Grid.m_Session.SetSelectedNode(first);
+            m_Grid.m_Selection.SetSelectedNode(first);
         return;
     }
     Ref<CNode> target;
     if (!HandleNavigation(keyCode, shift, selected, target))
         HandleOtherKey(keyCode, shift, selected, target);
     if (target && m_Grid.IsAlive())
-        m_Grid.m_Session.SetSelectedNode(target);
+        m_Grid.m_Selection.SetSelectedNode(target);
 }
 
 Ref<CNode> Input::RowAt(long row) const { return Ref<CNode>(m_Grid.m_ActiveNodes->NodeAtRow(row)); }
 
 Ref<CNode> Input::PageFrom(const CNode& node, int direction) const {
     const ScrollBar& bar = m_Grid.m_Panes.m_VScroll;
-    if (!bar.IsShown())
+    if (!bar.IsVisible())
         return nullptr;
     const long row = m_Grid.m_ActiveNodes->RowOf(&node) + direction * PageStep(bar.LargeChange());
     return RowAt(std::clamp(row, 0L, m_Grid.m_ActiveNodes->VisibleRowCount() - 1));
@@ -245,12 +222,9 @@ bool Input::HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected,
             target = Ref<CNode>(node.NextVisible());
         return true;
     case VK_ADD:
-        if (parent && !node.Expanded())
-            node.SetExpanded(true);
-        return true;
     case VK_SUBTRACT:
-        if (parent && node.Expanded())
-            node.SetExpanded(false);
+        if (parent)
+            node.SetExpanded(keyCode == VK_ADD);
         return true;
     default:
         return false;
@@ -273,38 +247,29 @@ void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, R
     } else if (searching) {
         if (letterOrDigit)
             target = FindRowByInitial(*selected, keyCode);
-    } else if (keyCode >= VK_SPACE && m_Grid.m_Session.IsEditorOpen() && !(shift & kAltKey)) {
-        m_Grid.m_Session.TypeInto(keyCode, shift);
+    } else if (keyCode >= VK_SPACE && m_Grid.m_Session.IsEditorOpen() &&
+               (shift & (kCtrlKey | kAltKey)) != kAltKey) { // with both, a key has characters on many keyboards
+        if (m_Grid.m_Session.BeginTyping())
+            TypeAgain(keyCode, shift);
     }
 }
 
 Ref<CNode> Input::FindRowByInitial(const CNode& node, int character) const {
-    const auto matches = [&](const CNode& row) { return FirstUpper(row.Name()) == static_cast<wchar_t>(character); };
-    for (CNode* row = node.NextVisible(); row; row = row->NextVisible())
-        if (matches(*row))
-            return Ref<CNode>(row);
-    for (CNode* row = m_Grid.m_ActiveNodes->NodeAtRow(0); row; row = row->NextVisible())
-        if (matches(*row))
-            return Ref<CNode>(row);
+    for (CNode* start : {node.NextVisible(), m_Grid.m_ActiveNodes->NodeAtRow(0)}) {
+        for (CNode* row = start; row; row = row->NextVisible())
+            if (FirstUpper(row->Name()) == static_cast<wchar_t>(character))
+                return Ref<CNode>(row);
+    }
     return nullptr;
-}
-
-void Input::RequestHelp() {
-    const ComPtr<CProperty> property(m_Grid.m_Session.SelectedProperty());
-    if (!property)
-        return;
-    bool processDefault = true;
-    m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
 }
 
 // The text box is no pane: the control is held here while the host is told.
 void Input::OnKeyDown(int& keyCode, int shift) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyDown(keyCode, shift);
-    if (keyCode == VK_DOWN && shift & kAltKey) {
+    // The system has to see it too: it would take ALT for a key pressed alone, which opens the menu.
+    if (keyCode == VK_DOWN && shift & kAltKey)
         m_Grid.m_Panes.m_TextEditor.SelectAll();
-        keyCode = 0;
-    }
 }
 
 void Input::OnKeyPress(int& keyAscii) {

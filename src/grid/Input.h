@@ -1,7 +1,6 @@
 #pragma once
 
 #include "grid/GridEvents.h"
-#include "platform/Pane.h"
 #include "platform/TextBox.h"
 #include "tree/CNode.h"
 
@@ -11,12 +10,12 @@ class Grid;
 
 // Turns mouse and keyboard into selection, expanding, scrolling and changes of the view, and passes both on to the
 // host.
-class Input final : public TextBoxListener {
+class Input final : public ChildWindowListener {
 public:
     explicit Input(Grid& grid) : m_Grid(grid) {}
 
     // A mouse event of any pane.
-    void PaneMouse(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage);
+    void PaneMouse(const Pane& pane, const MouseEvent& event);
     // The mouse on the rows, where the cursor is now.
     void OnTreeClick();
     void OnTreeDblClick();
@@ -24,38 +23,33 @@ public:
 
     // A key in any pane: the host hears it first and may change it.
     void PaneKeyDown(const Pane& pane, int& keyCode, int shift);
-    void TabsGotFocus(); // the arrows then switch the view
-    void TabsLostFocus();
-    bool TabsFocused() const { return m_bTabFocused; }
+    void OnTreeKeyDown(int keyCode, int shift);
+    void TabKeyDown(int keyCode); // the arrows switch the view while the strip has the focus
     // An access key of the control was pressed.
     void OnAccessKey(wchar_t key);
     std::wstring AccessKeys() const;
 
 private:
-    // TextBoxListener: the text box of the text and number editors.
+    // ChildWindowListener: the text box of the text and number editors.
     void OnKeyDown(int& keyCode, int shift) override;
     void OnKeyPress(int& keyAscii) override;
     void OnKeyUp(int& keyCode, int shift) override;
     void OnGotFocus() override;
     void OnLostFocus() override;
 
-    void FireMouseEvent(const Pane& pane, const MouseEvent& event, GridEvents::MouseStage stage, omHitItem hitItem);
+    void FireMouseEvent(const Pane& pane, const MouseEvent& event, MouseStage stage, omHitItem hitItem);
     omHitItem HitItemOf(const Pane& pane, const MouseEvent& event) const;
     void TabMouseDown(omHitItem tab);
-    void TabKeyDown(int keyCode);
     void SwitchView(omActiveView view);
-    void OnTreeKeyDown(int keyCode, int shift);
     bool HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
     void HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target);
     void DropDown(const Ref<CNode>& selected, Ref<CNode>& target);
     Ref<CNode> RowAt(long row) const;
     Ref<CNode> PageFrom(const CNode& node, int direction) const;
     Ref<CNode> FindRowByInitial(const CNode& node, int character) const;
-    void RequestHelp();
-    Point CursorOnTree() const;
+    Ref<CNode> RowUnderCursor(POINT& point) const; // which is told, on the tree
 
     Grid& m_Grid;
-    bool m_bTabFocused = false; // while the strip has the focus
 };
 
 } // namespace ormisk

@@ -8,12 +8,14 @@ namespace ormisk {
 
 void ListInput::OnItemChosen() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
-    m_Grid.m_Session.ListItemChosen();
+    Choose();
 }
 
 void ListInput::OnListClosed(bool cancelled) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
-    m_Grid.m_Session.ListClosed(cancelled);
+    const ComPtr<_CEditor> editor = m_Grid.m_Session.CurrentEditor();
+    if (cancelled && editor)
+        EditorProxy(editor.Get()).Cancel();
 }
 
 void ListInput::OnKeyDown(int& keyCode, int shift) {
@@ -21,7 +23,14 @@ void ListInput::OnKeyDown(int& keyCode, int shift) {
     m_Grid.m_Events.KeyDown(keyCode, shift);
     // ENTER at the closed list confirms anew what it shows; at the open one it makes a choice.
     if (keyCode == VK_RETURN && m_Grid.IsAlive() && !m_Grid.m_Panes.m_ListEditor.IsListOpen())
-        m_Grid.m_Session.ListItemChosen();
+        Choose();
+}
+
+// There is no further step to a choice: its commit is not repeated when the list closes or the row is left.
+void ListInput::Choose() {
+    EditSession& session = m_Grid.m_Session;
+    if (session.IsListEditorOpen())
+        session.CommitEdit(session.CurrentEditor().Get());
 }
 
 void ListInput::OnKeyPress(int& keyAscii) {

@@ -19,6 +19,8 @@ public:
     void OnGotFocus() override;
 
 private:
+    void Choose();
+
     Grid& m_Grid;
 };
 

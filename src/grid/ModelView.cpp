@@ -13,12 +13,8 @@ namespace ormisk {
 
 // Runs one statement. A failure is reported, the focus goes back to the rows, and the caller goes on.
 template <class F> void ModelView::Trapped(F&& statement) {
-    try {
-        statement();
-    } catch (...) {
-        m_Grid.ReportTrappedError(CurrentError());
+    if (!m_Grid.Trapped(std::forward<F>(statement)))
         m_Grid.m_Panes.m_picTreeContainer.TakeFocus();
-    }
 }
 
 const IUnknown* ModelView::Control() const { return m_Grid.m_Host.Outer(); }
@@ -123,7 +119,7 @@ void ModelView::HeaderSort(bool nameButtonClicked) {
     IgnoringFailures([&] { Sort(nameButtonClicked); }); // a click has no caller to hear of it
     if (!m_Grid.IsAlive())
         return;
-    m_Grid.m_Session.SetSelectedNode(nullptr);
+    m_Grid.m_Selection.SetSelectedNode(nullptr);
     if (!m_Grid.IsAlive())
         return;
     m_Grid.m_Panes.RecalcLayout();
@@ -175,7 +171,7 @@ void ModelView::EndRemoval(const Removal& removal) {
     if (!m_Grid.m_CProperties)
         return; // a handler of a child's event ended the control
     m_Grid.m_State.lockRefresh = removal.locked;
-    m_Grid.m_Session.DropLostSelection();
+    m_Grid.m_Selection.DropLostSelection();
     RefreshView();
     m_Grid.m_Events.PropertyDeleted(*removal.property.Get());
 }
@@ -210,7 +206,7 @@ void ModelView::PropertyChangedEx(CProperty& property, Attribute attribute) {
     if (attribute == Attribute::Name)
         for (CNodes* nodes : {&m_Grid.m_AlphabeticNodes, &m_Grid.m_CategorizedNodes})
             nodes->NameChanged(nodes->ItemOf(property)); // the nodes read it from the property
-    if (m_Grid.m_Session.SelectedProperty() == &property)
+    if (m_Grid.m_Selection.SelectedProperty() == &property)
         m_Grid.m_Panes.m_picDescPane.Invalidate(true); // name and help
     const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
     Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node.Get()); });
@@ -243,11 +239,11 @@ void ModelView::UpdateChildren(CProperty& property) {
 void ModelView::VisibilityChanged(CProperty& property) {
     for (CNodes* nodes : {&m_Grid.m_AlphabeticNodes, &m_Grid.m_CategorizedNodes})
         nodes->VisibilityChanged(nodes->ItemOf(property));
-    if (property.IsVisible() ? m_Grid.m_Session.SelectedProperty() == &property : IsSelectedWithin(property))
+    if (property.IsVisible() ? m_Grid.m_Selection.SelectedProperty() == &property : IsSelectedWithin(property))
         Trapped([&] { m_Grid.m_Session.CloseEditor(false); });
     // A handler of the commit may have shown it again, or selected another row.
     if (!property.IsVisible() && IsSelectedWithin(property))
-        Trapped([&] { m_Grid.m_Session.SetSelectedNode(nullptr); });
+        Trapped([&] { m_Grid.m_Selection.SetSelectedNode(nullptr); });
     if (!m_Grid.IsAlive())
         return;
     m_Grid.m_Session.FollowRow();
@@ -256,13 +252,13 @@ void ModelView::VisibilityChanged(CProperty& property) {
 
 // Whether the row of the property is selected, or one below it.
 bool ModelView::IsSelectedWithin(const CProperty& property) const {
-    const Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
+    const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
     const CNode* node = m_Grid.m_ActiveNodes->ItemOf(property);
     return selected && node && (selected.Get() == node || selected->IsDescendantOf(node));
 }
 
 void ModelView::ValueChanged(CProperty& property) {
-    if (m_Grid.m_Session.SelectedProperty() == &property)
+    if (m_Grid.m_Selection.SelectedProperty() == &property)
         Trapped([&] { m_Grid.m_Session.ReloadEditor(property); });
     Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });
 }
@@ -283,7 +279,7 @@ void ModelView::NodePropertyChanged(CNode& node) {
     m_Grid.m_Session.CommitAndHide();
     if (!m_Grid.m_CProperties)
         return;
-    Ref<CNode> selected = m_Grid.m_Session.SelectedNode();
+    Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
     if (node.Tree() != m_Grid.m_ActiveNodes)
         return;
     if (!node.Expanded() && selected && selected->IsDescendantOf(&node))
@@ -293,7 +289,7 @@ void ModelView::NodePropertyChanged(CNode& node) {
         return;
     }
     m_Grid.m_Panes.UpdateScrollBar();
-    m_Grid.m_Session.SetSelectedNode(selected);
+    m_Grid.m_Selection.SetSelectedNode(selected);
     m_Grid.m_Panes.InvalidateRowsFrom(node);
 }
 
@@ -301,12 +297,12 @@ void ModelView::ViewChanged() {
     m_Grid.m_ActiveNodes =
         m_Grid.m_State.activeView != omAlphabetic ? &m_Grid.m_CategorizedNodes : &m_Grid.m_AlphabeticNodes;
     m_Grid.m_Panes.UpdateScrollBar();
-    if (m_Grid.m_Session.SelectedNode()) {
-        const CProperty* property = m_Grid.m_Session.SelectedProperty();
+    if (m_Grid.m_Selection.SelectedNode()) {
+        const CProperty* property = m_Grid.m_Selection.SelectedProperty();
         const Ref<CNode> node(property ? m_Grid.m_ActiveNodes->ItemOf(*property) : nullptr);
         const CNode* parent = node ? node->ParentNode() : nullptr;
         const bool reachable = m_Grid.m_State.activeView == omAlphabetic || !parent || parent->Expanded();
-        m_Grid.m_Session.SetSelectedNode(reachable ? node : Ref<CNode>());
+        m_Grid.m_Selection.SetSelectedNode(reachable ? node : Ref<CNode>());
     }
 }
 
@@ -351,7 +347,7 @@ void ModelView::Open(const std::vector<Ref<CNode>>& path, bool restartEditor) {
     if (opened && m_Grid.IsAlive()) {
         m_Grid.m_Panes.UpdateScrollBar();
         if (restartEditor)
-            m_Grid.m_Session.SetSelectedNode(m_Grid.m_Session.SelectedNode());
+            m_Grid.m_Selection.SetSelectedNode(m_Grid.m_Selection.SelectedNode());
         m_Grid.m_Panes.m_picTreeContainer.Invalidate(false);
     }
     if (failure)

@@ -1,6 +1,7 @@
 #include "grid/ObjectLoader.h"
 
 #include "grid/Grid.h"
+#include "grid/Meanwhile.h"
 
 namespace ormisk {
 
@@ -10,32 +11,14 @@ constexpr int kMostLoads = 2;
 
 } // namespace
 
-// Counts the load and locks the view; what the host had set comes back at the end.
-class ObjectLoader::Loading {
-public:
-    explicit Loading(ObjectLoader& loader) : m_Loader(loader), m_Locked(loader.m_Grid.m_State.lockRefresh) {
-        ++m_Loader.m_Loads;
-        m_Loader.m_Grid.m_State.lockRefresh = true;
-    }
-    Loading(const Loading&) = delete;
-    Loading& operator=(const Loading&) = delete;
-    ~Loading() {
-        if (--m_Loader.m_Loads == 0)
-            m_Loader.m_Stopped = false;
-        m_Loader.m_Grid.m_State.lockRefresh = m_Locked;
-    }
-
-private:
-    ObjectLoader& m_Loader;
-    bool m_Locked;
-};
-
 bool ObjectLoader::LoadObjectProperties(IDispatch* object, bool clear, bool autoUpdate) {
     if (m_Loads == kMostLoads)
         return false;
     bool done = false;
     {
-        const Loading loading(*this);
+        const Meanwhile loads(m_Loads, m_Loads + 1);
+        const Meanwhile locked(m_Grid.m_State.lockRefresh, true); // what the host had set comes back
+        m_Stopped = m_Stopped && m_Loads > 1;
         done = ObjectWalk(*this, m_Types)
                    .InspectObject(nullptr, object, clear, autoUpdate, m_Grid.m_State.inspectionDepth);
     }

@@ -18,8 +18,6 @@ public:
     void Stop() { m_Stopped = m_Loads > 0; }
 
 private:
-    class Loading;
-
     bool IsOpen() const override;
     void Clear() override;
     void RaiseAddingProperty(const std::wstring& name, std::wstring& category, omEditorType& editorType,

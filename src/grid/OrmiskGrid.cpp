@@ -193,15 +193,15 @@ STDMETHODIMP OrmiskGrid::UnRegisterEditor(BSTR key) {
 }
 
 STDMETHODIMP OrmiskGrid::get_SelectedProperty(_CProperty** value) {
-    return Run([&] { Give(value, ComPtr<CProperty>(m_Grid.m_Session.SelectedProperty())); });
+    return Run([&] { Give(value, ComPtr<CProperty>(m_Grid.m_Selection.SelectedProperty())); });
 }
 
 STDMETHODIMP OrmiskGrid::putref_SelectedProperty(_CProperty* value) {
-    return Run([&] { m_Grid.m_Session.SelectProperty(value); });
+    return Run([&] { m_Grid.m_Selection.SelectProperty(value); });
 }
 
 STDMETHODIMP OrmiskGrid::StartPropertyEdit(_CProperty* property) {
-    return Run([&] { m_Grid.m_Session.StartPropertyEdit(property); });
+    return Run([&] { m_Grid.m_Selection.StartPropertyEdit(property); });
 }
 
 STDMETHODIMP OrmiskGrid::ShowAbout() {

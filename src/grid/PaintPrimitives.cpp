@@ -7,45 +7,43 @@
 #include "platform/Scale.h"
 #include "win/Dpi.h"
 #include "win/Gdi.h"
+#include "win/Rects.h"
 
 #include <algorithm>
-#include <array>
 
 #include <olectl.h>
 
 namespace ormisk {
 
-namespace {
-
-void Path(CResourceMgr& resources, HDC dc, Color color, const wchar_t* key, std::array<Point, 3> points) {
-    const HPEN pen = resources.GetPen(color, key);
-    if (!pen)
-        return;
-    const SelectGuard selected(dc, pen);
-    MoveToEx(dc, points[0].x, points[0].y, nullptr);
-    LineTo(dc, points[1].x, points[1].y);
-    LineTo(dc, points[2].x, points[2].y);
-}
-
-} // namespace
-
 Color TextColor(const GridState& state, Color color) {
     return state.enabled ? TranslateColor(color) : GetSysColor(COLOR_GRAYTEXT);
 }
 
-void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
-    const Shades shades = ShadesOf(base);
-    const long l = rc.left;
-    const long t = rc.top;
-    const long r = rc.right;
-    const long b = rc.bottom;
-    Path(resources, dc, shades.Light, L"LightBackColor", {{{l + 1, b - 2}, {l + 1, t + 1}, {r - 2, t + 1}}});
-    Path(resources, dc, shades.Lighter, L"LighterBackColor", {{{l, b - 1}, {l, t}, {r - 1, t}}});
-    Path(resources, dc, shades.Dark, L"DarkBackColor", {{{l + 1, b - 2}, {r - 2, b - 2}, {r - 2, t + 1}}});
-    Path(resources, dc, shades.Darker, L"DarkerBackColor", {{{l, b - 1}, {r - 1, b - 1}, {r - 1, t - 1}}});
+void FillWith(HDC dc, const Rect& rect, HBRUSH brush) {
+    const RECT area = ToRect(rect);
+    if (brush)
+        FillRect(dc, &area, brush);
 }
 
-bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Size size, Color maskColor) {
+void DrawPath(HDC dc, HPEN pen, std::initializer_list<POINT> points) {
+    const SelectGuard selected(dc, pen);
+    if (pen)
+        Polyline(dc, points.begin(), static_cast<int>(points.size()));
+}
+
+void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base) {
+    const Shades shades = ShadesOf(base);
+    const auto& [l, t, r, b] = rc;
+    const auto path = [&](Color color, const wchar_t* key, std::initializer_list<POINT> points) {
+        DrawPath(dc, resources.GetPen(color, key), points);
+    };
+    path(shades.Light, L"LightBackColor", {{l + 1, b - 2}, {l + 1, t + 1}, {r - 2, t + 1}});
+    path(shades.Lighter, L"LighterBackColor", {{l, b - 1}, {l, t}, {r - 1, t}});
+    path(shades.Dark, L"DarkBackColor", {{l + 1, b - 2}, {r - 2, b - 2}, {r - 2, t + 1}});
+    path(shades.Darker, L"DarkerBackColor", {{l, b - 1}, {r - 1, b - 1}, {r - 1, t - 1}});
+}
+
+bool TransparentBlit(HDC target, Point place, HDC source, Size size, Color maskColor) {
     const Unique<HBITMAP> mask(CreateBitmap(size.cx, size.cy, 1, 1, nullptr));
     const Unique<HBITMAP> copy(CreateCompatibleBitmap(target, size.cx, size.cy));
     const MemoryDC maskDc(target);
@@ -54,24 +52,16 @@ bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Si
         return false;
     const SelectGuard maskSelected(maskDc.Get(), mask.get());
     const SelectGuard copySelected(copyDc.Get(), copy.get());
-    BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, source, origin.x, origin.y, SRCCOPY);
+    BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, source, 0, 0, SRCCOPY);
     SetBkColor(copyDc.Get(), maskColor);
     BitBlt(maskDc.Get(), 0, 0, size.cx, size.cy, copyDc.Get(), 0, 0, SRCCOPY);
     // Where the mask is set it stands for the copy's background, the mask colour: XOR blacks these pixels out.
     BitBlt(copyDc.Get(), 0, 0, size.cx, size.cy, maskDc.Get(), 0, 0, SRCINVERT);
-    const COLORREF oldText = SetTextColor(target, 0);
-    const COLORREF oldBack = SetBkColor(target, 0xFFFFFF);
-    const auto blit = [&](HDC from, DWORD raster) {
-        if (place.Width() == size.cx && place.Height() == size.cy)
-            BitBlt(target, place.left, place.top, size.cx, size.cy, from, 0, 0, raster);
-        else
-            StretchBlt(target, place.left, place.top, place.Width(), place.Height(), from, 0, 0, size.cx, size.cy,
-                       raster);
-    };
-    blit(maskDc.Get(), SRCAND);
-    blit(copyDc.Get(), SRCINVERT);
-    SetTextColor(target, oldText);
-    SetBkColor(target, oldBack);
+    const SavedDC undone(target);
+    SetTextColor(target, 0);
+    SetBkColor(target, 0xFFFFFF);
+    BitBlt(target, place.x, place.y, size.cx, size.cy, maskDc.Get(), 0, 0, SRCAND);
+    BitBlt(target, place.x, place.y, size.cx, size.cy, copyDc.Get(), 0, 0, SRCINVERT);
     return true;
 }
 
@@ -80,22 +70,11 @@ void TileBitmap(HDC target, IPicture* picture, const Rect& area, HDC source) {
     const Size tile = PicturePixels(picture);
     if ((type != PICTYPE_BITMAP && type != PICTYPE_ICON) || tile.cx <= 0 || tile.cy <= 0)
         return;
-    // A width that reaches exactly 0 would never get ahead.
-    const auto guarded = [](long extent) { return extent == 0 ? 4 : extent; };
-    long y = area.top;
-    long sourceY = area.top % tile.cy;
-    while (y < area.bottom) {
-        const long height = guarded(std::min(tile.cy - sourceY, area.bottom - y));
-        long x = area.left;
-        long sourceX = area.left % tile.cx;
-        while (x < area.right) {
-            const long width = guarded(std::min(tile.cx - sourceX, area.right - x));
-            BitBlt(target, x, y, width, height, source, sourceX, sourceY, SRCCOPY);
-            x += width;
-            sourceX = 0;
-        }
-        y += height;
-        sourceY = 0;
+    for (long y = area.top; y < area.bottom; y += tile.cy - y % tile.cy) {
+        const long height = std::min(tile.cy - y % tile.cy, area.bottom - y);
+        for (long x = area.left; x < area.right; x += tile.cx - x % tile.cx)
+            BitBlt(target, x, y, std::min(tile.cx - x % tile.cx, area.right - x), height, source, x % tile.cx,
+                   y % tile.cy, SRCCOPY);
     }
 }
 
@@ -113,8 +92,7 @@ Size PicturePixels(IPicture* picture) {
     if (!picture || FAILED(picture->get_Width(&width)) || FAILED(picture->get_Height(&height)))
         return {};
     const auto pixels = [](long himetric, Axis axis) {
-        return RoundToLong(
-            ConvertScale(static_cast<double>(himetric), ScaleMode::Himetric, ScaleMode::Pixel, DpiOf(nullptr), axis));
+        return RoundToLong(ConvertScale(himetric, ScaleMode::Himetric, ScaleMode::Pixel, DpiOf(nullptr), axis));
     };
     return {pixels(width, Axis::X), pixels(height, Axis::Y)};
 }

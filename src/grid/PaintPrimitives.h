@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <initializer_list>
 #include <ocidl.h>
 
 namespace ormisk {
@@ -15,11 +16,16 @@ struct GridState;
 // What a text of the colour is drawn in: in a disabled control everything is gray.
 Color TextColor(const GridState& state, Color color);
 
+void FillWith(HDC dc, const Rect& rect, HBRUSH brush);
+
+// Lines from point to point, of which the last is left out. No brush or pen: nothing is drawn.
+void DrawPath(HDC dc, HPEN pen, std::initializer_list<POINT> points);
+
 // A relief on the rectangle, in shades of the base colour, which is an RGB value.
 void Draw3DBorder(CResourceMgr& resources, HDC dc, const Rect& rc, Color base);
 
 // Copies a bitmap but for the pixels of the mask colour, an RGB value; true on success.
-bool TransparentBlit(HDC target, const Rect& place, HDC source, Point origin, Size size, Color maskColor);
+bool TransparentBlit(HDC target, Point place, HDC source, Size size, Color maskColor);
 
 // Tiles over an area, aligned to the coordinate origin. Draws bitmaps and icons only.
 void TileBitmap(HDC target, IPicture* picture, const Rect& area, HDC source);

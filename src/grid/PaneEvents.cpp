@@ -1,211 +1,223 @@
-// What the windows report, and which room hears it.
+#include "grid/PaneEvents.h"
 
 #include "grid/Grid.h"
+#include "grid/PaintPrimitives.h"
 #include "platform/Rounding.h"
-#include "platform/WindowPicture.h"
+
+#include <cstring>
 
 namespace ormisk {
 
-IUnknown* Panes::Keeper() { return m_Grid.m_Host.Outer(); }
+STDMETHODIMP PaneEvents::QueryInterface(REFIID iid, void** object) { return Keeper()->QueryInterface(iid, object); }
 
-void Panes::PaintTree(UINT message, WPARAM wParam) {
-    // A failure must not keep the window from being painted: the message would come for ever.
-    if (message == WM_PAINT && m_Grid.m_State.lockRefresh)
-        IgnoringFailures([&] { UpdateScrollBar(); });
-    if (message == WM_PRINTCLIENT) {
-        const Size client = m_picTreeContainer.ClientSize();
-        m_Grid.m_RowPainter.PaintTree(reinterpret_cast<HDC>(wParam), {0, 0, client.cx, client.cy});
-        return;
+STDMETHODIMP_(ULONG) PaneEvents::AddRef() { return Keeper()->AddRef(); }
+
+STDMETHODIMP_(ULONG) PaneEvents::Release() { return Keeper()->Release(); }
+
+IUnknown* PaneEvents::Keeper() { return m_Grid.m_Host.Outer(); }
+
+void PaneEvents::Begin() {
+    m_AtRunTime = m_Grid.m_Host.UserMode();
+    if (m_AtRunTime)
+        AddWindowsHook(WH_GETMESSAGE, this);
+}
+
+void PaneEvents::End() { RemoveWindowsHook(WH_GETMESSAGE, this); }
+
+// Drivers of old mice post the wheel as a message of their own.
+LRESULT PaneEvents::NotifyHookedEvent(int nHookType, int, WPARAM wParam, LPARAM lParam, bool&) {
+    if (nHookType == WH_GETMESSAGE && lParam) {
+        MSG message{};
+        std::memcpy(&message, reinterpret_cast<const void*>(lParam), sizeof message);
+        if (message.message == m_WheelMessage)
+            PostMessageW(m_Grid.m_Panes.TreeWnd(), WM_MOUSEWHEEL, wParam, lParam);
     }
-    const PaintDC paint(TreeWnd());
-    if (!paint)
-        return;
-    const RECT& clip = paint.UpdateRect();
-    m_Grid.m_RowPainter.PaintTree(paint.Get(), {clip.left, clip.top, clip.right, clip.bottom});
+    return 0;
 }
 
-void Panes::Draw(HDC dc) { DrawWindowPicture(m_Control.hWnd(), dc); }
-
-void Panes::OnPaint(Pane& pane, HDC dc, const RECT&) {
-    if (&pane == &m_picTreeContainer) {
-        // While a form is being designed, nobody takes the message before the pane.
-        const Size client = pane.ClientSize();
-        m_Grid.m_RowPainter.PaintTree(dc, {0, 0, client.cx, client.cy});
-    } else if (&pane == &m_picTabContainer) {
-        m_Grid.m_ChromePainter.DrawTabs(dc);
-    } else if (&pane == &m_picNameHeader || &pane == &m_picValueHeader) {
-        m_Grid.m_ChromePainter.DrawColumnHeader(dc, &pane == &m_picNameHeader);
-    } else if (&pane == &m_picDescPane) {
-        m_Grid.m_ChromePainter.DrawDescription(dc);
-    } else {
-        m_Grid.m_RecordToolbar.Paint(pane, dc);
-    }
-}
-
-CSplitter* Panes::SplitterIn(const Pane& pane) {
-    if (&pane == &m_picBG)
-        return &m_ContainerSplitter;
-    return &pane == &m_picHeaderContainer ? &m_HeaderSplitter : nullptr;
-}
-
-// A splitter hears of its container's mouse before the host does. False when a handler of what its bar laid out anew
-// ended the control.
-bool Panes::ForwardMouse(Pane& pane, const MouseEvent& event, void (CSplitter::*hears)(int, int, float, float)) {
-    if (CSplitter* splitter = SplitterIn(pane))
-        (splitter->*hears)(event.button, event.shift, pane.PixelsToUnitsX(static_cast<float>(event.x)),
-                           pane.PixelsToUnitsY(static_cast<float>(event.y)));
-    return m_Grid.IsAlive();
-}
-
-void Panes::OnMouseDown(Pane& pane, const MouseEvent& event) {
-    if (!ForwardMouse(pane, event, &CSplitter::ContainerMouseDown))
-        return;
-    if (event.button == 1)
-        m_Grid.m_RecordToolbar.MouseDown(pane);
-    m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Down);
-}
-
-void Panes::OnMouseMove(Pane& pane, const MouseEvent& event) {
-    if (!ForwardMouse(pane, event, &CSplitter::ContainerMouseMove))
-        return;
-    m_Grid.m_RecordToolbar.MouseMove(pane);
-    m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Move);
-}
-
-void Panes::OnMouseUp(Pane& pane, const MouseEvent& event) {
-    if (!ForwardMouse(pane, event, &CSplitter::ContainerMouseUp))
-        return;
-    m_Grid.m_RecordToolbar.MouseUp();
-    m_Grid.m_Input.PaneMouse(pane, event, GridEvents::MouseStage::Up);
-}
-
-void Panes::OnCaptureLost(Pane& pane) {
-    if (CSplitter* splitter = SplitterIn(pane))
-        splitter->ContainerCaptureLost();
-    m_Grid.m_RecordToolbar.MouseUp();
-}
-
-void Panes::OnClick(Pane& pane) {
-    if (&pane == &m_picTreeContainer)
-        m_Grid.m_Input.OnTreeClick();
-    else if (&pane == &m_picNameHeader || &pane == &m_picValueHeader)
-        m_Grid.m_ModelView.HeaderSort(&pane == &m_picNameHeader);
-}
-
-void Panes::OnDblClick(Pane& pane) {
-    if (CSplitter* splitter = SplitterIn(pane))
-        splitter->ContainerDblClick();
-    else if (&pane == &m_picTreeContainer)
-        m_Grid.m_Input.OnTreeDblClick();
-}
-
-void Panes::OnKeyDown(Pane& pane, int& keyCode, int shift) { m_Grid.m_Input.PaneKeyDown(pane, keyCode, shift); }
-
-void Panes::OnKeyUp(Pane&, int& keyCode, int shift) { m_Grid.m_Events.KeyUp(keyCode, shift); }
-
-void Panes::OnKeyPress(Pane&, int& keyAscii) { m_Grid.m_Events.KeyPress(keyAscii); }
-
-void Panes::OnFocusChange(Pane& pane, bool gained) {
-    if (gained)
-        m_Grid.m_Host.FocusEntered();
-    // The control itself has nothing to type into.
-    if (gained && &pane == &m_Control)
-        m_picTreeContainer.TakeFocus();
-    if (&pane == &m_picTabContainer) {
-        if (gained)
-            m_Grid.m_Input.TabsGotFocus();
-        else
-            m_Grid.m_Input.TabsLostFocus();
-    }
-    // What has the focus shows it.
-    if (&pane == &m_picHeaderContainer)
-        m_picNameHeader.Invalidate(true);
-    else if (&pane == &m_picDescPane)
-        m_picDescPane.Invalidate(true);
-}
-
-void Panes::OnResize(Pane& pane) {
-    if (&pane == &m_Control)
-        ControlResized();
-    else if (&pane == &m_picBG)
-        m_ContainerSplitter.ContainerResize();
-    else if (&pane == &m_picTabContainer)
-        LayoutTabContainer();
-    else if (&pane == &m_picTreeContainer)
-        RecalcLayout();
-    else if (&pane == &m_picHeaderContainer)
-        m_HeaderSplitter.ContainerResize();
-    if (&pane != &m_picTreeContainer && m_Grid.IsAlive())
-        pane.Invalidate(true); // what is drawn in it follows its size
-}
-
-bool Panes::OnChildMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    if (m_ListEditor.OnParentMessage(message, wParam, lParam, result))
+bool PaneEvents::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    Panes& panes = m_Grid.m_Panes;
+    if (m_AtRunTime && m_Grid.IsAlive() && OnRunTimeMessage(pane, message, wParam, lParam, result))
         return true;
     switch (message) {
     case WM_VSCROLL:
-        return &pane == &m_picTreeContainer && m_VScroll.HandleScroll(wParam, lParam);
+        return &pane == &panes.m_picTreeContainer && panes.m_VScroll.HandleScroll(wParam, lParam);
     case WM_CTLCOLOREDIT:
-        for (TextBox* box : {&m_TextEditor, &m_txtRecordNo}) {
-            if (box->Hwnd() == reinterpret_cast<HWND>(lParam)) {
+        for (TextBox* box : {&panes.m_TextEditor, &m_Grid.m_RecordToolbar.m_txtRecordNo}) {
+            if (box->hWnd() == reinterpret_cast<HWND>(lParam)) {
                 result = reinterpret_cast<LRESULT>(box->OnCtlColor(reinterpret_cast<HDC>(wParam)));
                 return result != 0;
             }
         }
         return false;
+    case WM_COMMAND:
+    case WM_DRAWITEM:
+    case WM_CTLCOLORLISTBOX:
+        return panes.m_ListEditor.OnParentMessage(message, wParam, lParam, result);
     default:
         return false;
     }
 }
 
-void Panes::LocationChanged(CSplitter& splitter) {
+bool PaneEvents::OnRunTimeMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    Panes& panes = m_Grid.m_Panes;
+    if (message == WM_MOUSELEAVE)
+        m_Grid.m_RecordToolbar.MouseLeft(pane.hWnd());
+    if (&pane != &panes.m_picTreeContainer)
+        return false;
+    switch (message) {
+    case WM_DESTROY:
+        m_Grid.Release();
+        return false;
+    case WM_PAINT:
+        // A failure must not keep the window from being painted: the message would come for ever.
+        if (m_Grid.m_State.lockRefresh)
+            IgnoringFailures([&] { panes.UpdateScrollBar(); });
+        return false;
+    case WM_SYSCOLORCHANGE:
+        panes.Refresh();
+        RedrawWindow(panes.m_picRSToolbar.hWnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        return false;
+    case WM_CTLCOLORSTATIC:
+        return ColorOfStatic(wParam, lParam, result);
+    case WM_MOUSEWHEEL:
+        return m_Grid.m_Input.OnMouseWheel(wParam); // without a bar to move, the wheel is the container's
+    default:
+        return false;
+    }
+}
+
+// The caption of an editor that is a static window takes the colours of its row.
+bool PaneEvents::ColorOfStatic(WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    const HWND editor = m_Grid.m_Session.EditorWindow();
+    const CProperty* property = m_Grid.m_Selection.SelectedProperty();
+    if (!editor || editor != reinterpret_cast<HWND>(lParam) || !property)
+        return false;
+    auto* dc = reinterpret_cast<HDC>(wParam);
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, TextColor(m_Grid.m_State, property->ResolvedForeColor()));
+    result = reinterpret_cast<LRESULT>(
+        m_Grid.m_ResourceMgr.GetBrush(TranslateColor(property->ResolvedBackColor()), L"EditorBackColor"));
+    return true;
+}
+
+void PaneEvents::OnPaint(Pane& pane, HDC dc, const Rect& clip) {
+    const SavedDC undone(dc); // whatever the painters set
+    const Size client = pane.ClientSize();
+    // A form that is being designed gets everything drawn.
+    if (const auto paint = m_Grid.m_Panes.EntryOf(pane).paint)
+        paint(m_Grid, pane, dc, m_AtRunTime ? clip : Rect{0, 0, client.cx, client.cy});
+}
+
+CSplitter* PaneEvents::SplitterIn(const Pane& pane) {
+    const auto splitter = m_Grid.m_Panes.EntryOf(pane).splitter;
+    return splitter ? &(m_Grid.m_Panes.*splitter) : nullptr;
+}
+
+// A splitter hears of its container's mouse before the host does.
+void PaneEvents::OnMouse(Pane& pane, const MouseEvent& event) {
+    static constexpr void (CSplitter::* kHears[])(int, int, float, float) = {
+        &CSplitter::ContainerMouseDown, &CSplitter::ContainerMouseMove, &CSplitter::ContainerMouseUp};
+    if (CSplitter* splitter = SplitterIn(pane))
+        (splitter->*kHears[static_cast<int>(event.stage)])(event.button, event.shift,
+                                                           pane.PixelsToUnitsX(static_cast<float>(event.x)),
+                                                           pane.PixelsToUnitsY(static_cast<float>(event.y)));
+    // A handler of what its bar laid out anew may have ended the control.
     if (!m_Grid.IsAlive())
         return;
-    if (&splitter == &m_HeaderSplitter)
+    m_Grid.m_RecordToolbar.Mouse(pane, event);
+    m_Grid.m_Input.PaneMouse(pane, event);
+}
+
+void PaneEvents::OnCaptureLost(Pane& pane) {
+    if (CSplitter* splitter = SplitterIn(pane))
+        splitter->ContainerCaptureLost();
+    m_Grid.m_RecordToolbar.MouseUp();
+}
+
+void PaneEvents::OnClick(Pane& pane) {
+    if (const auto clicked = m_Grid.m_Panes.EntryOf(pane).clicked)
+        clicked(m_Grid);
+}
+
+void PaneEvents::OnDblClick(Pane& pane) {
+    if (CSplitter* splitter = SplitterIn(pane))
+        splitter->ContainerDblClick();
+    else if (const auto doubleClicked = m_Grid.m_Panes.EntryOf(pane).doubleClicked)
+        doubleClicked(m_Grid);
+}
+
+void PaneEvents::OnKeyDown(Pane& pane, int& keyCode, int shift) { m_Grid.m_Input.PaneKeyDown(pane, keyCode, shift); }
+
+void PaneEvents::OnKeyUp(Pane&, int& keyCode, int shift) { m_Grid.m_Events.KeyUp(keyCode, shift); }
+
+void PaneEvents::OnKeyPress(Pane&, int& keyAscii) { m_Grid.m_Events.KeyPress(keyAscii); }
+
+void PaneEvents::OnFocusChange(Pane& pane, bool gained) {
+    if (gained)
+        m_Grid.m_Host.FocusEntered();
+    if (const auto focused = m_Grid.m_Panes.EntryOf(pane).focused)
+        focused(m_Grid, gained);
+}
+
+void PaneEvents::OnResize(Pane& pane) {
+    if (CSplitter* splitter = SplitterIn(pane))
+        splitter->ContainerResize();
+    else if (const auto resized = m_Grid.m_Panes.EntryOf(pane).resized)
+        resized(m_Grid);
+    if (&pane != &m_Grid.m_Panes.m_picTreeContainer && m_Grid.IsAlive())
+        pane.Invalidate(true); // what is drawn in it follows its size
+}
+
+void PaneEvents::LocationChanged(CSplitter& splitter) {
+    if (!m_Grid.IsAlive())
+        return;
+    if (&splitter == &m_Grid.m_Panes.m_HeaderSplitter)
         HeaderSplitterMoved();
     else
-        m_picDescPane.Refresh();
+        m_Grid.m_Panes.m_picDescPane.Refresh();
 }
 
-void Panes::SplitterDblClick(CSplitter& splitter) {
-    if (&splitter == &m_HeaderSplitter)
-        SetColumnDivider(-1.0F);
+void PaneEvents::SplitterDblClick(CSplitter& splitter) {
+    if (&splitter == &m_Grid.m_Panes.m_HeaderSplitter)
+        m_Grid.m_Panes.SetColumnDivider(-1.0F);
 }
 
-void Panes::HeaderSplitterMoved() {
-    const long bar = RoundToLong(static_cast<double>(ScrollBarUnits()));
-    const float location = m_HeaderSplitter.SplitterLocation();
-    const auto limit = DividerLimit(static_cast<double>(location), static_cast<double>(m_Control.ScaleWidth()), bar);
+void PaneEvents::HeaderSplitterMoved() {
+    Panes& panes = m_Grid.m_Panes;
+    const float location = panes.ColumnDividerPosition();
+    const auto limit = DividerLimit(location, panes.m_Control.ScaleWidth(), RoundToLong(panes.ScrollBarUnits()));
     // The bar keeps a pixel of the names: in a control narrower than its scroll bar no limit can be met.
-    if (limit && location > m_picHeaderContainer.PixelsToUnitsX(1)) {
+    if (limit && location > panes.m_picHeaderContainer.PixelsToUnitsX(1)) {
         // The new location reports itself and does the rest.
-        m_HeaderSplitter.SplitterLocation(static_cast<float>(*limit));
+        panes.m_HeaderSplitter.SplitterLocation(static_cast<float>(*limit));
     } else {
         m_Grid.m_Session.FollowRow();
-        m_picTreeContainer.Invalidate(true);
+        panes.m_picTreeContainer.Invalidate(true);
     }
-    m_picNameHeader.Invalidate(true);
-    m_picValueHeader.Invalidate(true);
+    panes.m_picNameHeader.Invalidate(true);
+    panes.m_picValueHeader.Invalidate(true);
 }
 
-void Panes::OnScroll() {
-    m_VScroll.HideCaret();
-    const long value = m_VScroll.Value();
+void PaneEvents::OnScroll() {
+    Panes& panes = m_Grid.m_Panes;
+    panes.m_VScroll.HideCaret();
+    const long value = panes.m_VScroll.Value();
     if (value == m_LastScrollValue || !m_Grid.IsAlive())
         return;
-    const long distance = (m_LastScrollValue - value) * m_RowHeight;
+    const long distance = (m_LastScrollValue - value) * panes.RowHeight();
     m_LastScrollValue = value;
     if (m_Grid.m_State.picture)
-        RepaintRows(); // moved pixels would tear the background
+        panes.RepaintRows(); // moved pixels would tear the background
     else
-        ScrollWindowEx(TreeWnd(), 0, distance, nullptr, nullptr, nullptr, nullptr, SW_INVALIDATE);
+        ScrollWindowEx(panes.TreeWnd(), 0, distance, nullptr, nullptr, nullptr, nullptr, SW_INVALIDATE);
     m_Grid.m_Session.Scrolled();
 }
 
-void Panes::OnScrollBarFocus() {
+void PaneEvents::OnScrollBarFocus() {
     const ComPtr<IUnknown> keeper(Keeper());
-    m_picTreeContainer.TakeFocus();
-    m_VScroll.HideCaret();
+    m_Grid.m_Panes.m_picTreeContainer.TakeFocus();
+    m_Grid.m_Panes.m_VScroll.HideCaret();
 }
 
 } // namespace ormisk

@@ -3,47 +3,28 @@
 #include "grid/Grid.h"
 #include "platform/Rounding.h"
 #include "platform/TextOutput.h"
+#include "platform/WindowPicture.h"
 
 #include <algorithm>
-#include <array>
 
 namespace ormisk {
 
-namespace {
-
-long Pixels(double value) { return RoundToLong(value); }
-
-// The size that a new control has until its host gives it another.
-constexpr Size kInitialSize{240, 320};
-
-} // namespace
-
-Panes::Panes(Grid& grid) : m_Grid(grid) {}
+Panes::Panes(Grid& grid)
+    : m_HeaderSplitter(&grid.m_PaneEvents), m_ContainerSplitter(&grid.m_PaneEvents), m_Grid(grid) {}
 
 void Panes::Create(HWND parent) {
-    const auto create = [&](Pane& pane, const Pane& in, Pane::Options options) {
-        pane.Create(in.hWnd(), *this, options);
-    };
-    m_Control.Create(parent, *this, {.takesFocus = true, .visible = false});
-    create(m_picBG, m_Control, {});
-    create(m_picDescPane, m_picBG, {});
-    create(m_picTabContainer, m_picBG, {.takesFocus = true});
-    create(m_picRSToolbar, m_picTabContainer, {.visible = false});
-    for (Pane* button : {&m_picShowFirst, &m_picShowPrevious, &m_lblTotalRecords, &m_picShowNext, &m_picShowLast})
-        create(*button, m_picRSToolbar, {});
-    m_txtRecordNo.Create(m_picRSToolbar.hWnd(), nullptr);
-    create(m_picTreeContainer, m_picTabContainer, {.takesFocus = true, .erases = false});
-    m_VScroll.Create(m_picTreeContainer.hWnd(), *this);
-    m_TextEditor.Create(m_picTreeContainer.hWnd(), &m_Grid.m_Input);
-    m_ListEditor.Create(m_picTreeContainer.hWnd(), &m_Grid.m_ListInput);
+    for (const PaneEntry& entry : kPaneTable)
+        At(entry.id).Create(entry.id == entry.parent ? parent : At(entry.parent).hWnd(), m_Grid.m_PaneEvents,
+                            entry.options);
+    m_Grid.m_RecordToolbar.Create();
+    m_VScroll.Create(TreeWnd(), m_Grid.m_PaneEvents);
+    m_TextEditor.Create(TreeWnd(), &m_Grid.m_Input);
+    m_ListEditor.Create(TreeWnd(), &m_Grid.m_ListInput);
     m_ListEditor.SetFont(m_Grid.m_State.font);
-    create(m_picHeaderContainer, m_picTreeContainer, {});
-    create(m_picNameHeader, m_picHeaderContainer, {.erases = false});
-    create(m_picValueHeader, m_picHeaderContainer, {.erases = false});
     m_picHeaderContainer.BringToTop();
     ApplyFrame();
     ApplyColors();
-    m_Control.MovePixels({0, 0, kInitialSize.cx, kInitialSize.cy});
+    m_Control.MovePixels({0, 0, 240, 320}); // until the host gives it another size
     RecalcRowHeight();
 }
 
@@ -63,10 +44,8 @@ void Panes::SetPaneScaleMode(std::wstring_view scaleUnits) {
         return;
     const float oldUnitX = m_picHeaderContainer.UnitsToPixelsX(1.0F);
     const float oldUnitY = m_picBG.UnitsToPixelsY(1.0F);
-    for (Pane* pane : {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
-                       &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
-                       &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
-        pane->SetScale(mode);
+    for (Pane& pane : m_All)
+        pane.SetScale(mode);
     if (!m_Control.IsAlive())
         return;
     m_HeaderSplitter.Rescale(m_picHeaderContainer.PixelsToUnitsX(oldUnitX), m_picHeaderContainer.PixelsToUnitsX(1.0F));
@@ -88,28 +67,26 @@ void Panes::FontChanged() {
     m_Grid.m_Session.FontChanged();
 }
 
-void Panes::RecalcRowHeight() {
+// Of a line in the control's font.
+std::optional<long> Panes::TextHeight() const {
     const WindowDC dc(TreeWnd());
     const HFONT font = m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"TreeFont");
     if (!dc || !font)
-        return;
+        return std::nullopt;
     const SelectGuard selected(dc.Get(), font);
-    m_RowHeight = RowHeightOfText(MeasureText(dc.Get(), L"Ag", false).cy);
+    return MeasureText(dc.Get(), L"Ag", false).cy;
+}
+
+void Panes::RecalcRowHeight() {
+    if (const auto height = TextHeight())
+        m_RowHeight = RowHeightOfText(*height);
 }
 
 void Panes::UpdateHeaderMetrics() {
-    const WindowDC dc(m_picHeaderContainer.hWnd());
-    const HFONT font = m_Grid.m_ResourceMgr.GetFont(m_Grid.m_State.font, L"TreeFont");
-    if (!dc || !font)
+    const auto height = TextHeight();
+    if (!height || HeaderHeightOfText(*height) == m_HeaderHeight)
         return;
-    long height = 0;
-    {
-        const SelectGuard selected(dc.Get(), font);
-        height = HeaderHeightOfText(MeasureText(dc.Get(), L"Qp", false).cy);
-    }
-    if (height == m_HeaderHeight)
-        return;
-    m_HeaderHeight = height;
+    m_HeaderHeight = HeaderHeightOfText(*height);
     RecalcLayout();
 }
 
@@ -120,29 +97,29 @@ void Panes::ControlResized() {
     RecalcLayout();
 }
 
-bool Panes::RecordToolbarShown() const {
-    // Without recordsets, "automatic" is never.
-    return m_Grid.m_State.recordsetToolbar == omShow;
-}
+// Without recordsets, "automatic" is never.
+bool Panes::RecordToolbarShown() const { return m_Grid.m_State.recordsetToolbar == omShow; }
+
+long Panes::HeaderPixels() const { return m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0; }
 
 void Panes::LayoutTabContainer() {
     long tabHeight = 0;
     Size margin;
     if (m_Grid.m_State.showTabs) {
         m_Grid.m_ChromeMetrics.CalcTabRects();
-        tabHeight = m_Grid.m_ChromeMetrics.AlphabeticTab().bottom;
+        tabHeight = m_Grid.m_ChromeMetrics.Tabs().Tab(0).bottom;
         // A whole number of units; large units leave none.
-        const Pane& tree = m_picTreeContainer;
-        const auto whole = [](float units) { return static_cast<float>(RoundToLong(static_cast<double>(units))); };
-        margin = {Pixels(static_cast<double>(tree.UnitsToPixelsX(whole(tree.PixelsToUnitsX(4.0F))))),
-                  Pixels(static_cast<double>(tree.UnitsToPixelsY(whole(tree.PixelsToUnitsY(4.0F)))))};
+        const auto four = [units = m_picTreeContainer.Units()](Axis axis) {
+            return RoundToLong(units.ToPixels(static_cast<float>(RoundToLong(units.ToUnits(4, axis))), axis));
+        };
+        margin = {four(Axis::X), four(Axis::Y)};
     }
     const Size client = m_picTabContainer.ClientSize();
     long toolbarHeight = 0;
     m_picRSToolbar.SetVisible(RecordToolbarShown());
     if (RecordToolbarShown()) {
         m_Grid.m_RecordToolbar.LayoutRecordToolbar();
-        toolbarHeight = Pixels(static_cast<double>(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height())));
+        toolbarHeight = RoundToLong(m_picRSToolbar.UnitsToPixelsY(m_picRSToolbar.Height()));
     }
     m_picTreeContainer.MovePixels(
         {margin.cx, tabHeight + margin.cy, client.cx - margin.cx, client.cy - margin.cy - toolbarHeight});
@@ -151,11 +128,9 @@ void Panes::LayoutTabContainer() {
 void Panes::RecalcLayout() {
     if (!m_picTreeContainer.IsAlive())
         return;
-    const Size client = m_picTreeContainer.ClientSize();
-    const bool headers = m_Grid.m_State.headers != omHeadersNone;
     // Without headers the strip is parked above the visible area.
-    const long top = headers ? 0 : -m_HeaderHeight;
-    m_picHeaderContainer.MovePixels({0, top, client.cx, top + m_HeaderHeight});
+    const long bottom = HeaderPixels();
+    m_picHeaderContainer.MovePixels({0, bottom - m_HeaderHeight, m_picTreeContainer.ClientSize().cx, bottom});
     UpdateScrollBar();
     // Read anew: an edit that scrolling committed may have changed them.
     const LayoutMetrics now = Metrics();
@@ -165,11 +140,10 @@ void Panes::RecalcLayout() {
 }
 
 void Panes::UpdateScrollBar() {
-    const long headerPx = m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0;
     const auto range = ScrollRangeFor(m_Grid.m_ActiveNodes->VisibleRowCount(), m_picTreeContainer.ClientSize().cy,
-                                      headerPx, m_RowHeight);
+                                      HeaderPixels(), m_RowHeight);
     if (range)
-        m_VScroll.Show(range->shown);
+        m_VScroll.SetVisible(range->shown);
     if (range && range->shown) {
         m_VScroll.HideCaret();
         // A value beyond the range is reported: it commits an edit, whose handlers may lay out anew.
@@ -187,10 +161,8 @@ void Panes::ApplyFrame() {
 
 void Panes::ApplyColors() {
     const auto color = static_cast<Color>(m_Grid.m_State.backColor);
-    for (Pane* pane : {&m_Control, &m_picBG, &m_picDescPane, &m_picTabContainer, &m_picRSToolbar, &m_picShowFirst,
-                       &m_picShowPrevious, &m_picShowNext, &m_picShowLast, &m_lblTotalRecords, &m_picTreeContainer,
-                       &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader})
-        pane->SetBackColor(color);
+    for (Pane& pane : m_All)
+        pane.SetBackColor(color);
 }
 
 // The windows in the control get no mouse then, but keys, and paint themselves as before.
@@ -202,7 +174,7 @@ void Panes::ApplyEnabled() {
     EnableWindow(control, enabled);
     RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     m_TextEditor.SetEnabled(enabled);
-    m_txtRecordNo.SetEnabled(enabled);
+    m_Grid.m_RecordToolbar.m_txtRecordNo.SetEnabled(enabled);
     m_ListEditor.SetEnabled(enabled);
 }
 
@@ -210,28 +182,23 @@ void Panes::ApplyShowDescription() {
     m_ContainerSplitter.HidePane(m_Grid.m_State.showDescription ? HiddenPane::None : HiddenPane::Bottom);
 }
 
-double Panes::DividerPixels() const {
-    return static_cast<double>(m_picHeaderContainer.UnitsToPixelsX(m_HeaderSplitter.SplitterLocation()));
-}
-
 LayoutMetrics Panes::Metrics() const {
     LayoutMetrics metrics;
     metrics.rowHeight = m_RowHeight;
-    metrics.headerHeight = m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0;
+    metrics.headerHeight = HeaderPixels();
     metrics.client = m_picTreeContainer.ClientSize();
     metrics.scrollBarWidth = GetSystemMetrics(SM_CXVSCROLL);
-    metrics.scrollBarShown = m_VScroll.IsShown();
+    metrics.scrollBarShown = m_VScroll.IsVisible();
     metrics.scrollValue = m_VScroll.Value();
-    metrics.indentation = static_cast<double>(m_Grid.m_State.indentation);
+    metrics.indentation = m_Grid.m_State.indentation;
     const long style = m_Grid.m_State.treeStyle;
     metrics.expanderStyle = style == omPlusMinusText || style == omTreeLinesPlusMinusText;
-    metrics.divider = DividerPixels();
+    metrics.divider = m_picHeaderContainer.UnitsToPixelsX(ColumnDividerPosition());
     return metrics;
 }
 
 RowGeometry Panes::GeometryOf(const CNode& node) const {
-    return LayoutRow(Metrics(), m_Grid.m_ActiveNodes->RowOf(&node), node.Level(),
-                     m_Grid.m_RowPainter.PictureSize(node));
+    return LayoutRow(Metrics(), m_Grid.m_ActiveNodes->RowOf(&node), node.Level(), m_Grid.m_RowLook.PictureSize(node));
 }
 
 std::optional<Rect> Panes::RowRectOf(const CNode* node) const {
@@ -249,15 +216,14 @@ Ref<CNode> Panes::RowFromPoint(long x, long y) const {
 }
 
 float Panes::ScrollBarUnits() const {
-    return m_VScroll.IsShown() ? m_Control.PixelsToUnitsX(static_cast<float>(GetSystemMetrics(SM_CXVSCROLL))) : 0.0F;
+    return m_VScroll.IsVisible() ? m_Control.Units().ToUnits(GetSystemMetrics(SM_CXVSCROLL), Axis::X) : 0.0F;
 }
 
 void Panes::SetColumnDivider(float location) {
     if (location < 0)
-        location = m_picHeaderContainer.PixelsToUnitsX(static_cast<float>(ComputeAutoDividerWidth()));
+        location = m_picHeaderContainer.Units().ToUnits(ComputeAutoDividerWidth(), Axis::X);
     const double clamped =
-        ClampDivider(static_cast<double>(location), static_cast<double>(m_Control.ScaleWidth()),
-                     static_cast<double>(ScrollBarUnits()), static_cast<double>(m_Control.PixelsToUnitsX(1.0F)));
+        ClampDivider(location, m_Control.ScaleWidth(), ScrollBarUnits(), m_Control.PixelsToUnitsX(1.0F));
     m_HeaderSplitter.SplitterLocation(static_cast<float>(clamped));
     m_picTreeContainer.Invalidate(true);
 }
@@ -269,8 +235,8 @@ long Panes::ComputeAutoDividerWidth() const {
     long widest = 0;
     const LayoutMetrics metrics = Metrics();
     for (CNode* node = m_Grid.m_ActiveNodes->NodeAtRow(0); node; node = node->NextVisible()) {
-        const SelectGuard selected(dc.Get(), m_Grid.m_RowPainter.FontOf(*node));
-        const RowGeometry geometry = LayoutRow(metrics, 0, node->Level(), m_Grid.m_RowPainter.PictureSize(*node));
+        const SelectGuard selected(dc.Get(), m_Grid.m_RowLook.FontOf(*node));
+        const RowGeometry geometry = LayoutRow(metrics, 0, node->Level(), m_Grid.m_RowLook.PictureSize(*node));
         const CProperty* property = node->Property();
         const long extra = property && property->EditorKind() == omColorEditor ? geometry.name.Width() : 0;
         widest = std::max(widest, MeasureText(dc.Get(), node->Name(), false).cx + geometry.textLeft + extra + 5);
@@ -282,15 +248,17 @@ float Panes::DescriptionPaneHeight() const { return m_picBG.ScaleHeight() - m_Co
 
 void Panes::SetDescriptionPaneHeight(float height) {
     if (height <= 0) {
-        const CProperty* property = m_Grid.m_Session.SelectedProperty();
+        const CProperty* property = m_Grid.m_Selection.SelectedProperty();
         const long pixels = m_Grid.m_ChromeMetrics.CalcDescriptionHeight(property ? property->Help() : std::wstring());
-        height = m_picBG.PixelsToUnitsY(static_cast<float>(pixels));
+        height = m_picBG.Units().ToUnits(pixels, Axis::Y);
     }
     m_ContainerSplitter.SplitterLocation(m_picBG.ScaleHeight() - height);
     UpdateScrollBar();
-    if (const Ref<CNode> selected = m_Grid.m_Session.SelectedNode())
+    if (const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode())
         EnsureRowVisible(*selected);
 }
+
+void Panes::Draw(HDC dc) { DrawWindowPicture(m_Control.hWnd(), dc); }
 
 void Panes::RepaintRows() {
     if (!m_Grid.m_State.lockRefresh)
@@ -324,13 +292,10 @@ void Panes::Refresh() {
 
 bool Panes::EnsureRowVisible(const CNode& node) {
     const auto rect = RowRectOf(&node);
-    if (!rect)
-        return true;
-    const auto value = ScrollValueFor(Metrics(), *rect);
-    if (!value)
-        return true;
-    m_VScroll.SetValue(*value);
-    return false;
+    const auto value = rect ? ScrollValueFor(Metrics(), *rect) : std::nullopt;
+    if (value)
+        m_VScroll.SetValue(*value);
+    return !value;
 }
 
 } // namespace ormisk

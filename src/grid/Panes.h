@@ -1,11 +1,10 @@
 #pragma once
 
+#include "grid/PaneTable.h"
 #include "grid/RowLayout.h"
 #include "listbox/OrmiskListBox.h"
 #include "model/Ref.h"
-#include "platform/Pane.h"
 #include "platform/ScrollBar.h"
-#include "platform/SubclassWnd.h"
 #include "platform/TextBox.h"
 
 #include <optional>
@@ -15,18 +14,9 @@ namespace ormisk {
 class CNode;
 class Grid;
 
-// The child windows of the control and their placing:
-//
-//   control
-//     background, split into
-//       tab container
-//         record toolbar (first, previous, record number, total, next, last)
-//         tree container: the rows, and over them the editors, the scroll bar and
-//           header container, split into name header and value header
-//       description pane
-//
-// The panes report to the room of input and paint through the painters. All share the control's scale.
-class Panes final : public PaneListener, public SplitterListener, public ScrollBarListener {
+// The child windows of the control and their placing. All of `kPaneTable` report to `PaneEvents` and share the
+// control's scale.
+class Panes final {
 public:
     explicit Panes(Grid& grid);
 
@@ -61,9 +51,9 @@ public:
     // The first displayed row at a point, or null; edges find nothing.
     Ref<CNode> RowFromPoint(long x, long y) const;
     long RowHeight() const { return m_RowHeight; }
-    long HeaderHeight() const { return m_HeaderHeight; }
 
     // In units of the scale.
+    float ScrollBarUnits() const; // its width while it is shown, else 0
     float ColumnDividerPosition() const { return m_HeaderSplitter.SplitterLocation(); }
     void SetColumnDivider(float location); // negative fits the names
     float DescriptionPaneHeight() const;
@@ -71,8 +61,6 @@ public:
 
     // Draws the whole control into any context, from its origin, as it is on screen.
     void Draw(HDC dc);
-    // WM_PAINT and WM_PRINTCLIENT of the tree container.
-    void PaintTree(UINT message, WPARAM wParam);
 
     // Repainting.
     void RepaintRows(); // unless refresh is locked
@@ -83,63 +71,42 @@ public:
     // Scrolls a row into view; true if it was there already.
     bool EnsureRowVisible(const CNode& node);
 
-    Pane m_Control;
-    Pane m_picBG;
-    Pane m_picDescPane;
-    Pane m_picTabContainer;
-    Pane m_picRSToolbar;
-    Pane m_picShowFirst;
-    Pane m_picShowPrevious;
-    Pane m_picShowNext;
-    Pane m_picShowLast;
-    Pane m_lblTotalRecords;
-    Pane m_picTreeContainer;
-    Pane m_picHeaderContainer;
-    Pane m_picNameHeader;
-    Pane m_picValueHeader;
+private:
+    std::array<Pane, kPaneCount> m_All; // by PaneId
+
+public:
+    Pane& m_Control = At(PaneId::Control);
+    Pane& m_picBG = At(PaneId::Background);
+    Pane& m_picDescPane = At(PaneId::Description);
+    Pane& m_picTabContainer = At(PaneId::TabContainer);
+    Pane& m_picRSToolbar = At(PaneId::RSToolbar);
+    Pane& m_picShowFirst = At(PaneId::ShowFirst);
+    Pane& m_picShowPrevious = At(PaneId::ShowPrevious);
+    Pane& m_lblTotalRecords = At(PaneId::TotalRecords);
+    Pane& m_picShowNext = At(PaneId::ShowNext);
+    Pane& m_picShowLast = At(PaneId::ShowLast);
+    Pane& m_picTreeContainer = At(PaneId::TreeContainer);
+    Pane& m_picHeaderContainer = At(PaneId::HeaderContainer);
+    Pane& m_picNameHeader = At(PaneId::NameHeader);
+    Pane& m_picValueHeader = At(PaneId::ValueHeader);
     ScrollBar m_VScroll;
     TextBox m_TextEditor;
     OrmiskListBox m_ListEditor;
-    TextBox m_txtRecordNo;
-    CSplitter m_HeaderSplitter{this};
-    CSplitter m_ContainerSplitter{this};
+    CSplitter m_HeaderSplitter;
+    CSplitter m_ContainerSplitter;
 
     HWND TreeWnd() const { return m_picTreeContainer.hWnd(); }
+    const PaneEntry& EntryOf(const Pane& pane) const { return kPaneTable[&pane - m_All.data()]; }
 
 private:
-    // PaneListener
-    IUnknown* Keeper() override;
-    void OnPaint(Pane& pane, HDC dc, const RECT& clip) override;
-    void OnMouseDown(Pane& pane, const MouseEvent& event) override;
-    void OnMouseMove(Pane& pane, const MouseEvent& event) override;
-    void OnMouseUp(Pane& pane, const MouseEvent& event) override;
-    void OnCaptureLost(Pane& pane) override;
-    void OnClick(Pane& pane) override;
-    void OnDblClick(Pane& pane) override;
-    void OnKeyDown(Pane& pane, int& keyCode, int shift) override;
-    void OnKeyUp(Pane& pane, int& keyCode, int shift) override;
-    void OnKeyPress(Pane& pane, int& keyAscii) override;
-    void OnFocusChange(Pane& pane, bool gained) override;
-    void OnResize(Pane& pane) override;
-    bool OnChildMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
-    // SplitterListener
-    void LocationChanged(CSplitter& splitter) override;
-    void SplitterDblClick(CSplitter& splitter) override;
-    // ScrollBarListener
-    void OnScroll() override;
-    void OnScrollBarFocus() override;
-
-    CSplitter* SplitterIn(const Pane& pane);
-    bool ForwardMouse(Pane& pane, const MouseEvent& event, void (CSplitter::*hears)(int, int, float, float));
-    void HeaderSplitterMoved();
+    Pane& At(PaneId id) { return m_All[static_cast<std::size_t>(id)]; }
+    std::optional<long> TextHeight() const;
     long ComputeAutoDividerWidth() const;
-    double DividerPixels() const;
-    float ScrollBarUnits() const; // its width while it is shown, else 0
+    long HeaderPixels() const; // of the strip, if there is one
 
     Grid& m_Grid;
     long m_RowHeight = 18;
     long m_HeaderHeight = 19;
-    long m_LastScrollValue = 0;
 };
 
 } // namespace ormisk

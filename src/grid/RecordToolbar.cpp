@@ -1,6 +1,7 @@
 #include "grid/RecordToolbar.h"
 
 #include "grid/Grid.h"
+#include "grid/PaintPrimitives.h"
 #include "platform/TextOutput.h"
 
 #include <algorithm>
@@ -29,11 +30,9 @@ RecordToolbar::RecordToolbar(Grid& grid) : m_Grid(grid) {
         m_Buttons[i].PictureContainer(surfaces[i]);
 }
 
-// From left to right: first, previous, record number, total, next, last; 4 pixels of air around them.
+void RecordToolbar::Create() { m_txtRecordNo.Create(m_Grid.m_Panes.m_picRSToolbar.hWnd(), nullptr); }
+
 void RecordToolbar::LayoutRecordToolbar() {
-    constexpr long kAir = 4;
-    constexpr long kClearOfFrame = 2;
-    constexpr long kFrame = 2;
     Panes& panes = m_Grid.m_Panes;
     const GridState& state = m_Grid.m_State;
     SIZE text{};
@@ -41,27 +40,18 @@ void RecordToolbar::LayoutRecordToolbar() {
         const SelectGuard selected(dc.Get(), m_Grid.m_ResourceMgr.GetFont(state.font, L"RSToolbarFont"));
         text = MeasureText(dc.Get(), L"Ag", false);
     }
-    const long height = text.cy + 2;
-    const Size client = panes.m_picTabContainer.ClientSize();
-    const long margin = state.showTabs ? kFrame + kClearOfFrame : 0;
-    const long bottom = client.cy - margin;
-    panes.m_picRSToolbar.MovePixels({margin, bottom - height - 2 * kAir, client.cx - margin, bottom});
-    panes.m_txtRecordNo.SetFont(state.font);
-
-    long x = kAir;
-    const auto place = [&](Pane& pane, long width) {
-        pane.MovePixels({x, kAir, x + width, kAir + height});
-        x += width;
-    };
-    place(panes.m_picShowFirst, height);
-    place(panes.m_picShowPrevious, height);
-    const long numberWidth = text.cx / 2 * 8;
-    panes.m_txtRecordNo.Move(static_cast<int>(x), kAir, static_cast<int>(numberWidth), static_cast<int>(height));
-    panes.m_txtRecordNo.SetVisible(true);
-    x += numberWidth;
-    place(panes.m_lblTotalRecords, text.cx / 2 * 12); // room for what it says of most tables
-    place(panes.m_picShowNext, height);
-    place(panes.m_picShowLast, height);
+    const ToolbarPlaces places =
+        LayoutToolbar({text.cx, text.cy}, panes.m_picTabContainer.ClientSize(), state.showTabs);
+    panes.m_picRSToolbar.MovePixels(places.strip);
+    panes.m_picShowFirst.MovePixels(places.parts[0]);
+    panes.m_picShowPrevious.MovePixels(places.parts[1]);
+    panes.m_lblTotalRecords.MovePixels(places.parts[3]);
+    panes.m_picShowNext.MovePixels(places.parts[4]);
+    panes.m_picShowLast.MovePixels(places.parts[5]);
+    const Rect& number = places.parts[2];
+    m_txtRecordNo.SetFont(state.font);
+    m_txtRecordNo.Move(number.left, number.top, number.Width(), number.Height());
+    m_txtRecordNo.SetVisible(true);
 }
 
 CButton* RecordToolbar::ButtonOn(const Pane& pane) {
@@ -88,7 +78,7 @@ void RecordToolbar::MouseMove(const Pane& pane) {
         return;
     }
     const CButton* button = ButtonOn(pane);
-    if (!button || !m_Grid.m_PaneMessages.Hooked())
+    if (!button || !m_Grid.m_PaneEvents.AtRunTime())
         return;
     if (m_Tracked != pane.hWnd()) {
         TRACKMOUSEEVENT request{sizeof request, TME_LEAVE, pane.hWnd(), 0};
@@ -97,12 +87,14 @@ void RecordToolbar::MouseMove(const Pane& pane) {
     Highlight(button);
 }
 
-void RecordToolbar::MouseDown(const Pane& pane) {
-    if (const CButton* button = ButtonOn(pane))
+void RecordToolbar::Mouse(const Pane& pane, const MouseEvent& event) {
+    if (event.stage == MouseStage::Move)
+        MouseMove(pane);
+    else if (event.stage == MouseStage::Up)
+        MouseUp();
+    else if (const CButton* button = ButtonOn(pane); button && event.button == 1)
         Press(button);
 }
-
-void RecordToolbar::MouseUp() { Press(nullptr); }
 
 // The mouse may be on the next button already.
 void RecordToolbar::MouseLeft(HWND window) {
@@ -113,62 +105,36 @@ void RecordToolbar::MouseLeft(HWND window) {
 }
 
 void RecordToolbar::Paint(const Pane& pane, HDC dc) {
-    static constexpr struct {
-        Arrow arrow;
-        bool twoLines;
-    } kFaces[] = {{Arrow::Left, true}, {Arrow::Left, false}, {Arrow::Right, false}, {Arrow::Right, true}};
-    for (std::size_t i = 0; i < m_Buttons.size(); ++i)
-        if (m_Buttons[i].PictureContainer() == &pane)
-            DrawToolbarButton(dc, m_Buttons[i], kFaces[i].arrow, kFaces[i].twoLines);
-}
-
-void RecordToolbar::DrawToolbarButton(HDC dc, const CButton& button, Arrow arrow, bool twoLines) {
-    const Pane& surface = *button.PictureContainer();
-    const Size size = surface.ClientSize();
-    RECT rc{0, 0, size.cx, size.cy};
-    Color color = TranslateColor(static_cast<Color>(m_Grid.m_State.foreColor));
-    const bool enabled = button.Enabled() && m_Grid.m_State.enabled;
+    const CButton* button = ButtonOn(pane);
+    if (!button)
+        return;
+    const auto index = button - m_Buttons.data();
+    const bool enabled = button->Enabled() && m_Grid.m_State.enabled;
+    const Size size = pane.ClientSize();
+    Color color = TranslateColor(m_Grid.m_State.foreColor);
     if (!enabled) {
-        const Color back = TranslateColor(surface.BackColor());
+        const Color back = TranslateColor(pane.BackColor());
         color = BlendColor(std::max(color, back), std::min(color, back), 0.75F);
     }
-    DrawArrow(dc, rc, arrow, color, twoLines);
-    if (!enabled)
-        return;
-    if (button.Pressed())
-        DrawEdge(dc, &rc, BDR_SUNKENOUTER, BF_RECT);
-    else if (button.Highlighted())
-        DrawEdge(dc, &rc, BDR_RAISEDINNER, BF_RECT);
-}
-
-// A triangle half as high as the surface and half as deep as high, in the middle with its bar.
-void RecordToolbar::DrawArrow(HDC dc, const RECT& rc, Arrow arrow, Color color, bool twoLines) {
     const HPEN pen = m_Grid.m_ResourceMgr.GetPen(color, L"ArrowColor");
     const HBRUSH brush = m_Grid.m_ResourceMgr.GetBrush(color, L"ArrowFillColor");
-    if (!pen || !brush)
-        return;
-    const long depth = std::max(std::min(rc.right, rc.bottom) / 4, 1L);
-    const long behind = twoLines ? 2 : 0; // from the base to the bar
-    const long total = depth + 1 + behind;
-    const bool sideways = arrow == Arrow::Left || arrow == Arrow::Right;
-    const long sign = arrow == Arrow::Left || arrow == Arrow::Up ? 1 : -1; // from the apex to the base
-    const long extent = sideways ? rc.right : rc.bottom;
-    const long middle = ((sideways ? rc.bottom : rc.right) - 1) / 2;
-    const long start = (extent - total) / 2;
-    const long apex = sign > 0 ? start : start + total - 1;
-    const auto point = [&](long along, long across) {
-        return sideways ? POINT{apex + sign * along, middle + across} : POINT{middle + across, apex + sign * along};
-    };
-    const SelectGuard penSelected(dc, pen);
-    const SelectGuard brushSelected(dc, brush);
-    const POINT triangle[] = {point(0, 0), point(depth, -depth), point(depth, depth)};
-    Polygon(dc, triangle, 3);
-    if (!twoLines)
-        return;
-    const POINT from = point(depth + behind, -depth);
-    const POINT to = point(depth + behind, depth + 1);
-    MoveToEx(dc, from.x, from.y, nullptr);
-    LineTo(dc, to.x, to.y);
+    if (pen && brush) {
+        // The first two lead back, and the outer ones to an end.
+        const bool toEnd = index == 0 || index == 3;
+        const auto [triangle, bar] = LayoutArrow(size, index < 2, toEnd);
+        const auto point = [](const Point& at) { return POINT{at.x, at.y}; };
+        const POINT corners[] = {point(triangle[0]), point(triangle[1]), point(triangle[2])};
+        const SelectGuard penSelected(dc, pen);
+        const SelectGuard brushSelected(dc, brush);
+        Polygon(dc, corners, 3);
+        if (toEnd)
+            DrawPath(dc, pen, {point(bar[0]), point(bar[1])});
+    }
+    RECT rc{0, 0, size.cx, size.cy};
+    if (enabled && button->Pressed())
+        DrawEdge(dc, &rc, BDR_SUNKENOUTER, BF_RECT);
+    else if (enabled && button->Highlighted())
+        DrawEdge(dc, &rc, BDR_RAISEDINNER, BF_RECT);
 }
 
 } // namespace ormisk

@@ -2,6 +2,7 @@
 
 #include "platform/Color.h"
 #include "platform/Pane.h"
+#include "platform/TextBox.h"
 
 #include <array>
 
@@ -35,25 +36,25 @@ class RecordToolbar {
 public:
     explicit RecordToolbar(Grid& grid);
 
+    // Makes what is no pane of the table.
+    void Create();
     // Places the strip at the bottom of the tab container, and its children.
     void LayoutRecordToolbar();
     // Draws one of its panes, into a cleared context with the origin of the pane. Other panes are left alone.
     void Paint(const Pane& pane, HDC dc);
 
     // The mouse on any pane of the control.
-    void MouseMove(const Pane& pane);
-    void MouseDown(const Pane& pane);
-    void MouseUp();
+    void Mouse(const Pane& pane, const MouseEvent& event);
+    void MouseUp() { Press(nullptr); }
     void MouseLeft(HWND window); // WM_MOUSELEAVE of a button
 
-private:
-    enum class Arrow { Left, Right, Up, Down }; // where its apex points
+    TextBox m_txtRecordNo;
 
+private:
     CButton* ButtonOn(const Pane& pane);
+    void MouseMove(const Pane& pane);
     void Highlight(const CButton* button); // that one only; null for none
     void Press(const CButton* button);
-    void DrawToolbarButton(HDC dc, const CButton& button, Arrow arrow, bool twoLines);
-    void DrawArrow(HDC dc, const RECT& rc, Arrow arrow, Color color, bool twoLines);
 
     Grid& m_Grid;
     std::array<CButton, 4> m_Buttons; // first, previous, next, last

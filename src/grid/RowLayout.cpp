@@ -50,15 +50,15 @@ RowGeometry LayoutRow(const LayoutMetrics& metrics, long row, long level, std::o
     const long depth = level - 1;
     long x = 0;
     if (metrics.expanderStyle) {
-        g.expander.left = RoundToLong(metrics.indentation * static_cast<double>(depth) + 2.0);
-        g.expander.top = RoundToLong(static_cast<double>(metrics.rowHeight - glyph) / 2.0);
+        g.expander.left = RoundToLong(metrics.indentation * depth + 2.0);
+        g.expander.top = RoundToLong((metrics.rowHeight - glyph) / 2.0);
         g.expander.right = g.expander.left + glyph + 1;
         g.expander.bottom = g.expander.top + glyph + 1;
         x = g.expander.right + 2;
-        g.treeLineLeft = RoundToLong(static_cast<double>(g.expander.right + g.expander.left) / 2.0);
+        g.treeLineLeft = RoundToLong((g.expander.right + g.expander.left) / 2.0);
     } else {
-        x = RoundToLong(metrics.indentation * static_cast<double>(depth));
-        g.treeLineLeft = RoundToLong(static_cast<double>(glyph) / 2.0 + static_cast<double>(x) - metrics.indentation);
+        x = RoundToLong(metrics.indentation * depth);
+        g.treeLineLeft = RoundToLong(glyph / 2.0 + x - metrics.indentation);
     }
     if (picture) {
         g.picture.left = x;
@@ -118,24 +118,18 @@ std::optional<long> ScrollValueFor(const LayoutMetrics& metrics, const Rect& row
 
 long WheelSteps(int delta, long value, long max) {
     const long steps = RoundToLong(-delta / 120.0);
-    if (steps >= 0)
-        return value + steps > max ? max - value : steps;
-    return value + steps < 0 ? -value : steps;
+    return std::clamp(value + steps, 0L, max) - value;
 }
 
 long PageStep(long largeChange) { return largeChange > 1 ? largeChange - 1 : largeChange; }
 
 double ClampDivider(double wanted, double controlWidth, double bar, double pixel) {
-    if (controlWidth - 2.0 * bar < wanted)
-        return controlWidth - pixel - 2.0 * bar;
-    return wanted;
+    return controlWidth - 2.0 * bar < wanted ? controlWidth - pixel - 2.0 * bar : wanted;
 }
 
 std::optional<double> DividerLimit(double location, double controlWidth, long bar) {
-    const double limit = controlWidth - 2.0 * static_cast<double>(bar);
-    if (limit < location)
-        return limit;
-    return std::nullopt;
+    const double limit = controlWidth - 2.0 * bar;
+    return limit < location ? std::optional(limit) : std::nullopt;
 }
 
 Rect EditorRect(const Rect& value, bool withGridLines) {

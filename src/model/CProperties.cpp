@@ -3,6 +3,7 @@
 #include "automation/EnumVariants.h"
 #include "model/CollectionFailure.h"
 #include "model/NumberText.h"
+#include "model/ValueKind.h"
 #include "model/ValueRules.h"
 
 namespace ormisk {

@@ -2,6 +2,7 @@
 
 #include "automation/ByName.h"
 #include "model/NumberText.h"
+#include "model/ValueKind.h"
 #include "model/ValueRules.h"
 
 namespace ormisk {
@@ -155,19 +156,9 @@ void CProperty::WriteThrough(const std::wstring& memberName, WORD callType, cons
 
 omEditorType CProperty::EditorType() {
     const ComPtr<CProperty> alive(this);
-    if (m_EditorType == omBooleanEditor)
-        FillBooleanList();
+    if (const auto fillList = KindOf(m_EditorType).fillList)
+        fillList(*this);
     return m_EditorType;
-}
-
-// A Boolean is chosen from a list of two, whose labels are parameters.
-void CProperty::FillBooleanList() {
-    const ComPtr<CListItems> items(&ListItems()); // the list tells the host of each entry
-    items->RemoveAll();
-    const std::wstring trueText = ParamOr(L"True", L"True");
-    const std::wstring falseText = ParamOr(L"False", L"False");
-    items->AddItem(trueText, _variant_t(true));
-    items->AddItem(falseText, _variant_t(false));
 }
 
 CListItems& CProperty::ListItems() {

@@ -54,6 +54,7 @@ public:
     CListItems& ListItems();
     // "" when neither the property nor its owner has one. Raises InvalidKey for a blank name.
     std::wstring EditorParam(const std::wstring& name) const;
+    std::wstring ParamOr(const std::wstring& name, const wchar_t* otherwise) const; // in place of ""
 
     // A plain value, written through to the source object if there is one to be kept in step; a value that compares
     // equal, and Null over anything but Null, is dropped. An object goes to SetValue.
@@ -181,12 +182,7 @@ private:
     void NowHolds() { ObjectHolder::NowHolds({&m_Value, &m_Tag}, m_SourceObject.Get()); }
     // What `field` held comes back in `value`. It is for the caller to let it go: that can call the host.
     void Exchange(_variant_t& field, _variant_t& value);
-    void FillBooleanList();
     void WriteThrough(const std::wstring& member, WORD callType, const _variant_t& value);
-    std::wstring ParamOr(const std::wstring& name, const wchar_t* otherwise) const;
-    std::wstring ObjectText(IUnknown* borrowed);
-    void PlainText(std::wstring& text, std::size_t longest);
-    void ListText(std::wstring& text, std::size_t longest);
 
     std::wstring m_Name;
     std::unique_ptr<std::wstring>

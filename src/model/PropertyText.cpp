@@ -1,8 +1,7 @@
 #include "model/CProperty.h"
 
-#include "automation/ByName.h"
 #include "model/FormatBound.h"
-#include "model/NumberText.h"
+#include "model/ValueKind.h"
 #include "model/ValueRules.h"
 
 #include <algorithm>
@@ -16,28 +15,6 @@ namespace {
 
 constexpr int kFirstDayOfWeek = 1;
 constexpr int kFirstWeekOfYear = 1;
-
-// The type of a picture; above 0 when there is an image.
-short PictureTypeOf(IUnknown* object) {
-    short type = 0;
-    if (const ComPtr<IPicture> picture = Query<IPicture>(object)) {
-        Check(picture->get_Type(&type));
-        return type;
-    }
-    _variant_t value = InvokeByName(Query<IDispatch>(object).Get(), L"Type", DISPATCH_PROPERTYGET);
-    CheckSystem(ConvertValue(value, VT_I2, value));
-    return V_I2(&value);
-}
-
-// A text goes as it is, into the buffer that the caller has, and no more of it than is asked for.
-void AssignText(const VARIANT& value, std::size_t longest, std::wstring& text) {
-    if (V_VT(&value) == VT_BSTR) {
-        const BSTR held = V_BSTR(&value);
-        text.assign(held ? held : L"", std::min<std::size_t>(SysStringLen(held), longest));
-    } else {
-        text = TextOf(value);
-    }
-}
 
 // Whether the system can be trusted with a value: it writes over the stack for one that is too long.
 bool CanFormat(const VARIANT& value, const std::wstring& format) {
@@ -79,80 +56,25 @@ void FormatValue(const VARIANT& value, const std::wstring& format, std::size_t l
         CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
 }
 
-bool AsBoolean(const VARIANT& value) {
-    _variant_t boolean;
-    CheckSystem(ConvertValue(value, VT_BOOL, boolean));
-    return V_BOOL(&boolean) != VARIANT_FALSE;
-}
-
-// The bits that a hexadecimal number shows: those of the value's own size for the small ones, else of a colour.
-std::uint32_t BitsOf(const VARIANT& value) {
-    if (V_VT(&value) == VT_I2 || V_VT(&value) == VT_BOOL)
-        return static_cast<std::uint16_t>(V_I2(&value));
-    std::uint32_t color = 0;
-    CheckSystem(ReadColor(value, color));
-    return color;
-}
-
 } // namespace
 
 void CProperty::FormatText(std::wstring& text, std::size_t longest) {
-    if (HoldsObject(m_Value))
-        text = ObjectText(ObjectOf(m_Value));
-    else
-        PlainText(text, longest);
-}
-
-std::wstring CProperty::ObjectText(IUnknown* borrowed) {
-    const ComPtr<IUnknown> object(borrowed);
-    const ComPtr<CProperty> alive(this); // the object may do anything when it is asked
-    if (m_EditorType == omPictureEditor) {
-        const bool shown = object && PictureTypeOf(object.Get()) > 0;
-        return shown ? ParamOr(L"(Picture)", L"(Picture)") : ParamOr(L"NoPicturePrompt", L"(none)");
+    const ValueKind& kind = KindOf(m_EditorType);
+    if (HoldsObject(m_Value)) {
+        const ComPtr<IUnknown> object(ObjectOf(m_Value));
+        const ComPtr<CProperty> alive(this); // the object may do anything when it is asked
+        if (kind.objectText)
+            text = kind.objectText(*this, object.Get());
+        else
+            text = object ? DefaultText(object.Get()) : std::wstring();
+        return;
     }
-    if (!object)
-        return {};
-    if (m_EditorType != omListEditor)
-        return DefaultText(object.Get());
-    std::wstring text;
-    for (long i = 1; i <= ListItems().CountOf(); ++i) {
-        const ComPtr<CListItem> item = ListItems().At(i);
-        if (HoldsObject(item->Value()) && SameObject(ObjectOf(item->Value()), object.Get()))
-            text = item->Text();
-    }
-    return text;
-}
-
-void CProperty::PlainText(std::wstring& text, std::size_t longest) {
-    text.clear();
-    if (m_EditorType == omPictureEditor)
-        text = ParamOr(L"NoPicturePrompt", L"(none)");
+    text = kind.emptyText ? kind.emptyText(*this) : std::wstring();
     if (V_VT(&m_Value) == VT_EMPTY || IsMissing(m_Value))
         return;
     FormatValue(m_Value, m_Format, longest, text);
-    if (m_EditorType == omBooleanEditor) {
-        std::wstring label = EditorParam(AsBoolean(m_Value) ? L"True" : L"False");
-        if (!label.empty())
-            text = std::move(label);
-    } else if (m_EditorType == omListEditor) {
-        ListText(text, longest);
-    } else if (m_EditorType == omColorEditor && m_Format.empty()) {
-        text = ColorHexText(BitsOf(m_Value));
-    }
-}
-
-// The last of the entries with this value gives the text.
-void CProperty::ListText(std::wstring& text, std::size_t longest) {
-    bool found = false;
-    for (long i = 1; i <= ListItems().CountOf(); ++i) {
-        const CListItem* item = ListItems().At(i);
-        if (!HoldsObject(item->Value()) && CompareValues(item->Value(), m_Value) == Comparison::Equal) {
-            text = item->Text();
-            found = true;
-        }
-    }
-    if (!found)
-        AssignText(m_Value, longest, text);
+    if (kind.plainText)
+        kind.plainText(*this, longest, text);
 }
 
 } // namespace ormisk

@@ -1,31 +1,14 @@
 #include "model/ValueRules.h"
 
 #include "automation/ByName.h"
-#include "model/NumberText.h"
+#include "platform/FontDescription.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ormisk {
 
 namespace {
-
-bool Converts(const VARIANT& value, VARTYPE type) {
-    _variant_t copy;
-    return SUCCEEDED(ConvertValue(value, type, copy));
-}
-
-template <class Interface> bool IsNothingOr(const VARIANT& value) {
-    return HoldsObject(value) && (!ObjectOf(value) || Query<Interface>(ObjectOf(value)));
-}
-
-bool IsDate(const VARIANT& value) {
-    return V_VT(&value) == VT_DATE || (V_VT(&value) == VT_BSTR && Converts(value, VT_DATE));
-}
-
-bool ReadsAsInteger(const VARIANT& value) {
-    bool reads = false;
-    return IgnoringFailures([&] { reads = IsIntegerText(TextOf(value)); }) && reads;
-}
 
 // The type as which a plain value is passed by reference; VT_VARIANT for the variable itself.
 VARTYPE ReferenceType(VARTYPE type) {
@@ -46,34 +29,14 @@ VARTYPE ReferenceType(VARTYPE type) {
     }
 }
 
-} // namespace
-
-bool IsValueValidForEditor(const VARIANT& given, omEditorType type) {
-    if (type == omTextEditor || type == omListEditor || type == omCustomDialog || type == omCustomEditor)
-        return true; // they take what there is
-    const _variant_t value = Plain(given);
-    if (V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL || IsMissing(value))
-        return true;
-    switch (type) {
-    case omNumberEditor:
-        return IsNumeric(value);
-    case omBooleanEditor:
-        return Converts(value, VT_BOOL);
-    case omFontEditor:
-        return IsNothingOr<IFont>(value) || IsNothingOr<IFontDisp>(value);
-    case omDateEditor:
-        return IsDate(value);
-    case omFileEditor:
-    case omDirectoryEditor:
-        return !HoldsObject(value);
-    case omColorEditor:
-        return ReadsAsInteger(value);
-    case omPictureEditor:
-        return IsNothingOr<IPicture>(value) || IsNothingOr<IPictureDisp>(value);
-    default:
-        return true;
-    }
+bool SamePicture(const VARIANT& a, const VARIANT& b) {
+    _variant_t handleOfA;
+    _variant_t handleOfB;
+    return SUCCEEDED(ResolveDefault(a, handleOfA)) && SUCCEEDED(ResolveDefault(b, handleOfB)) &&
+           CompareValues(handleOfA, handleOfB) == Comparison::Equal;
 }
+
+} // namespace
 
 bool IsNumericText(std::wstring_view text) {
     // Most keys are names, told without a call of the system; a number may be hexadecimal.
@@ -100,6 +63,30 @@ ReferenceArgument::ReferenceArgument(const VARIANT& value, WORD callType) : m_Va
     V_VT(&m_Reference) = static_cast<VARTYPE>(type | VT_BYREF);
     // All plain types lie at the same place.
     V_BYREF(&m_Reference) = type == VT_VARIANT ? static_cast<void*>(&m_Value) : static_cast<void*>(&V_I4(&m_Value));
+}
+
+bool ValuesEqual(const VARIANT& a, const VARIANT& b) {
+    if (HoldsObject(a) != HoldsObject(b))
+        return false;
+    if (!HoldsObject(a))
+        return CompareValues(a, b) == Comparison::Equal;
+    // They are asked, and may do anything, also to whoever has them as a value.
+    const ComPtr<IUnknown> first(ObjectOf(a));
+    const ComPtr<IUnknown> second(ObjectOf(b));
+    if (Query<IFont>(first) && Query<IFont>(second))
+        return DescribeFont(first.Get()) == DescribeFont(second.Get());
+    if (Query<IPicture>(first) && Query<IPicture>(second))
+        return SamePicture(_variant_t(a), _variant_t(b));
+    return false;
+}
+
+void AssignText(const VARIANT& value, std::size_t longest, std::wstring& text) {
+    if (V_VT(&value) == VT_BSTR) {
+        const BSTR held = V_BSTR(&value);
+        text.assign(held ? held : L"", std::min<std::size_t>(SysStringLen(held), longest));
+    } else {
+        text = TextOf(value);
+    }
 }
 
 std::wstring DefaultText(IUnknown* object) {

@@ -2,16 +2,11 @@
 
 #include "automation/Value.h"
 
-#include <ormisk.h>
-
 #include <string_view>
 
 namespace ormisk {
 
 // How the library treats the values of properties.
-
-// Whether an editor of this type can edit the value. Empty, Null and missing always can.
-bool IsValueValidForEditor(const VARIANT& given, omEditorType type);
 
 // Whether a key would be taken for a position. A text with a zero in it is none.
 bool IsNumericText(std::wstring_view text);
@@ -35,6 +30,12 @@ private:
     VARIANT m_Reference{};
 };
 
+// Whether an editor's value is what the property has: fonts by their description, pictures by their default members,
+// other objects never.
+bool ValuesEqual(const VARIANT& a, const VARIANT& b);
+
+// A text goes as it is, into the buffer that the caller has, and no more of it than is asked for.
+void AssignText(const VARIANT& value, std::size_t longest, std::wstring& text);
 // The text of an object by its default member; "" when it has none.
 std::wstring DefaultText(IUnknown* object);
 

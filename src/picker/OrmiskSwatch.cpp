@@ -29,7 +29,7 @@ OrmiskSwatch::~OrmiskSwatch() { m_Listener = nullptr; }
 void OrmiskSwatch::Create(HWND parent, SwatchListener* listener) {
     m_Window.Create(parent, *this, {.takesFocus = true, .visible = false});
     m_txtValue.Create(m_Window.hWnd(), this);
-    SendMessageW(m_txtValue.Hwnd(), EM_SETREADONLY, TRUE, 0);
+    SendMessageW(m_txtValue.hWnd(), EM_SETREADONLY, TRUE, 0);
     m_txtValue.SetVisible(true);
     m_Listener = listener;
     ShowSettings();
@@ -165,7 +165,7 @@ bool OrmiskSwatch::OnMessage(Pane&, UINT message, WPARAM wParam, LPARAM lParam, 
     switch (message) {
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC: // of a text that is for reading only
-        if (reinterpret_cast<HWND>(lParam) != m_txtValue.Hwnd())
+        if (reinterpret_cast<HWND>(lParam) != m_txtValue.hWnd())
             return false;
         result = reinterpret_cast<LRESULT>(m_txtValue.OnCtlColor(reinterpret_cast<HDC>(wParam)));
         return result != 0;
@@ -182,12 +182,14 @@ bool OrmiskSwatch::OnMessage(Pane&, UINT message, WPARAM wParam, LPARAM lParam, 
     }
 }
 
-void OrmiskSwatch::OnMouseDown(Pane&, const MouseEvent&) {
+void OrmiskSwatch::OnMouse(Pane&, const MouseEvent& event) {
+    if (event.stage == MouseStage::Up)
+        ShowButton(false);
+    if (event.stage != MouseStage::Down)
+        return;
     ShowButton(true);
     ShowDropDown(true);
 }
-
-void OrmiskSwatch::OnMouseUp(Pane&, const MouseEvent&) { ShowButton(false); }
 
 void OrmiskSwatch::OnKeyDown(int& keyCode, int shift) {
     constexpr int kAlt = 4;
@@ -236,7 +238,7 @@ void OrmiskSwatch::ShowSettings() {
     Arrange();
 }
 
-void OrmiskSwatch::OnPaint(Pane&, HDC dc, const RECT&) {
+void OrmiskSwatch::OnPaint(Pane&, HDC dc, const Rect&) {
     const long edge = std::max(m_Window.ClientSize().cy - 2 * kMargin, 0L);
     {
         const SelectGuard brush(dc, m_Resources.GetBrush(TranslateColor(m_Settings.SelectedColor), L"BackgroundBrush"));

@@ -27,7 +27,7 @@ protected:
 
 // A field of one line with a colour: a square of it, its value as text, and a button that drops the palette down. The
 // window is owned. Without it (not created, or destroyed with its parent) the settings stay, and nothing shows.
-class OrmiskSwatch final : PaneListener, TextBoxListener, PaletteOwner {
+class OrmiskSwatch final : PaneListener, ChildWindowListener, PaletteOwner {
 public:
     OrmiskSwatch();
     OrmiskSwatch(const OrmiskSwatch&) = delete;
@@ -96,9 +96,8 @@ public:
 
 private:
     bool OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
-    void OnPaint(Pane& pane, HDC dc, const RECT& clip) override;
-    void OnMouseDown(Pane& pane, const MouseEvent& event) override;
-    void OnMouseUp(Pane& pane, const MouseEvent& event) override;
+    void OnPaint(Pane& pane, HDC dc, const Rect& clip) override;
+    void OnMouse(Pane& pane, const MouseEvent& event) override;
     void OnCaptureLost(Pane& /*pane*/) override { ShowButton(false); }
     void OnKeyDown(Pane& /*pane*/, int& keyCode, int shift) override { OnKeyDown(keyCode, shift); }
     void OnResize(Pane& pane) override;

@@ -84,9 +84,16 @@ void frmColorPicker::TurnWheel(int delta) {
         m_VScrollBar.SetValue(m_VScrollBar.Value() + rows);
 }
 
-void frmColorPicker::OnMouseDown(Pane& pane, const MouseEvent& event) {
-    if (&pane == &m_TabContainer && event.button == 1)
-        ClickTab({event.x, event.y});
+void frmColorPicker::OnMouse(Pane& pane, const MouseEvent& event) {
+    const Point point{event.x, event.y};
+    if (&pane == &m_TabContainer && event.stage == MouseStage::Down && event.button == 1)
+        ClickTab(point);
+    if (&pane != &m_PaletteContainer)
+        return;
+    if (event.stage == MouseStage::Move)
+        MoveTo(point);
+    else if (event.stage == MouseStage::Up && m_bShown)
+        PickByMouse(event.button);
 }
 
 // The first click on the tab that is active already counts, too.
@@ -111,21 +118,13 @@ template <class Move> void frmColorPicker::MoveHot(Move&& move) {
     m_Painter.DrawSelectionFrame(dc.Get(), m_View);
 }
 
-void frmColorPicker::OnMouseMove(Pane& pane, const MouseEvent& event) {
-    if (&pane != &m_PaletteContainer)
-        return;
-    const Point point{event.x, event.y};
+void frmColorPicker::MoveTo(Point point) {
     if (m_View.activeTab == kPaletteTab) {
         MoveHot([&] { m_View.hotCell = CellAt(point, m_View.area, m_View.sizes.cell); });
         return;
     }
     MoveHot([&] { m_View.hotRow = RowAt(point, m_View.area, m_View.sizes.cell, m_View.scroll); });
     ShowTip(m_View.hotRow);
-}
-
-void frmColorPicker::OnMouseUp(Pane& pane, const MouseEvent& event) {
-    if (&pane == &m_PaletteContainer && m_bShown)
-        PickByMouse(event.button);
 }
 
 // The colour under the mouse or the keys becomes the selected one; false when there is none.

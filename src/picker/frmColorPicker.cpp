@@ -41,7 +41,7 @@ void frmColorPicker::Unload() {
 
 void frmColorPicker::DestroyWindows() {
     m_bShown = false;
-    m_VScrollBar.Show(false);
+    m_VScrollBar.SetVisible(false);
     m_VScrollBar.Destroy();
     m_PaletteContainer.Destroy();
     m_TabContainer.Destroy();
@@ -80,7 +80,7 @@ void frmColorPicker::Arrange() {
     m_View.area = {window.cx - (rows ? GetSystemMetrics(SM_CXVSCROLL) : 0), window.cy - top};
     m_VScrollBar.MovePixels({m_View.area.cx, 0, window.cx, m_View.area.cy});
     m_VScrollBar.SetRange(LastScroll(m_View.area, m_View.sizes.cell), 1);
-    m_VScrollBar.Show(rows);
+    m_VScrollBar.SetVisible(rows);
     m_View.names = m_Owner.Names();
     FindSelection();
     ShowTip(-1);
@@ -143,7 +143,7 @@ void frmColorPicker::ChangeTab(int tab) {
     Tell([](PaletteOwner& owner) { owner.OnTabChanged(); });
 }
 
-void frmColorPicker::OnPaint(Pane& pane, HDC dc, const RECT&) {
+void frmColorPicker::OnPaint(Pane& pane, HDC dc, const Rect&) {
     m_View.names = m_Owner.Names();
     if (&pane == &m_TabContainer)
         m_Painter.DrawTabs(dc, m_View);

@@ -57,10 +57,8 @@ public:
 
 private:
     bool OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
-    void OnPaint(Pane& pane, HDC dc, const RECT& clip) override;
-    void OnMouseDown(Pane& pane, const MouseEvent& event) override;
-    void OnMouseMove(Pane& pane, const MouseEvent& event) override;
-    void OnMouseUp(Pane& pane, const MouseEvent& event) override;
+    void OnPaint(Pane& pane, HDC dc, const Rect& clip) override;
+    void OnMouse(Pane& pane, const MouseEvent& event) override;
     void OnKeyDown(Pane& pane, int& keyCode, int shift) override;
     void OnScroll() override;
     void OnScrollBarFocus() override {}
@@ -71,6 +69,7 @@ private:
     bool Close();
     void ChangeTab(int tab);
     void ClickTab(Point point);
+    void MoveTo(Point point);
 
     template <class Move> void MoveHot(Move&& move);
     int HotRow() const { return m_View.hotRow >= 0 ? m_View.hotRow : m_View.selectedRow; }

@@ -25,19 +25,13 @@ struct AboutState {
 
 // Over the middle of the owner, inside the work area of its screen.
 void Centre(HWND dialog, HWND owner) {
-    MONITORINFO screen{};
-    screen.cbSize = sizeof screen;
-    GetMonitorInfoW(MonitorFromWindow(owner ? owner : dialog, MONITOR_DEFAULTTONEAREST), &screen);
-    const RECT& work = screen.rcWork;
-    RECT around = work, own{};
-    if (owner)
-        GetWindowRect(owner, &around);
-    GetWindowRect(dialog, &own);
-    const long width = own.right - own.left, height = own.bottom - own.top;
-    const long x = (around.left + around.right - width) / 2;
-    const long y = (around.top + around.bottom - height) / 2;
-    SetWindowPos(dialog, nullptr, std::max(work.left, std::min(x, work.right - width)),
-                 std::max(work.top, std::min(y, work.bottom - height)), 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    const Rect work = WorkArea(owner ? owner : dialog);
+    const Rect around = owner ? WindowRect(owner) : work;
+    const Rect own = WindowRect(dialog);
+    const long x = (around.left + around.right - own.Width()) / 2;
+    const long y = (around.top + around.bottom - own.Height()) / 2;
+    SetWindowPos(dialog, nullptr, std::max(work.left, std::min(x, work.right - own.Width())),
+                 std::max(work.top, std::min(y, work.bottom - own.Height())), 0, 0, SWP_NOSIZE | SWP_NOZORDER);
 }
 
 void Initialise(HWND dialog, AboutState& state) {

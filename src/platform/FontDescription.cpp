@@ -26,6 +26,17 @@ void Put(IDispatch* font, DISPID member, _variant_t value) {
 
 } // namespace
 
+ComPtr<IFontDisp> NewFont(std::wstring name, LONGLONG size) {
+    FONTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    description.lpstrName = name.data();
+    description.cySize.int64 = size;
+    description.sWeight = FW_NORMAL;
+    ComPtr<IFontDisp> font;
+    Check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())));
+    return font;
+}
+
 FontDescription DescribeFont(IUnknown* font) {
     FontDescription description;
     if (!font)

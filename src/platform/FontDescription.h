@@ -23,6 +23,9 @@ struct FontDescription {
     bool operator==(const FontDescription&) const = default;
 };
 
+// A font object of the system, in normal weight; the size is in ten-thousandths of a point. Raises.
+Microsoft::WRL::ComPtr<IFontDisp> NewFont(std::wstring name, LONGLONG size);
+
 // The values of a font object of any maker. No object gives the default description; a failing member raises.
 FontDescription DescribeFont(IUnknown* font);
 

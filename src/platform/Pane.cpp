@@ -6,8 +6,8 @@
 #include "win/Checked.h"
 #include "win/Dpi.h"
 #include "win/Gdi.h"
+#include "win/Keys.h"
 #include "win/Module.h"
-#include "win/Rects.h"
 
 #include <algorithm>
 #include <utility>
@@ -18,25 +18,6 @@ namespace ormisk {
 namespace {
 
 constexpr wchar_t kClassName[] = L"OrmiskPane";
-
-int ButtonOf(UINT message) {
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONUP:
-    case WM_LBUTTONDBLCLK:
-        return 1;
-    case WM_RBUTTONDOWN:
-    case WM_RBUTTONUP:
-    case WM_RBUTTONDBLCLK:
-        return 2;
-    case WM_MBUTTONDOWN:
-    case WM_MBUTTONUP:
-    case WM_MBUTTONDBLCLK:
-        return 4;
-    default:
-        return 0;
-    }
-}
 
 int ButtonsDown(WPARAM keys) {
     return (keys & MK_LBUTTON ? 1 : 0) | (keys & MK_RBUTTON ? 2 : 0) | (keys & MK_MBUTTON ? 4 : 0);
@@ -64,11 +45,6 @@ public:
 Pane* PaneOf(HWND window) { return reinterpret_cast<Pane*>(GetWindowLongPtrW(window, GWLP_USERDATA)); }
 
 } // namespace
-
-int ShiftState() {
-    return (GetKeyState(VK_SHIFT) < 0 ? 1 : 0) | (GetKeyState(VK_CONTROL) < 0 ? 2 : 0) |
-           (GetKeyState(VK_MENU) < 0 ? 4 : 0);
-}
 
 void Pane::Create(HWND parent, PaneListener& listener, Options options) {
     static const WindowClass windowClass(WindowProc);
@@ -145,20 +121,9 @@ LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         }
         break;
-    case WM_VSCROLL:
-    case WM_COMMAND:
-    case WM_NOTIFY:
-    case WM_DRAWITEM:
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORLISTBOX:
-    case WM_CTLCOLORBTN:
-        if (m_Listener->OnChildMessage(*this, message, wParam, lParam, result))
-            return result;
-        break;
     default:
-        if (HandlePainting(message, wParam, result))
-            return result;
+        if (HandlePainting(message, wParam))
+            return message == WM_ERASEBKGND;
         if (HandleMouse(message, wParam, lParam) || HandleKey(message, wParam))
             return 0;
         break;
@@ -166,57 +131,45 @@ LRESULT Pane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-bool Pane::HandlePainting(UINT message, WPARAM wParam, LRESULT& result) {
-    switch (message) {
-    case WM_ERASEBKGND: {
-        result = 1;
-        if (!m_Options.erases)
-            return true;
-        const RECT client = ToRect(ClientRect(m_hWnd));
-        const Unique<HBRUSH> brush(CreateSolidBrush(TranslateColor(m_BackColor)));
-        FillRect(reinterpret_cast<HDC>(wParam), &client, brush.get());
+bool Pane::HandlePainting(UINT message, WPARAM wParam) {
+    const Rect client = ClientRect(m_hWnd);
+    if (message == WM_ERASEBKGND) {
+        const RECT area = ToRect(client);
+        const Unique<HBRUSH> brush(m_Options.erases ? CreateSolidBrush(TranslateColor(m_BackColor)) : nullptr);
+        if (brush)
+            FillRect(reinterpret_cast<HDC>(wParam), &area, brush.get());
         return true;
     }
-    case WM_PAINT: {
-        const PaintDC paint(m_hWnd);
-        if (paint)
-            m_Listener->OnPaint(*this, paint.Get(), paint.UpdateRect());
+    if (message == WM_PRINTCLIENT) {
+        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), client);
         return true;
     }
-    case WM_PRINTCLIENT: {
-        m_Listener->OnPaint(*this, reinterpret_cast<HDC>(wParam), ToRect(ClientRect(m_hWnd)));
-        return true;
-    }
-    default:
+    if (message != WM_PAINT)
         return false;
-    }
+    const PaintDC paint(m_hWnd);
+    if (paint)
+        m_Listener->OnPaint(*this, paint.Get(), FromRect(paint.UpdateRect()));
+    return true;
 }
 
+// The messages of a button come by three (down, up, double click), and those of the left, the right and the middle one
+// follow each other.
 bool Pane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
-    MouseEvent event{ButtonOf(message), ShiftState(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN:
-    case WM_MBUTTONDOWN:
-    case WM_RBUTTONDBLCLK:
-    case WM_MBUTTONDBLCLK:
-        ButtonDown(event, false);
+    MouseEvent event{MouseStage::Move, ButtonsDown(wParam), ShiftState(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    if (message == WM_MOUSEMOVE) {
+        m_Listener->OnMouse(*this, event);
         return true;
-    case WM_LBUTTONDBLCLK:
-        ButtonDown(event, true);
-        return true;
-    case WM_LBUTTONUP:
-    case WM_RBUTTONUP:
-    case WM_MBUTTONUP:
-        ButtonUp(event);
-        return true;
-    case WM_MOUSEMOVE:
-        event.button = ButtonsDown(wParam);
-        m_Listener->OnMouseMove(*this, event);
-        return true;
-    default:
-        return false;
     }
+    if (message < WM_LBUTTONDOWN || message > WM_MBUTTONDBLCLK)
+        return false;
+    const UINT kind = (message - WM_LBUTTONDOWN) % 3;
+    event.button = 1 << (message - WM_LBUTTONDOWN) / 3;
+    event.stage = kind == 1 ? MouseStage::Up : MouseStage::Down;
+    if (kind == 1)
+        ButtonUp(event);
+    else
+        ButtonDown(event, kind == 2 && event.button == 1);
+    return true;
 }
 
 void Pane::ButtonDown(const MouseEvent& event, bool doubleClick) {
@@ -231,7 +184,7 @@ void Pane::ButtonDown(const MouseEvent& event, bool doubleClick) {
     if (doubleClick)
         m_Listener->OnDblClick(*this);
     else
-        m_Listener->OnMouseDown(*this, event);
+        m_Listener->OnMouse(*this, event);
 }
 
 void Pane::ButtonUp(const MouseEvent& event) {
@@ -245,7 +198,7 @@ void Pane::ButtonUp(const MouseEvent& event) {
         ReleaseCapture();
         m_Releasing = false;
     }
-    m_Listener->OnMouseUp(*this, event);
+    m_Listener->OnMouse(*this, event);
     if (PaneOf(window) != this || !m_Listener || !pressed || event.button != 1)
         return;
     const Size client = ClientSize();
@@ -257,11 +210,9 @@ bool Pane::HandleKey(UINT message, WPARAM wParam) {
     int code = static_cast<int>(wParam);
     switch (message) {
     case WM_KEYDOWN:
-        m_Listener->OnKeyDown(*this, code, ShiftState());
-        return true;
     case WM_SYSKEYDOWN:
         m_Listener->OnKeyDown(*this, code, ShiftState());
-        return code == 0;
+        return message == WM_KEYDOWN || code == 0;
     case WM_KEYUP:
         m_Listener->OnKeyUp(*this, code, ShiftState());
         return true;
@@ -278,27 +229,12 @@ Size Pane::ClientSize() const {
     return {client.right, client.bottom};
 }
 
-float Pane::ScaleWidth() const { return PixelsToUnitsX(static_cast<float>(ClientSize().cx)); }
-
-float Pane::ScaleHeight() const { return PixelsToUnitsY(static_cast<float>(ClientSize().cy)); }
-
-float Pane::Convert(float value, ScaleMode from, ScaleMode to, Axis axis) const {
-    return static_cast<float>(ConvertScale(static_cast<double>(value), from, to, DpiOf(m_hWnd), axis));
-}
-
-float Pane::PixelsToUnitsX(float pixels) const { return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::X); }
-
-float Pane::PixelsToUnitsY(float pixels) const { return Convert(pixels, ScaleMode::Pixel, m_Scale, Axis::Y); }
-
-float Pane::UnitsToPixelsX(float units) const { return Convert(units, m_Scale, ScaleMode::Pixel, Axis::X); }
-
-float Pane::UnitsToPixelsY(float units) const { return Convert(units, m_Scale, ScaleMode::Pixel, Axis::Y); }
+UnitScale Pane::Units() const { return {m_Scale, static_cast<double>(DpiOf(m_hWnd))}; }
 
 void Pane::SetBounds(float left, float top, float width, float height) {
-    const auto x = RoundToLong(static_cast<double>(UnitsToPixelsX(left)));
-    const auto y = RoundToLong(static_cast<double>(UnitsToPixelsY(top)));
-    MovePixels({x, y, x + RoundToLong(static_cast<double>(UnitsToPixelsX(width))),
-                y + RoundToLong(static_cast<double>(UnitsToPixelsY(height)))});
+    const long x = RoundToLong(UnitsToPixelsX(left));
+    const long y = RoundToLong(UnitsToPixelsY(top));
+    MovePixels({x, y, x + RoundToLong(UnitsToPixelsX(width)), y + RoundToLong(UnitsToPixelsY(height))});
 }
 
 void Pane::MovePixels(const Rect& place) {
@@ -307,19 +243,9 @@ void Pane::MovePixels(const Rect& place) {
                      SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-float Pane::Width() const { return PixelsToUnitsX(static_cast<float>(WindowRect(m_hWnd).Width())); }
+void Pane::SetVisible(bool visible) { ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE); }
 
-float Pane::Height() const { return PixelsToUnitsY(static_cast<float>(WindowRect(m_hWnd).Height())); }
-
-void Pane::SetVisible(bool visible) {
-    if (m_hWnd)
-        ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE);
-}
-
-void Pane::BringToTop() {
-    if (m_hWnd)
-        SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-}
+void Pane::BringToTop() { SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE); }
 
 void Pane::SetBackColor(Color color) {
     m_BackColor = color;
@@ -329,12 +255,12 @@ void Pane::SetBackColor(Color color) {
 void Pane::SetBorder(Border border) {
     if (!m_hWnd)
         return;
-    const auto style = static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)) & ~static_cast<DWORD>(WS_BORDER);
-    const auto extended =
-        static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_EXSTYLE)) & ~static_cast<DWORD>(WS_EX_CLIENTEDGE);
-    SetWindowLongPtrW(m_hWnd, GWL_STYLE, static_cast<LONG>(style | (border == Border::Line ? WS_BORDER : 0)));
-    SetWindowLongPtrW(m_hWnd, GWL_EXSTYLE,
-                      static_cast<LONG>(extended | (border == Border::Sunken ? WS_EX_CLIENTEDGE : 0)));
+    const auto set = [&](int index, LONG_PTR bit, bool on) {
+        const LONG_PTR style = GetWindowLongPtrW(m_hWnd, index);
+        SetWindowLongPtrW(m_hWnd, index, on ? style | bit : style & ~bit);
+    };
+    set(GWL_STYLE, WS_BORDER, border == Border::Line);
+    set(GWL_EXSTYLE, WS_EX_CLIENTEDGE, border == Border::Sunken);
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }

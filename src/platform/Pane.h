@@ -3,7 +3,7 @@
 #include "platform/Color.h"
 #include "platform/Scale.h"
 #include "platform/Splitter.h"
-#include "win/Geometry.h"
+#include "win/Rects.h"
 
 #include <unknwn.h>
 #include <windows.h>
@@ -12,9 +12,12 @@ namespace ormisk {
 
 class Pane;
 
+enum class MouseStage { Down = 0, Move = 1, Up = 2 };
+
 // A mouse event of a pane: buttons 1 left, 2 right, 4 middle; modifiers 1 Shift, 2 Ctrl, 4 Alt; pixels of the pane. For
 // a move, `button` holds all buttons that are down.
 struct MouseEvent {
+    MouseStage stage = MouseStage::Down;
     int button = 0;
     int shift = 0;
     int x = 0;
@@ -28,11 +31,9 @@ public:
     virtual IUnknown* Keeper() { return nullptr; }
     // Every message, before the pane itself. True when it was answered in `result`: the pane then does nothing.
     virtual bool OnMessage(Pane&, UINT, WPARAM, LPARAM, LRESULT& /*result*/) { return false; }
-    virtual void OnPaint(Pane&, HDC, const RECT& /*clip*/) {}
-    virtual void OnMouseDown(Pane&, const MouseEvent&) {}
-    virtual void OnMouseMove(Pane&, const MouseEvent&) {}
-    virtual void OnMouseUp(Pane&, const MouseEvent&) {}
-    // Another window, or the system, took the mouse while a button was down: no OnMouseUp will come.
+    virtual void OnPaint(Pane&, HDC, const Rect& /*clip*/) {}
+    virtual void OnMouse(Pane&, const MouseEvent&) {}
+    // Another window, or the system, took the mouse while a button was down: it will not be told that it comes up.
     virtual void OnCaptureLost(Pane&) {}
     virtual void OnClick(Pane&) {}
     virtual void OnDblClick(Pane&) {}
@@ -41,16 +42,10 @@ public:
     virtual void OnKeyPress(Pane&, int& /*keyAscii*/) {}
     virtual void OnFocusChange(Pane&, bool /*gained*/) {}
     virtual void OnResize(Pane&) {}
-    // A message of a child control: scrolling, requests to colour or draw, notices. True when it was answered in
-    // `result`.
-    virtual bool OnChildMessage(Pane&, UINT, WPARAM, LPARAM, LRESULT& /*result*/) { return false; }
 
 protected:
     ~PaneListener() = default;
 };
-
-// Modifier keys held down now: 1 Shift, 2 Ctrl, 4 Alt.
-int ShiftState();
 
 // A plain child window that its owner draws: the surface of which everything in the control is made. It has a scale,
 // that of the pane around it too, in which it is placed; it serves as container and as pane of a splitter. The window
@@ -77,18 +72,19 @@ public:
 
     void SetScale(ScaleMode mode) { m_Scale = mode; }
     ScaleMode Scale() const { return m_Scale; }
+    UnitScale Units() const;
     Size ClientSize() const; // pixels
-    float ScaleWidth() const override;
-    float ScaleHeight() const override;
-    float PixelsToUnitsX(float pixels) const override;
-    float PixelsToUnitsY(float pixels) const override;
-    float UnitsToPixelsX(float units) const override;
-    float UnitsToPixelsY(float units) const override;
+    float ScaleWidth() const override { return Units().ToUnits(ClientSize().cx, Axis::X); }
+    float ScaleHeight() const override { return Units().ToUnits(ClientSize().cy, Axis::Y); }
+    float PixelsToUnitsX(float pixels) const override { return Units().ToUnits(pixels, Axis::X); }
+    float PixelsToUnitsY(float pixels) const override { return Units().ToUnits(pixels, Axis::Y); }
+    float UnitsToPixelsX(float units) const override { return Units().ToPixels(units, Axis::X); }
+    float UnitsToPixelsY(float units) const override { return Units().ToPixels(units, Axis::Y); }
 
     void SetBounds(float left, float top, float width, float height) override;
     void MovePixels(const Rect& place);
-    float Width() const override;
-    float Height() const override;
+    float Width() const override { return Units().ToUnits(WindowRect(m_hWnd).Width(), Axis::X); }
+    float Height() const override { return Units().ToUnits(WindowRect(m_hWnd).Height(), Axis::Y); }
     void SetVisible(bool visible) override;
     void BringToTop();
 
@@ -107,11 +103,10 @@ public:
 
 private:
     static LRESULT CALLBACK WindowProc(HWND, UINT, WPARAM, LPARAM);
-    float Convert(float value, ScaleMode from, ScaleMode to, Axis axis) const;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleKey(UINT message, WPARAM wParam);
-    bool HandlePainting(UINT message, WPARAM wParam, LRESULT& result);
+    bool HandlePainting(UINT message, WPARAM wParam);
     void ButtonDown(const MouseEvent& event, bool doubleClick);
     void ButtonUp(const MouseEvent& event);
 

@@ -4,74 +4,76 @@
 #include "platform/FontDescription.h"
 #include "win/Gdi.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace ormisk {
 
-// The drawing objects of the cache. Each owns one handle. `init` makes the first one and tells whether there is one;
-// `UpdateInfo` replaces it unless the attributes are the same, without a word about failure.
-
-class CBrush {
-public:
-    HBRUSH hBrush() const { return m_Handle.get(); }
-    bool isSame(Color color) const { return color == m_Color; }
-    bool init(Color color);
-    void UpdateInfo(Color color);
-
-private:
-    Unique<HBRUSH> m_Handle;
-    Color m_Color = static_cast<Color>(-1);
-};
-
-class CPen {
-public:
-    bool isSame(Color color, int style, int width) const {
-        return color == m_Color && style == m_Style && width == m_Width;
-    }
-    bool init(Color color, int style, int width);
-    void UpdateInfo(Color color, int style, int width);
-    HPEN hPen() const { return m_Handle.get(); }
-
-private:
-    Unique<HPEN> m_Handle;
-    Color m_Color = 0;
-    int m_Style = 0;
-    int m_Width = 0;
-};
-
-class CFont {
-public:
-    HFONT hFont() const { return m_Handle.get(); }
-    bool isSame(const FontDescription& font) const { return m_Description == font; }
-    bool init(const FontDescription& font);
-    void UpdateInfo(const FontDescription& font);
-
-private:
-    void MakeFont(const FontDescription& font);
-
-    Unique<HFONT> m_Handle;
-    std::optional<FontDescription> m_Description;
-};
-
 // A brush of 16 by 8 single-bit pixels, in four words.
 using BrushPattern = std::span<const std::uint32_t>;
 
-class CPatternBrush {
+// Null for what the system refuses; raises for what it could not be asked.
+HBRUSH MakeObject(Color color);
+HPEN MakeObject(Color color, int style, int width);
+HFONT MakeObject(const FontDescription& font);
+HBRUSH MakeObject(BrushPattern pattern);
+
+// A drawing object of the cache: one handle, and what it was made of. `init` makes the first one and tells whether
+// there is one; `UpdateInfo` replaces it unless the attributes are the same, without a word about failure.
+template <class Handle, class... Attributes> class DrawingObject {
 public:
-    HBRUSH hBrush() const { return m_Handle.get(); }
-    bool isSame(BrushPattern pattern) const;
-    bool init(BrushPattern pattern);
-    void UpdateInfo(BrushPattern pattern);
+    Handle Get() const { return m_Handle.get(); }
+    template <class... Given> bool isSame(const Given&... given) const { return m_Attributes == std::tie(given...); }
+    template <class... Given> bool init(const Given&... given) {
+        UpdateInfo(given...);
+        return m_Handle != nullptr;
+    }
+    template <class... Given> void UpdateInfo(const Given&... given) {
+        if (isSame(given...))
+            return;
+        m_Handle.reset();
+        m_Attributes.emplace(given...);
+        m_Handle.reset(MakeObject(given...));
+    }
 
 private:
-    Unique<HBRUSH> m_Handle;
-    std::vector<std::uint32_t> m_Pattern;
+    Unique<Handle> m_Handle;
+    std::optional<std::tuple<Attributes...>> m_Attributes;
+};
+
+class CBrush : public DrawingObject<HBRUSH, Color> {
+public:
+    HBRUSH hBrush() const { return Get(); }
+};
+
+class CPen : public DrawingObject<HPEN, Color, int, int> {
+public:
+    HPEN hPen() const { return Get(); }
+};
+
+class CFont : public DrawingObject<HFONT, FontDescription> {
+public:
+    HFONT hFont() const { return Get(); }
+};
+
+// The words of a pattern, kept.
+struct PatternWords {
+    explicit PatternWords(BrushPattern pattern) : Words(pattern.begin(), pattern.end()) {}
+    bool operator==(BrushPattern pattern) const { return std::ranges::equal(Words, pattern); }
+
+    std::vector<std::uint32_t> Words;
+};
+
+class CPatternBrush : public DrawingObject<HBRUSH, PatternWords> {
+public:
+    HBRUSH hBrush() const { return Get(); }
 };
 
 // The pens, brushes, fonts and pattern brushes of one control, each kind by the key of its role ("LineColor").

@@ -1,5 +1,7 @@
 #include "platform/Scale.h"
 
+#include "platform/AccessKey.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -33,12 +35,6 @@ double UnitsPerInch(ScaleMode mode, double dpi, Axis axis) {
     return dpi > 0 ? dpi : kDefaultDpi;
 }
 
-bool SameLetters(std::wstring_view text, std::wstring_view upperCased) {
-    const auto upper = [](wchar_t c) { return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c; };
-    return std::equal(text.begin(), text.end(), upperCased.begin(), upperCased.end(),
-                      [upper](wchar_t a, wchar_t b) { return upper(a) == b; });
-}
-
 } // namespace
 
 ScaleMode ScaleModeFromText(std::wstring_view text) {
@@ -47,7 +43,7 @@ ScaleMode ScaleModeFromText(std::wstring_view text) {
         {L"INCH", ScaleMode::Inch}, {L"MILLIMETER", ScaleMode::Millimeter}, {L"CENTIMETER", ScaleMode::Centimeter},
     };
     for (const auto& [name, mode] : kNames)
-        if (SameLetters(text, name))
+        if (std::ranges::equal(text, name, {}, PlainUpper))
             return mode;
     return ScaleMode::Pixel;
 }
@@ -56,6 +52,14 @@ double ConvertScale(double value, ScaleMode from, ScaleMode to, double dpi, Axis
     const double source = UnitsPerInch(from, dpi, axis);
     const double target = UnitsPerInch(to, dpi, axis);
     return source == target ? value : value * target / source;
+}
+
+float UnitScale::ToUnits(double pixels, Axis axis) const {
+    return static_cast<float>(ConvertScale(pixels, ScaleMode::Pixel, mode, dpi, axis));
+}
+
+float UnitScale::ToPixels(float units, Axis axis) const {
+    return static_cast<float>(ConvertScale(units, mode, ScaleMode::Pixel, dpi, axis));
 }
 
 } // namespace ormisk

@@ -26,4 +26,13 @@ ScaleMode ScaleModeFromText(std::wstring_view text);
 // size of its own counts as pixels. The result is not rounded.
 double ConvertScale(double value, ScaleMode from, ScaleMode to, double dpi, Axis axis);
 
+// What a surface measures in. Units are told in single precision, as hosts hear of them.
+struct UnitScale {
+    ScaleMode mode = ScaleMode::Pixel;
+    double dpi = 96;
+
+    float ToUnits(double pixels, Axis axis) const;
+    float ToPixels(float units, Axis axis) const;
+};
+
 } // namespace ormisk

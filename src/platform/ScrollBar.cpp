@@ -1,40 +1,21 @@
 #include "platform/ScrollBar.h"
 
-#include "automation/Error.h"
-#include "win/Checked.h"
-#include "win/Module.h"
 #include "win/Rects.h"
 
 #include <algorithm>
-#include <commctrl.h>
 
 namespace ormisk {
 
 void ScrollBar::Create(HWND parent, ScrollBarListener& listener) {
-    m_hWnd = Checked(CreateWindowExW(0, L"SCROLLBAR", L"", WS_CHILD | WS_CLIPSIBLINGS | SBS_VERT, 0, 0, 0, 0, parent,
-                                     nullptr, ThisModule(), nullptr));
-    m_Listener = &listener;
-    SetWindowSubclass(m_hWnd, SubclassProc, 1, reinterpret_cast<DWORD_PTR>(this));
+    ChildWindow::Create(L"SCROLLBAR", SBS_VERT, parent, nullptr);
+    m_ScrollListener = &listener;
 }
 
-void ScrollBar::Destroy() {
-    m_Listener = nullptr;
-    if (m_hWnd)
-        DestroyWindow(m_hWnd);
-}
-
-LRESULT CALLBACK ScrollBar::SubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                         DWORD_PTR data) {
-    auto* bar = reinterpret_cast<ScrollBar*>(data);
-    if (message == WM_NCDESTROY) {
-        bar->m_hWnd = nullptr;
-        RemoveWindowSubclass(window, SubclassProc, id);
-    }
-    if (message == WM_PRINTCLIENT)
-        message = WM_PAINT; // a bar takes a context with either, but not every system knows both
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-    if (message == WM_SETFOCUS && bar->m_Listener)
-        IgnoringFailures([&] { bar->m_Listener->OnScrollBarFocus(); });
+LRESULT ScrollBar::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    // A bar takes a context with either, but not every system knows both.
+    const LRESULT result = Default(window, message == WM_PRINTCLIENT ? WM_PAINT : message, wParam, lParam);
+    if (message == WM_SETFOCUS)
+        m_ScrollListener->OnScrollBarFocus();
     return result;
 }
 
@@ -47,11 +28,9 @@ void ScrollBar::SetRange(long max, long largeChange) {
     info.nMax = max + largeChange - 1;
     info.nPage = static_cast<UINT>(largeChange);
     info.nPos = std::min(m_Value, max);
-    if (m_hWnd) {
-        // Painted with all else that is invalid, once for many changes.
-        SetScrollInfo(m_hWnd, SB_CTL, &info, FALSE);
-        InvalidateRect(m_hWnd, nullptr, FALSE);
-    }
+    // Painted with all else that is invalid, once for many changes.
+    SetScrollInfo(hWnd(), SB_CTL, &info, FALSE);
+    Repaint();
     if (m_Value > max)
         SetValue(max);
 }
@@ -61,34 +40,25 @@ void ScrollBar::SetValue(long value) {
     if (value == m_Value)
         return;
     m_Value = value;
-    if (m_hWnd)
-        SetScrollPos(m_hWnd, SB_CTL, value, TRUE);
-    if (m_Listener)
-        m_Listener->OnScroll();
-}
-
-void ScrollBar::Show(bool show) {
-    if (m_Shown == show)
-        return;
-    m_Shown = show;
-    if (m_hWnd)
-        ShowWindow(m_hWnd, show ? SW_SHOWNA : SW_HIDE);
+    SetScrollPos(hWnd(), SB_CTL, value, TRUE);
+    if (m_ScrollListener)
+        m_ScrollListener->OnScroll();
 }
 
 void ScrollBar::MovePixels(const Rect& place) {
-    const bool onTop = m_hWnd && !GetWindow(m_hWnd, GW_HWNDPREV);
-    if (m_hWnd && !(onTop && PlaceInParent(m_hWnd) == place))
-        SetWindowPos(m_hWnd, nullptr, place.left, place.top, std::max(place.Width(), 0L), std::max(place.Height(), 0L),
+    const bool onTop = hWnd() && !GetWindow(hWnd(), GW_HWNDPREV);
+    if (hWnd() && !(onTop && PlaceInParent(hWnd()) == place))
+        SetWindowPos(hWnd(), nullptr, place.left, place.top, std::max(place.Width(), 0L), std::max(place.Height(), 0L),
                      SWP_NOACTIVATE);
 }
 
 void ScrollBar::HideCaret() {
-    if (m_hWnd)
-        ::HideCaret(m_hWnd);
+    if (hWnd())
+        ::HideCaret(hWnd());
 }
 
 bool ScrollBar::HandleScroll(WPARAM wParam, LPARAM lParam) {
-    if (!m_hWnd || reinterpret_cast<HWND>(lParam) != m_hWnd)
+    if (!hWnd() || reinterpret_cast<HWND>(lParam) != hWnd())
         return false;
     long value = m_Value;
     switch (LOWORD(wParam)) {
@@ -116,7 +86,7 @@ bool ScrollBar::HandleScroll(WPARAM wParam, LPARAM lParam) {
         SCROLLINFO info{};
         info.cbSize = sizeof info;
         info.fMask = SIF_TRACKPOS;
-        if (GetScrollInfo(m_hWnd, SB_CTL, &info))
+        if (GetScrollInfo(hWnd(), SB_CTL, &info))
             value = info.nTrackPos;
         break;
     }

@@ -2,24 +2,15 @@
 
 #include "platform/Rounding.h"
 #include "win/Gdi.h"
+#include "win/Rects.h"
+
+#include <memory>
 
 namespace ormisk {
 
 namespace {
 
 constexpr int kLeftButton = 1;
-
-// Runs at the end of a block, also when a listener raises.
-template <class Action> class AtEnd {
-public:
-    explicit AtEnd(Action action) : m_Action(action) {}
-    AtEnd(const AtEnd&) = delete;
-    AtEnd& operator=(const AtEnd&) = delete;
-    ~AtEnd() { m_Action(); }
-
-private:
-    Action m_Action;
-};
 
 } // namespace
 
@@ -110,7 +101,8 @@ void CSplitter::ContainerMouseUp(int, int, float x, float y) {
         return;
     DrawRubberBand();
     FollowMouse(x, y);
-    const AtEnd release([this] { EndCapture(); });
+    // At the end, also when a listener raises.
+    const std::unique_ptr<CSplitter, void (*)(CSplitter*)> release(this, [](CSplitter* bar) { bar->EndCapture(); });
     SplitterLocation(m_DragLocation);
 }
 
@@ -132,10 +124,8 @@ void CSplitter::ContainerResize() {
         return Horizontal() ? pane->Height() : pane->Width();
     };
     // A pane that is alone fills the container; the other one's extent is from another time.
-    const bool firstHidden = m_HiddenPane == HiddenPane::Left || m_HiddenPane == HiddenPane::Top;
-    const bool secondHidden = m_HiddenPane == HiddenPane::Right || m_HiddenPane == HiddenPane::Bottom;
-    const float first = firstHidden ? 0.0f : extentOf(m_FirstPane);
-    const float second = secondHidden ? 0.0f : extentOf(m_SecondPane);
+    const float first = FirstHidden() ? 0.0f : extentOf(m_FirstPane);
+    const float second = SecondHidden() ? 0.0f : extentOf(m_SecondPane);
     const float bar = m_HiddenPane == HiddenPane::None ? m_BarSize : 0.0f;
     SplitterLocation(ProportionalSplitterLocation(m_Location, Extent(), first, second, bar));
 }
@@ -171,18 +161,10 @@ void CSplitter::UpdateMousePointer() {
 void CSplitter::ArrangePanes() {
     if (!m_Container)
         return;
-    switch (m_HiddenPane) {
-    case HiddenPane::Left:
-    case HiddenPane::Top:
-        ShowOnly(m_FirstPane, m_SecondPane);
-        return;
-    case HiddenPane::Right:
-    case HiddenPane::Bottom:
-        ShowOnly(m_SecondPane, m_FirstPane);
-        return;
-    case HiddenPane::None:
-        break;
-    }
+    if (FirstHidden())
+        return ShowOnly(m_FirstPane, m_SecondPane);
+    if (SecondHidden())
+        return ShowOnly(m_SecondPane, m_FirstPane);
     const auto panes = [this] {
         return ArrangedPanes(m_Container->ScaleWidth(), m_Container->ScaleHeight(), m_Location, m_BarSize,
                              m_Orientation);
@@ -219,8 +201,7 @@ void CSplitter::FollowMouse(float x, float y) {
 void CSplitter::BeginCapture() {
     SetCapture(m_Container->hWnd());
     m_Dragging = true;
-    RECT client{};
-    GetClientRect(m_Container->hWnd(), &client);
+    RECT client = ToRect(ClientRect(m_Container->hWnd()));
     MapWindowPoints(m_Container->hWnd(), nullptr, reinterpret_cast<POINT*>(&client), 2);
     ClipCursor(&client);
 }
@@ -232,8 +213,7 @@ void CSplitter::EndCapture() {
 
 void CSplitter::EndDrag() {
     m_Dragging = false;
-    RECT desktop{};
-    GetWindowRect(GetDesktopWindow(), &desktop);
+    const RECT desktop = ToRect(WindowRect(GetDesktopWindow()));
     ClipCursor(&desktop);
 }
 

@@ -88,6 +88,8 @@ public:
 
 private:
     bool Horizontal() const { return m_Orientation == SplitterOrientation::Horizontal; }
+    bool FirstHidden() const { return m_HiddenPane == HiddenPane::Left || m_HiddenPane == HiddenPane::Top; }
+    bool SecondHidden() const { return m_HiddenPane == HiddenPane::Right || m_HiddenPane == HiddenPane::Bottom; }
     float Extent() const;
     float MinimumExtent() const;
     void UpdateMousePointer();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 namespace ormisk {
 
 enum class SplitterOrientation : int {

@@ -1,13 +1,11 @@
 #include "platform/SubclassWnd.h"
 
 #include "automation/Error.h"
-#include "win/Checked.h"
 
-#include <algorithm>
 #include <memory>
+#include <set>
 #include <unordered_map>
 #include <utility>
-#include <vector>
 
 namespace ormisk {
 
@@ -32,13 +30,11 @@ public:
     }
 
     void AddMessage(UINT message) {
-        if (message != 0 && !IsMessageHooked(message))
-            m_Messages.push_back(message);
+        if (message != 0)
+            m_Messages.insert(message);
     }
-    void RemoveMessage(UINT message) { std::erase(m_Messages, message); }
-    bool IsMessageHooked(UINT message) const {
-        return std::find(m_Messages.begin(), m_Messages.end(), message) != m_Messages.end();
-    }
+    void RemoveMessage(UINT message) { m_Messages.erase(message); }
+    bool IsMessageHooked(UINT message) const { return m_Messages.contains(message); }
 
 private:
     WNDPROC Exchange(WNDPROC procedure) {
@@ -51,7 +47,7 @@ private:
     LONG_PTR m_Listener;
     bool m_Unicode;
     WNDPROC m_Previous = nullptr;
-    std::vector<UINT> m_Messages;
+    std::set<UINT> m_Messages;
 };
 
 using SubclassTable = std::unordered_map<HWND, std::shared_ptr<cSubclassInfo>>;

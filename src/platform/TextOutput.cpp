@@ -13,57 +13,26 @@ namespace {
 constexpr std::size_t kLongest = kMostShown / 2; // what the system takes in one output call
 constexpr std::size_t kCodePageBuffer = 255;
 
-// Room for one text: on the stack for what cells usually hold.
-template <class Character> class Scratch {
-public:
-    explicit Scratch(std::size_t size) {
-        if (size > std::size(m_Small))
-            m_Large = std::make_unique_for_overwrite<Character[]>(size);
-    }
-    Character* Data() { return m_Large ? m_Large.get() : m_Small; }
-
-private:
-    Character m_Small[512];
-    std::unique_ptr<Character[]> m_Large;
-};
-
-// A text in bytes of the system code page, with a terminating zero, no longer than what can be shown.
+// A text in bytes of the system code page, with a terminating zero. What cells usually hold needs no memory.
 class ByteText {
 public:
-    explicit ByteText(std::wstring_view text) : m_Bytes(text.size() * kMostBytes + 1) {
+    explicit ByteText(std::wstring_view text) {
+        constexpr std::size_t kMostBytes = 3; // that a 16-bit character takes in any code page
+        const std::size_t size = text.size() * kMostBytes;
+        if (size >= std::size(m_Small))
+            m_Large = std::make_unique_for_overwrite<char[]>(size + 1);
         if (!text.empty())
-            m_Length = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), m_Bytes.Data(),
-                                           static_cast<int>(text.size() * kMostBytes), nullptr, nullptr);
-        m_Bytes.Data()[m_Length] = '\0';
+            m_Length = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), Data(),
+                                           static_cast<int>(size), nullptr, nullptr);
+        Data()[m_Length] = '\0';
     }
 
-    const char* Data() { return m_Bytes.Data(); }
+    char* Data() { return m_Large ? m_Large.get() : m_Small; }
     int Length() const { return m_Length; }
 
 private:
-    static constexpr std::size_t kMostBytes = 3; // that a 16-bit character takes in any code page
-
-    Scratch<char> m_Bytes;
-    int m_Length = 0;
-};
-
-// The UTF-16 text behind a byte-expanded one, with a terminating zero.
-class ExpandedText {
-public:
-    explicit ExpandedText(std::wstring_view expanded) : ExpandedText(ByteText(expanded)) {}
-
-    const wchar_t* Data() { return m_Characters.Data(); }
-    int Length() const { return m_Length; }
-
-private:
-    explicit ExpandedText(ByteText&& bytes) : m_Characters(RealCharacterCount(bytes.Length()) + 1) {
-        wchar_t* const text = m_Characters.Data();
-        TextOfBytes({bytes.Data(), static_cast<std::size_t>(bytes.Length())}, text);
-        text[RealCharacterCount(bytes.Length())] = L'\0';
-        m_Length = lstrlenW(text);
-    }
-
-    Scratch<wchar_t> m_Characters;
+    char m_Small[512]{};
+    std::unique_ptr<char[]> m_Large;
     int m_Length = 0;
 };
 
@@ -73,8 +42,11 @@ std::wstring_view ShownPart(std::wstring_view text) {
     return text.substr(0, text.find(L'\0'));
 }
 
-// The part of a byte-expanded text that can be shown. A zero character in it is a zero byte, not the end.
-std::wstring_view ShownExpanded(std::wstring_view text) { return text.substr(0, kMostShown); }
+// What a byte-expanded text stands for, as far as it can be shown. A zero character in it is a zero byte, not the end.
+std::wstring ShownExpanded(std::wstring_view text) {
+    const std::wstring shown = NarrowText(text.substr(0, kMostShown));
+    return shown.substr(0, shown.find(L'\0'));
+}
 
 bool IsDoubleByte(UINT codePage) { return codePage == 932 || codePage == 936 || codePage == 949 || codePage == 950; }
 
@@ -92,25 +64,19 @@ SIZE WideExtent(HDC dc, std::wstring_view text) {
     return extent;
 }
 
+int DrawWide(HDC dc, const std::wstring& text, RECT& rc, UINT format, WideTextSource source) {
+    if (WritesByHand())
+        return DrawWideTextByHand(dc, text, rc, format, source);
+    return DrawTextW(dc, text.c_str(), -1, &rc, format);
+}
+
 // The text's bytes belong to a double-byte code page that is not the system's.
 int DrawForeign(HDC dc, std::wstring_view text, RECT& rc, UINT format, UINT codePage) {
     ByteText bytes(ShownPart(text));
-    Scratch<wchar_t> wide(bytes.Length() + 1);
-    const int converted = bytes.Length() == 0 ? 0
-                                              : MultiByteToWideChar(codePage, 0, bytes.Data(), bytes.Length(),
-                                                                    wide.Data(), bytes.Length());
-    const std::wstring_view shown(wide.Data(), std::min<std::size_t>(converted, kCodePageBuffer));
-    if (WritesByHand())
-        return DrawWideTextByHand(dc, shown, rc, format, WideTextSource::CodePage);
-    return DrawTextW(dc, shown.data(), static_cast<int>(shown.size()), &rc, format);
-}
-
-int DrawExpanded(HDC dc, std::wstring_view text, RECT& rc, UINT format) {
-    ExpandedText wide(ShownExpanded(text));
-    if (WritesByHand())
-        return DrawWideTextByHand(dc, {wide.Data(), static_cast<std::size_t>(wide.Length())}, rc, format,
-                                  WideTextSource::Expanded);
-    return DrawTextW(dc, wide.Data(), -1, &rc, format);
+    std::wstring wide(static_cast<std::size_t>(bytes.Length()), L'\0');
+    const int converted = MultiByteToWideChar(codePage, 0, bytes.Data(), bytes.Length(), wide.data(), bytes.Length());
+    wide.resize(std::min<std::size_t>(static_cast<std::size_t>(converted), kCodePageBuffer));
+    return DrawWide(dc, wide, rc, format, WideTextSource::CodePage);
 }
 
 } // namespace
@@ -119,7 +85,7 @@ int DrawTextMultiLang(HDC hDC, std::wstring_view sText, RECT& rc, UINT nFormat, 
                       bool bRTL) {
     const UINT format = bRTL ? nFormat | DT_RTLREADING : nFormat;
     if (bUnicode)
-        return DrawExpanded(hDC, sText, rc, format);
+        return DrawWide(hDC, ShownExpanded(sText), rc, format, WideTextSource::Expanded);
     const UINT codePage = CodePageFromCharset(nCharset);
     if (IsDoubleByte(codePage) && codePage != GetACP())
         return DrawForeign(hDC, sText, rc, format, codePage);
@@ -128,14 +94,11 @@ int DrawTextMultiLang(HDC hDC, std::wstring_view sText, RECT& rc, UINT nFormat, 
 }
 
 SIZE MeasureText(HDC hDC, std::wstring_view sText, bool bUnicode) {
+    if (bUnicode)
+        return WideExtent(hDC, ShownExpanded(sText));
     SIZE extent{};
-    if (bUnicode) {
-        ExpandedText wide(ShownExpanded(sText));
-        extent = WideExtent(hDC, {wide.Data(), static_cast<std::size_t>(wide.Length())});
-    } else {
-        ByteText bytes(ShownPart(sText));
-        GetTextExtentPoint32A(hDC, bytes.Data(), bytes.Length(), &extent);
-    }
+    ByteText bytes(ShownPart(sText));
+    GetTextExtentPoint32A(hDC, bytes.Data(), bytes.Length(), &extent);
     return extent;
 }
 

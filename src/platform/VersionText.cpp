@@ -1,20 +1,14 @@
 #include "platform/VersionText.h"
 
-#include <cstddef>
+#include <cwchar>
+#include <iterator>
 
 namespace ormisk {
 
-namespace {
-
-std::wstring Padded(unsigned number, std::size_t digits) {
-    std::wstring text = std::to_wstring(number);
-    return text.size() < digits ? std::wstring(digits - text.size(), L'0') + text : text;
-}
-
-} // namespace
-
 std::wstring VersionText(unsigned major, unsigned minor, unsigned revision) {
-    return std::to_wstring(major) + L"." + Padded(minor, 2) + L"." + Padded(revision, 4);
+    wchar_t text[40];
+    std::swprintf(text, std::size(text), L"%u.%02u.%04u", major, minor, revision);
+    return text;
 }
 
 } // namespace ormisk

@@ -1,6 +1,7 @@
 #include "platform/WindowPicture.h"
 
 #include "win/Gdi.h"
+#include "win/Rects.h"
 
 namespace ormisk {
 
@@ -36,13 +37,11 @@ void DrawBorder(HWND window, HDC dc, SIZE size) {
 // The system can be asked for all of this at once, but not every system does it. Painting may lead anywhere, so each
 // step asks whether the window is still there.
 void DrawWindowPicture(HWND window, HDC dc) {
-    RECT outside{};
-    RECT client{};
+    const Rect outside = WindowRect(window);
+    const Rect client = ClientRect(window);
     POINT inside{};
-    GetWindowRect(window, &outside);
-    GetClientRect(window, &client);
     ClientToScreen(window, &inside);
-    const SIZE size{outside.right - outside.left, outside.bottom - outside.top};
+    const SIZE size{outside.Width(), outside.Height()};
     const Frame whole(dc, {0, 0}, size);
     DrawBorder(window, dc, size);
     const Frame content(dc, {inside.x - outside.left, inside.y - outside.top}, {client.right, client.bottom});
@@ -54,10 +53,8 @@ void DrawWindowPicture(HWND window, HDC dc) {
     for (; child && IsWindow(child); child = GetWindow(child, GW_HWNDPREV)) {
         if (!Has(child, GWL_STYLE, WS_VISIBLE))
             continue;
-        RECT place{};
-        GetWindowRect(child, &place);
-        const Frame at(dc, {place.left - inside.x, place.top - inside.y},
-                       {place.right - place.left, place.bottom - place.top});
+        const Rect place = WindowRect(child);
+        const Frame at(dc, {place.left - inside.x, place.top - inside.y}, {place.Width(), place.Height()});
         DrawWindowPicture(child, dc);
     }
 }

@@ -68,7 +68,8 @@ void OfferConstants(const TypeInfo& enumeration, CListItems& items) {
 
 omEditorType EditorTypeForMember(const MemberInfo& member) { return Choose(member).type; }
 
-void ConfigurePropertyEditor(const MemberInfo& member, CProperty& row) {
+void ApplyMemberInfo(const MemberInfo& member, CProperty& row) {
+    row.InitHelp(member.helpString, member.helpFile, static_cast<long>(member.helpContext));
     const EditorChoice choice = Choose(member);
     row.SetEditorType(choice.type);
     if (choice.allowsFloatingPoint)
@@ -79,11 +80,6 @@ void ConfigurePropertyEditor(const MemberInfo& member, CProperty& row) {
         row.SetParam(kFilterParam, kPictureFilter);
     if (choice.type == omListEditor)
         OfferConstants(*member.returnType.type, row.ListItems());
-}
-
-void ApplyMemberInfo(const MemberInfo& member, CProperty& row) {
-    row.InitHelp(member.helpString, member.helpFile, static_cast<long>(member.helpContext));
-    ConfigurePropertyEditor(member, row);
 }
 
 } // namespace ormisk

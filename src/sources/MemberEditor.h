@@ -11,9 +11,7 @@ extern const wchar_t kPictureFilter[];
 
 // Which editor a member's row gets, by the type of its value.
 omEditorType EditorTypeForMember(const MemberInfo& member);
-// The same, carried out on the row: its editor type, parameters and list items.
-void ConfigurePropertyEditor(const MemberInfo& member, CProperty& row);
-// The member's help, then its editor.
+// The member's help, and its editor: its type, parameters and list items.
 void ApplyMemberInfo(const MemberInfo& member, CProperty& row);
 
 } // namespace ormisk

@@ -34,62 +34,53 @@ private:
     int m_State;
 };
 
-// The context of a window's client area, or of the screen for no window.
-class WindowDC {
+// A context, which its kind lets go.
+class OwnedDC {
 public:
-    explicit WindowDC(HWND window) : m_Window(window), m_Dc(GetDC(window)) {}
-    WindowDC(const WindowDC&) = delete;
-    WindowDC& operator=(const WindowDC&) = delete;
-    ~WindowDC() {
-        if (m_Dc)
-            ReleaseDC(m_Window, m_Dc);
-    }
+    OwnedDC(const OwnedDC&) = delete;
+    OwnedDC& operator=(const OwnedDC&) = delete;
 
     HDC Get() const { return m_Dc; }
     explicit operator bool() const { return m_Dc != nullptr; }
 
+protected:
+    explicit OwnedDC(HDC dc) : m_Dc(dc) {}
+    ~OwnedDC() = default;
+
+private:
+    HDC m_Dc;
+};
+
+// The context of a window's client area, or of the screen for no window.
+class WindowDC : public OwnedDC {
+public:
+    explicit WindowDC(HWND window) : OwnedDC(GetDC(window)), m_Window(window) {}
+    ~WindowDC() { ReleaseDC(m_Window, Get()); }
+
 private:
     HWND m_Window;
-    HDC m_Dc;
 };
 
 // A context in memory, compatible with the given one. Whatever is selected into it has to leave before it goes.
-class MemoryDC {
+class MemoryDC : public OwnedDC {
 public:
-    explicit MemoryDC(HDC compatible) : m_Dc(CreateCompatibleDC(compatible)) {}
-    MemoryDC(const MemoryDC&) = delete;
-    MemoryDC& operator=(const MemoryDC&) = delete;
-    ~MemoryDC() {
-        if (m_Dc)
-            DeleteDC(m_Dc);
-    }
-
-    HDC Get() const { return m_Dc; }
-    explicit operator bool() const { return m_Dc != nullptr; }
-
-private:
-    HDC m_Dc;
+    explicit MemoryDC(HDC compatible) : OwnedDC(CreateCompatibleDC(compatible)) {}
+    ~MemoryDC() { DeleteDC(Get()); }
 };
 
 // The context of one WM_PAINT.
-class PaintDC {
+class PaintDC : private PAINTSTRUCT, public OwnedDC {
 public:
-    explicit PaintDC(HWND window) : m_Window(window), m_Dc(BeginPaint(window, &m_Paint)) {}
-    PaintDC(const PaintDC&) = delete;
-    PaintDC& operator=(const PaintDC&) = delete;
+    explicit PaintDC(HWND window) : PAINTSTRUCT{}, OwnedDC(BeginPaint(window, this)), m_Window(window) {}
     ~PaintDC() {
-        if (m_Dc)
-            EndPaint(m_Window, &m_Paint);
+        if (Get())
+            EndPaint(m_Window, this);
     }
 
-    HDC Get() const { return m_Dc; }
-    const RECT& UpdateRect() const { return m_Paint.rcPaint; }
-    explicit operator bool() const { return m_Dc != nullptr; }
+    const RECT& UpdateRect() const { return rcPaint; }
 
 private:
     HWND m_Window;
-    PAINTSTRUCT m_Paint{};
-    HDC m_Dc;
 };
 
 } // namespace ormisk

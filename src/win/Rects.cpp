@@ -14,6 +14,13 @@ Rect WindowRect(HWND window) {
     return FromRect(rect);
 }
 
+Rect WorkArea(HWND window) {
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+    return FromRect(screen.rcWork);
+}
+
 Rect PlaceInParent(HWND window) {
     RECT rect = ToRect(WindowRect(window));
     MapWindowPoints(HWND_DESKTOP, GetParent(window), reinterpret_cast<POINT*>(&rect), 2);

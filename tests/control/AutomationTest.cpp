@@ -1,20 +1,14 @@
+#include "GridContainer.h"
+#include "ModelTestTools.h"
+
 #include "automation/ByName.h"
 #include "automation/ClassFactory.h"
-#include "automation/DispatchObject.h"
 #include "automation/EnumVariants.h"
-#include "automation/Value.h"
 
-#include "ormisk.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <stdexcept>
 
 namespace ormisk {
 namespace {
-
-const _variant_t kMissing(static_cast<long>(DISP_E_PARAMNOTFOUND), VT_ERROR);
 
 // A public object whose members do what a test needs of them.
 class Item : public DispatchObject<::_CListItem, ::CListItem, ::__CListItems> {
@@ -44,31 +38,18 @@ protected:
     void FinalRelease() override {
         // What a dying object calls may take and give back references.
         const ComPtr<IDispatch> self(this);
-        if (gone) {
+        if (gone)
             *gone = true;
-        }
     }
 };
 
 // A host's event sink.
-class Sink : public IDispatch {
+class Sink : public HostObject {
 public:
+    Sink() : HostObject(__uuidof(::__CListItems)) {}
     std::function<HRESULT(DISPID, DISPPARAMS&, EXCEPINFO&)> onEvent;
-    IID source = __uuidof(::__CListItems);
     int calls = 0;
-    int references = 1;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        const bool answered = iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch) || iid == source;
-        *object = answered ? this : nullptr;
-        references += answered;
-        return answered ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-    STDMETHODIMP_(ULONG) Release() override { return --references; }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO* exception,
                         UINT*) override {
         ++calls;
@@ -76,43 +57,20 @@ public:
     }
 };
 
-DWORD Connect(IDispatch* object, Sink& sink) {
-    ComPtr<IConnectionPoint> point;
-    Check(Query<IConnectionPointContainer>(object)->FindConnectionPoint(sink.source, point.GetAddressOf()));
-    DWORD cookie = 0;
-    Check(point->Advise(&sink, &cookie));
-    return cookie;
-}
-
+DWORD Connect(IDispatch* object, Sink& sink) { return ormisk::Connect(object, sink.source, &sink); }
 HRESULT Disconnect(IDispatch* object, Sink& sink, DWORD cookie) {
-    ComPtr<IConnectionPoint> point;
-    Check(Query<IConnectionPointContainer>(object)->FindConnectionPoint(sink.source, point.GetAddressOf()));
-    return point->Unadvise(cookie);
+    return PointOf(object, sink.source)->Unadvise(cookie);
 }
 
-AutomationError ErrorRaisedBy(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const AutomationError& error) {
-        return error;
-    }
-    ADD_FAILURE() << "nothing was raised";
-    return {};
+// Without a place for error information.
+HRESULT PutText(IDispatch* item) {
+    _variant_t text(L"x");
+    DISPID put = DISPID_PROPERTYPUT;
+    DISPPARAMS one{&text, &put, 1, 1};
+    return item->Invoke(1, IID_NULL, 0, DISPATCH_PROPERTYPUT, &one, nullptr, nullptr, nullptr);
 }
 
-class Automation : public testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
-        before = LiveObjects();
-    }
-    void TearDown() override {
-        EXPECT_EQ(LiveObjects(), before) << "objects leaked";
-        SetErrorInfo(0, nullptr);
-        OleUninitialize();
-    }
-    long before = 0;
-};
+using Automation = test::LeakTest;
 
 TEST_F(Automation, ALateBoundCallerLosesNumberSourceTextOrHelpFileOfAnError) {
     auto item = MakeObject<Item>();
@@ -120,7 +78,7 @@ TEST_F(Automation, ALateBoundCallerLosesNumberSourceTextOrHelpFileOfAnError) {
     const auto putText = [&] { InvokeByName(item.Get(), L"Text", DISPATCH_PROPERTYPUT, &text); };
 
     item->onSetText = [] { Raise(ErrorCode::PropertyKeyPresent, L"CProperties.Add"); };
-    AutomationError error = ErrorRaisedBy(putText);
+    AutomationError error = FailureOf(putText);
     EXPECT_EQ(error.number, static_cast<HRESULT>(0x80040005));
     EXPECT_EQ(error.source, L"CProperties.Add");
     EXPECT_EQ(error.description, L"Property with this key is already present.");
@@ -129,7 +87,7 @@ TEST_F(Automation, ALateBoundCallerLosesNumberSourceTextOrHelpFileOfAnError) {
     item->onSetText = [] {
         Raise(ErrorNumber(ErrorCode::InvalidPropertyValue), L"Separator : \x00e4", kLibraryTitle, L"16");
     };
-    error = ErrorRaisedBy(putText);
+    error = FailureOf(putText);
     EXPECT_EQ(error.number, static_cast<HRESULT>(0x80040002));
     EXPECT_EQ(error.source, L"OrmiskGrid");
     EXPECT_EQ(error.description, L"Separator : \x00e4");
@@ -157,8 +115,7 @@ TEST_F(Automation, AnErrorOfAnEarlierCallIsBlamedOnALaterOne) {
     PublishError(IID_NULL, {E_ACCESSDENIED, L"elsewhere", L"long ago", {}});
     item->onSetText = [] { throw AutomationError{E_INVALIDARG, L"here", L"just now", {}}; };
     _variant_t text(L"x");
-    const AutomationError error =
-        ErrorRaisedBy([&] { InvokeByName(item.Get(), L"Text", DISPATCH_PROPERTYPUT, &text); });
+    const AutomationError error = FailureOf([&] { InvokeByName(item.Get(), L"Text", DISPATCH_PROPERTYPUT, &text); });
     EXPECT_EQ(error.description, L"just now");
 
     PublishError(IID_NULL, {E_ACCESSDENIED, L"elsewhere", L"long ago", {}});
@@ -169,9 +126,9 @@ TEST_F(Automation, AnErrorOfAnEarlierCallIsBlamedOnALaterOne) {
 
 TEST_F(Automation, AWrongLateBoundCallIsTakenForAFailureOfTheMember) {
     auto item = MakeObject<Item>();
-    EXPECT_EQ(ErrorRaisedBy([&] { InvokeByName(item.Get(), L"NoSuchMember", DISPATCH_METHOD); }).number,
+    EXPECT_EQ(FailureOf([&] { InvokeByName(item.Get(), L"NoSuchMember", DISPATCH_METHOD); }).number,
               DISP_E_UNKNOWNNAME);
-    EXPECT_EQ(ErrorRaisedBy([] { InvokeByName(nullptr, L"Text", DISPATCH_PROPERTYGET); }).number, E_POINTER);
+    EXPECT_EQ(FailureOf([] { InvokeByName(nullptr, L"Text", DISPATCH_PROPERTYGET); }).number, E_POINTER);
     DISPPARAMS none{};
     EXPECT_EQ(item->Invoke(4711, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
               DISP_E_MEMBERNOTFOUND);
@@ -180,10 +137,7 @@ TEST_F(Automation, AWrongLateBoundCallIsTakenForAFailureOfTheMember) {
     EXPECT_EQ(item->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr), E_POINTER);
     // A raised error without a place to put it.
     item->onSetText = [] { Raise(ErrorCode::InvalidKey); };
-    _variant_t text(L"x");
-    DISPID put = DISPID_PROPERTYPUT;
-    DISPPARAMS one{&text, &put, 1, 1};
-    EXPECT_EQ(item->Invoke(1, IID_NULL, 0, DISPATCH_PROPERTYPUT, &one, nullptr, nullptr, nullptr), DISP_E_EXCEPTION);
+    EXPECT_EQ(PutText(item.Get()), DISP_E_EXCEPTION);
 }
 
 TEST_F(Automation, AnObjectDiesInTheMiddleOfItsOwnMemberOrTwice) {
@@ -196,19 +150,14 @@ TEST_F(Automation, AnObjectDiesInTheMiddleOfItsOwnMemberOrTwice) {
         item.Reset();
         aliveInside = !gone;
     };
-    _variant_t text(L"x");
-    DISPID put = DISPID_PROPERTYPUT;
-    DISPPARAMS one{&text, &put, 1, 1};
-    EXPECT_EQ(raw->Invoke(1, IID_NULL, 0, DISPATCH_PROPERTYPUT, &one, nullptr, nullptr, nullptr), S_OK);
+    EXPECT_EQ(PutText(raw), S_OK);
     EXPECT_TRUE(aliveInside);
     EXPECT_TRUE(gone);
 }
 
 TEST_F(Automation, AHostFindsAWrongClassSourceOrIdentity) {
     auto item = MakeObject<Item>();
-    ComPtr<ITypeInfo> info;
-    ASSERT_EQ(Query<IProvideClassInfo>(item)->GetClassInfo(info.GetAddressOf()), S_OK);
-    EXPECT_EQ(NameOf(info.Get()), L"CListItem");
+    EXPECT_EQ(NameOf(test::Read(Query<IProvideClassInfo>(item), &IProvideClassInfo::GetClassInfo).Get()), L"CListItem");
     GUID source;
     EXPECT_EQ(Query<IProvideClassInfo2>(item)->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source), S_OK);
     EXPECT_EQ(source, __uuidof(::__CListItems));
@@ -217,11 +166,8 @@ TEST_F(Automation, AHostFindsAWrongClassSourceOrIdentity) {
     const auto events = Query<IConnectionPointContainer>(item);
     EXPECT_TRUE(SameObject(item->Identity(), events.Get()));
     EXPECT_FALSE(SameObject(item->Identity(), MakeObject<Item>()->Identity()));
-    ComPtr<IConnectionPoint> point;
-    ASSERT_EQ(events->FindConnectionPoint(__uuidof(::__CListItems), point.GetAddressOf()), S_OK);
-    ComPtr<IConnectionPointContainer> owner;
-    EXPECT_EQ(point->GetConnectionPointContainer(owner.GetAddressOf()), S_OK);
-    EXPECT_EQ(owner.Get(), events.Get());
+    auto point = PointOf(item->Identity(), __uuidof(::__CListItems));
+    EXPECT_EQ(test::Read(point, &IConnectionPoint::GetConnectionPointContainer).Get(), events.Get());
     EXPECT_EQ(events->FindConnectionPoint(IID_IUnknown, point.ReleaseAndGetAddressOf()), CONNECT_E_NOCONNECTION);
     EXPECT_EQ(item->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
     ComPtr<IPersistFile> file;
@@ -265,9 +211,8 @@ TEST_F(Automation, AnEventMissesASinkOrCallsOneThatHasLeft) {
 
     Sink alien;
     alien.source = IID_NULL;
-    ComPtr<IConnectionPoint> point;
     item = MakeObject<Item>();
-    ASSERT_EQ(item->FindConnectionPoint(__uuidof(::__CListItems), point.GetAddressOf()), S_OK);
+    const auto point = PointOf(item->Identity(), __uuidof(::__CListItems));
     DWORD cookie = 1;
     EXPECT_EQ(point->Advise(&alien, &cookie), CONNECT_E_CANNOTCONNECT);
     EXPECT_EQ(cookie, 0u);
@@ -295,12 +240,8 @@ TEST_F(Automation, EventArgumentsArriveReversedOrAreNotReadBackOrAFailingSinkSto
         return S_OK;
     };
     VARIANT_BOOL cancel = VARIANT_FALSE;
-    VARIANT arguments[2]{};
-    V_VT(&arguments[0]) = VT_I4;
-    V_I4(&arguments[0]) = 41;
-    V_VT(&arguments[1]) = VT_BOOL | VT_BYREF;
-    V_BOOLREF(&arguments[1]) = &cancel;
-    const AutomationError error = ErrorRaisedBy([&] { item->Fire(7, arguments, 2); });
+    VARIANT arguments[] = {_variant_t(41l), Reference(VT_BOOL, &cancel)};
+    const AutomationError error = FailureOf([&] { item->Fire(7, arguments, 2); });
     EXPECT_EQ(error.number, static_cast<HRESULT>(0x800A000D));
     EXPECT_EQ(error.source, L"the host");
     EXPECT_EQ(error.description, L"Type mismatch");
@@ -330,8 +271,7 @@ TEST_F(Automation, ValuesCompareUnlikeAutomationDoes) {
         EXPECT_EQ(CompareValues(a, b), CompareValues(b, a));
         return CompareValues(a, b);
     };
-    _variant_t null;
-    null.ChangeType(VT_NULL);
+    const _variant_t null = Null();
     EXPECT_EQ(compare(1l, L"1"), Comparison::Equal);
     EXPECT_EQ(compare(1l, 1.0), Comparison::Equal);
     EXPECT_EQ(compare(1l, L"1.5"), Comparison::Different);
@@ -350,47 +290,40 @@ TEST_F(Automation, ValuesCompareUnlikeAutomationDoes) {
 
     // By reference, as a script passes its variables.
     _variant_t inner(5l);
-    VARIANT outer{};
-    V_VT(&outer) = VT_BYREF | VT_VARIANT;
-    V_VARIANTREF(&outer) = &inner;
-    EXPECT_EQ(CompareValues(outer, _variant_t(L"5")), Comparison::Equal);
+    EXPECT_EQ(CompareValues(Reference(inner), _variant_t(L"5")), Comparison::Equal);
 }
 
 TEST_F(Automation, AnObjectInAValueIsTakenForAPlainOneOrTheOtherWayRound) {
     auto item = MakeObject<Item>();
     item->value = L"the default";
     _variant_t held(static_cast<IDispatch*>(item.Get()));
-    _variant_t nothing(static_cast<IDispatch*>(nullptr));
-    VARIANT byReference{};
-    V_VT(&byReference) = VT_BYREF | VT_VARIANT;
-    V_VARIANTREF(&byReference) = &held;
+    const VARIANT byReference = Reference(held);
     EXPECT_TRUE(HoldsObject(held));
-    EXPECT_TRUE(HoldsObject(nothing));
+    EXPECT_TRUE(HoldsObject(kNothing));
     EXPECT_TRUE(HoldsObject(byReference));
     EXPECT_FALSE(HoldsObject(_variant_t(1l)));
     EXPECT_TRUE(SameObject(ObjectOf(byReference), item->Identity()));
-    EXPECT_EQ(ObjectOf(nothing), nullptr);
+    EXPECT_EQ(ObjectOf(kNothing), nullptr);
     EXPECT_EQ(ObjectOf(_variant_t(1l)), nullptr);
     EXPECT_TRUE(IsMissing(kMissing));
     EXPECT_FALSE(IsMissing(_variant_t()));
     EXPECT_EQ(TypeNameOf(held), L"CListItem");
-    EXPECT_EQ(TypeNameOf(nothing), L"Nothing");
+    EXPECT_EQ(TypeNameOf(kNothing), L"Nothing");
     EXPECT_EQ(TextOf(held), L"the default");
     EXPECT_FALSE(IsNumeric(held));
-    EXPECT_FALSE(IsNumeric(nothing));
+    EXPECT_FALSE(IsNumeric(kNothing));
     item->value = 3l;
     EXPECT_TRUE(IsNumeric(held));
 }
 
 TEST_F(Automation, TextOrTypeOfAValueIsNotTheOneAScriptSees) {
-    _variant_t null;
-    null.ChangeType(VT_NULL);
+    const _variant_t null = Null();
     EXPECT_EQ(TextOf(null), L"");
     EXPECT_EQ(TextOf(_variant_t()), L"");
     EXPECT_EQ(TextOf(_variant_t(true)), L"True");
     EXPECT_EQ(TextOf(_variant_t(-12l)), L"-12");
     EXPECT_EQ(TextOf(ToVariant(std::wstring(L"a\0b", 3))), std::wstring(L"a\0b", 3));
-    EXPECT_EQ(ErrorRaisedBy([] { TextOf(kMissing); }).number, kTypeMismatch);
+    EXPECT_EQ(FailureOf([] { TextOf(kMissing); }).number, kTypeMismatch);
 
     EXPECT_TRUE(IsNumeric(_variant_t(true)));
     EXPECT_TRUE(IsNumeric(_variant_t(L" -1.5e3 ")));

@@ -1,4 +1,4 @@
-#include "ControlHost.h"
+#include "GridContainer.h"
 
 #include <gtest/gtest.h>
 
@@ -6,96 +6,106 @@ namespace ormisk {
 namespace {
 
 using test::Box;
-using test::ControlInHost;
 using test::Host;
-using test::MakeBox;
+using test::SitedBox;
 
-std::vector<std::string> Log(std::initializer_list<const char*> names) { return {names.begin(), names.end()}; }
+class ControlInHost : public test::LeakTest {
+protected:
+    void WarmUp() override {
+        for (int i = 0; i < 2; ++i) {
+            SitedBox box;
+            Host second;
+            box.Do(OLEIVERB_UIACTIVATE);
+            box->SetClientSite(&second);
+            box.Do(OLEIVERB_UIACTIVATE, &second);
+            box->SetClientSite(nullptr);
+        }
+    }
+};
+
+// A container's property bag without properties.
+class EmptyBag : public IPropertyBag {
+public:
+    STDMETHODIMP QueryInterface(REFIID, void** object) override { return *object = nullptr, E_NOINTERFACE; }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP Read(LPCOLESTR, VARIANT*, IErrorLog*) override { return E_INVALIDARG; }
+    STDMETHODIMP Write(LPCOLESTR, VARIANT*) override { return S_OK; }
+};
+
+using Log = std::vector<std::string>;
 
 TEST_F(ControlInHost, ActivationSkipsOrReordersStepsOfAHost) {
-    Host host;
-    auto box = MakeBox();
-    auto object = Query<IOleObject>(box);
-    EXPECT_EQ(object->SetClientSite(&host), S_OK);
+    SitedBox box;
+    Host& host = box.host;
     EXPECT_EQ(GetParent(box->window), box->parking);
     EXPECT_FALSE(IsWindowVisible(box->parking));
-    EXPECT_EQ(Query<IPersistStreamInit>(box)->InitNew(), S_OK);
+    EXPECT_EQ(Query<IPersistStreamInit>(box.box)->InitNew(), S_OK);
 
     host.position = {10, 20, 110, 90};
-    host.clip = {0, 0, 1000, 1000};
     host.log.clear();
-    EXPECT_EQ(object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &host, 0, host.window, nullptr), S_OK);
-    EXPECT_EQ(host.log, Log({"CanInPlaceActivate", "OnInPlaceActivate", "GetWindowContext", "ShowObject"}));
+    EXPECT_EQ(box.Do(OLEIVERB_INPLACEACTIVATE), S_OK);
+    EXPECT_EQ(host.log, (Log{"CanInPlaceActivate", "OnInPlaceActivate", "GetWindowContext", "ShowObject"}));
     EXPECT_EQ(GetParent(box->window), host.window);
     EXPECT_TRUE(IsWindowVisible(box->window));
-    EXPECT_EQ(box->Place(), (std::array<long, 4>{10, 20, 100, 70}));
+    EXPECT_EQ(PlaceInParent(box->window), FromRect(host.position));
     EXPECT_EQ(box->size.cx, 100);
 
     host.log.clear();
-    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr), S_OK);
-    EXPECT_EQ(host.log, Log({"OnUIActivate", "SetActiveObject", "SetBorderSpace", "OnFocus 1"}));
+    EXPECT_EQ(box.Do(OLEIVERB_UIACTIVATE), S_OK);
+    EXPECT_EQ(host.log, (Log{"OnUIActivate", "SetActiveObject", "SetBorderSpace", "OnFocus 1"}));
     EXPECT_EQ(GetFocus(), box->window);
-    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr), S_OK);
+    EXPECT_EQ(box.Do(OLEIVERB_UIACTIVATE), S_OK);
     EXPECT_EQ(host.log.size(), 4u) << "activated twice";
 
     host.log.clear();
-    EXPECT_EQ(Query<IOleInPlaceObject>(box)->InPlaceDeactivate(), S_OK);
-    EXPECT_EQ(host.log, Log({"SetActiveObject", "OnUIDeactivate", "OnFocus 0", "OnInPlaceDeactivate"}));
+    EXPECT_EQ(box->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(host.log, (Log{"SetActiveObject", "OnUIDeactivate", "OnFocus 0", "OnInPlaceDeactivate"}));
     EXPECT_EQ(GetParent(box->window), box->parking);
     EXPECT_EQ(GetFocus(), host.window);
-    EXPECT_EQ(Query<IOleInPlaceObject>(box)->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(box->InPlaceDeactivate(), S_OK);
     EXPECT_EQ(host.log.size(), 4u) << "deactivated twice";
 
-    EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
-    EXPECT_EQ(host.references, 1);
-}
-
-TEST_F(ControlInHost, AFocusTakenByMouseLeavesTheHostUnaware) {
-    Host host;
-    auto box = MakeBox();
-    auto object = Query<IOleObject>(box);
-    object->SetClientSite(&host);
-    object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &host, 0, host.window, nullptr);
+    // By the mouse.
+    box.Do(OLEIVERB_INPLACEACTIVATE);
     host.log.clear();
     SetFocus(box->window);
-    EXPECT_EQ(host.log, Log({"OnUIActivate", "SetActiveObject", "SetBorderSpace", "OnFocus 1"}));
+    EXPECT_EQ(host.log, (Log{"OnUIActivate", "SetActiveObject", "SetBorderSpace", "OnFocus 1"}));
     host.log.clear();
     SetFocus(host.window);
-    EXPECT_EQ(host.log, Log({"OnFocus 0"}));
-    object->SetClientSite(nullptr);
+    EXPECT_EQ(host.log, Log{"OnFocus 0"});
+
+    EXPECT_EQ(box->SetClientSite(nullptr), S_OK);
+    EXPECT_EQ(host.references, 1);
 }
 
 TEST_F(ControlInHost, FirstDefaultsRunTwiceOrWithoutWindowsOrNever) {
     Host host;
+    EmptyBag empty;
     {
-        auto box = MakeBox(); // new before sited
+        auto box = MakeObject<Box>(); // new before sited
         auto persist = Query<IPersistStreamInit>(box);
         EXPECT_EQ(persist->IsDirty(), S_FALSE);
         EXPECT_EQ(persist->InitNew(), S_OK);
         EXPECT_EQ(box->news, 0);
-        EXPECT_EQ(Query<IOleObject>(box)->SetClientSite(&host), S_OK);
+        EXPECT_EQ(box->SetClientSite(&host), S_OK);
         EXPECT_EQ(box->news, 1);
         EXPECT_EQ(persist->InitNew(), S_OK);
         EXPECT_EQ(Query<IPersistPropertyBag>(box)->InitNew(), S_OK);
         EXPECT_EQ(box->news, 1);
         EXPECT_EQ(persist->IsDirty(), S_OK);
     }
-    {
-        auto box = MakeBox(); // activated without a word about state: what the host sets before must stand
-        Query<IOleObject>(box)->SetClientSite(&host);
-        EXPECT_EQ(box->news, 0);
-        Query<IOleObject>(box)->DoVerb(OLEIVERB_SHOW, nullptr, &host, 0, host.window, nullptr);
-        EXPECT_EQ(box->news, 0);
-    }
-    {
-        auto box = MakeBox(); // loaded
+    // Activated without a word about state: what the host sets before must stand. Then loaded.
+    for (const bool loaded : {false, true}) {
+        auto box = MakeObject<Box>();
         auto bag = Query<IPersistPropertyBag>(box);
-        test::EmptyBag empty;
         EXPECT_EQ(bag->Load(&empty, nullptr), E_UNEXPECTED);
-        Query<IOleObject>(box)->SetClientSite(&host);
+        box->SetClientSite(&host);
         EXPECT_EQ(bag->Load(nullptr, nullptr), E_POINTER);
-        EXPECT_EQ(bag->Load(&empty, nullptr), S_OK);
-        Query<IOleObject>(box)->DoVerb(OLEIVERB_SHOW, nullptr, &host, 0, host.window, nullptr);
+        if (loaded)
+            EXPECT_EQ(bag->Load(&empty, nullptr), S_OK);
+        EXPECT_EQ(box->news, 0);
+        box->DoVerb(OLEIVERB_SHOW, nullptr, &host, 0, host.window, nullptr);
         EXPECT_EQ(box->news, 0);
         EXPECT_EQ(Query<IPersistStreamInit>(box)->IsDirty(), S_FALSE);
         box->NotifyChanged(1);
@@ -108,59 +118,47 @@ TEST_F(ControlInHost, FirstDefaultsRunTwiceOrWithoutWindowsOrNever) {
 }
 
 TEST_F(ControlInHost, SitingTwiceMakesWindowsTwiceOrKeepsTheOldSite) {
-    Host first, second;
-    auto box = MakeBox();
-    auto object = Query<IOleObject>(box);
-    object->SetClientSite(&first);
+    Host second;
+    SitedBox box;
     const HWND window = box->window;
-    EXPECT_EQ(object->SetClientSite(&first), S_OK);
-    object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &first, 0, first.window, nullptr);
-    first.log.clear();
-    EXPECT_EQ(object->SetClientSite(&second), S_OK);
-    EXPECT_EQ(first.references, 1);
-    EXPECT_EQ(first.log.back(), "OnInPlaceDeactivate");
+    EXPECT_EQ(box->SetClientSite(&box.host), S_OK);
+    box.Do(OLEIVERB_UIACTIVATE);
+    EXPECT_EQ(box->SetClientSite(&second), S_OK);
+    EXPECT_EQ(box.host.references, 1);
+    EXPECT_EQ(box.host.log.back(), "OnInPlaceDeactivate");
     EXPECT_EQ(box->window, window);
     EXPECT_EQ(box->ambients, (std::vector<DISPID>{DISPID_UNKNOWN}));
-    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &second, 0, second.window, nullptr), S_OK);
+    EXPECT_EQ(box.Do(OLEIVERB_UIACTIVATE, &second), S_OK);
     EXPECT_EQ(GetParent(window), second.window);
-    ComPtr<IOleClientSite> site;
-    EXPECT_EQ(object->GetClientSite(site.GetAddressOf()), S_OK);
-    EXPECT_EQ(site.Get(), static_cast<IOleClientSite*>(&second));
-    site.Reset();
-    box.Reset();
-    object.Reset();
+    EXPECT_EQ(test::Read(box, &Box::GetClientSite).Get(), static_cast<IOleClientSite*>(&second));
+    box.box.Reset();
     second.active.Reset();
     EXPECT_FALSE(IsWindow(window)) << "a control let go while active keeps its window";
     EXPECT_EQ(second.references, 1);
 }
 
 TEST_F(ControlInHost, AHostThatNeverSitesTheControlCrashesItOrIsToldASuccess) {
-    auto box = MakeBox();
-    auto object = Query<IOleObject>(box);
-    EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, nullptr, nullptr), OLEOBJ_S_CANNOT_DOVERB_NOW);
-    EXPECT_EQ(object->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
+    auto box = MakeObject<Box>();
+    EXPECT_EQ(box->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, nullptr, nullptr), OLEOBJ_S_CANNOT_DOVERB_NOW);
+    EXPECT_EQ(box->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
     HWND window = nullptr;
-    EXPECT_EQ(Query<IOleInPlaceObject>(box)->GetWindow(&window), E_FAIL);
+    EXPECT_EQ(box->GetWindow(&window), E_FAIL);
     const RECT rect{0, 0, 10, 10};
-    EXPECT_EQ(Query<IOleInPlaceObject>(box)->SetObjectRects(&rect, &rect), S_OK);
-    EXPECT_EQ(Query<IOleInPlaceObject>(box)->InPlaceDeactivate(), S_OK);
-    EXPECT_EQ(Query<IOleControl>(box)->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+    EXPECT_EQ(box->SetObjectRects(&rect, &rect), S_OK);
+    EXPECT_EQ(box->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(box->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
     EXPECT_TRUE(box->ambients.empty());
     const RECTL bounds{0, 0, 10, 10};
-    const HDC dc = CreateCompatibleDC(nullptr);
-    EXPECT_EQ(Query<IViewObject>(box)->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr,
-                                            nullptr, 0),
+    const MemoryDC dc(nullptr);
+    EXPECT_EQ(box->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc.Get(), &bounds, nullptr, nullptr, 0),
               OLE_E_BLANK);
-    DeleteDC(dc);
     EXPECT_TRUE(box->UserMode());
     EXPECT_EQ(box->AmbientText(DISPID_AMBIENT_SCALEUNITS), L"");
-    EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
+    EXPECT_EQ(box->SetClientSite(nullptr), S_OK);
 }
 
 TEST_F(ControlInHost, NullPointersAreFollowed) {
-    Host host;
-    auto box = MakeBox();
-    box->SetClientSite(&host);
+    SitedBox box;
     EXPECT_EQ(box->GetClientSite(nullptr), E_POINTER);
     EXPECT_EQ(box->SetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
     EXPECT_EQ(box->GetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
@@ -180,14 +178,12 @@ TEST_F(ControlInHost, NullPointersAreFollowed) {
 // What a host may do to the control from inside any of its own methods.
 using Act = std::pair<const char*, void (*)(Host&, ComPtr<Box>&)>;
 const Act kActs[] = {
-    {"unsite", [](Host&, ComPtr<Box>& box) { Query<IOleObject>(box)->SetClientSite(nullptr); }},
-    {"deactivate", [](Host&, ComPtr<Box>& box) { Query<IOleInPlaceObject>(box)->InPlaceDeactivate(); }},
+    {"unsite", [](Host&, ComPtr<Box>& box) { box->SetClientSite(nullptr); }},
+    {"deactivate", [](Host&, ComPtr<Box>& box) { box->InPlaceDeactivate(); }},
     {"activate",
-     [](Host& host, ComPtr<Box>& box) {
-         Query<IOleObject>(box)->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr);
-     }},
-    {"deactivate the UI", [](Host&, ComPtr<Box>& box) { Query<IOleInPlaceObject>(box)->UIDeactivate(); }},
-    {"close", [](Host&, ComPtr<Box>& box) { Query<IOleObject>(box)->Close(OLECLOSE_SAVEIFDIRTY); }},
+     [](Host& host, ComPtr<Box>& box) { box->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr); }},
+    {"deactivate the UI", [](Host&, ComPtr<Box>& box) { box->UIDeactivate(); }},
+    {"close", [](Host&, ComPtr<Box>& box) { box->Close(OLECLOSE_SAVEIFDIRTY); }},
     {"release",
      [](Host& host, ComPtr<Box>& box) {
          host.active.Reset();
@@ -208,7 +204,7 @@ TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
                 SCOPED_TRACE(std::string(name) + " in " + during);
                 Host host;
                 host.extended = extended;
-                auto box = MakeBox();
+                auto box = MakeObject<Box>();
                 host.onCall = [&, act = act](const std::string& called) {
                     if (called == during && box) {
                         host.onCall = {};
@@ -217,15 +213,14 @@ TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
                 };
                 // A host's only reference to the control may go during the call that goes through it.
                 const auto call = [&](auto&& body) {
-                    if (box) {
+                    if (box)
                         body(*box.Get());
-                    }
                 };
                 const auto verb = [&](LONG number) {
                     call([&](Box& b) { b.DoVerb(number, nullptr, &host, 0, host.window, nullptr); });
                 };
                 call([&](Box& b) {
-                    test::Connect(&b, __uuidof(IPropertyNotifySink), static_cast<IPropertyNotifySink*>(&host));
+                    Connect(b.Identity(), IID_IPropertyNotifySink, static_cast<IPropertyNotifySink*>(&host));
                 });
                 call([&](Box& b) { b.SetClientSite(&host); });
                 verb(OLEIVERB_INPLACEACTIVATE);
@@ -237,9 +232,8 @@ TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
                 call([&](Box& b) {
                     EXPECT_TRUE(!b.window || GetParent(b.window) == b.parking) << "left behind in the host";
                 });
-                if (box) {
+                if (box)
                     EXPECT_FALSE(host.active) << "still the active object";
-                }
                 host.active.Reset(); // a host that let the control go may yet have been given it as its active object
                 EXPECT_FALSE(host.onCall) << "never called";
                 box.Reset();
@@ -250,63 +244,57 @@ TEST_F(ControlInHost, AHostThatTurnsOnTheControlInsideACallCrashesOrLeaksIt) {
 }
 
 TEST_F(ControlInHost, AnInterfaceThatTheHostTookBackAtOnceBecomesTheActiveObject) {
-    Host host;
-    auto box = MakeBox();
-    box->SetClientSite(&host);
-    host.onCall = [&](const std::string& called) {
-        if (called == "OnUIActivate") {
+    SitedBox box;
+    box.host.onCall = [&](const std::string& called) {
+        if (called == "OnUIActivate")
             box->UIDeactivate();
-        }
     };
-    box->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &host, 0, host.window, nullptr);
-    EXPECT_FALSE(host.active);
+    box.Do(OLEIVERB_UIACTIVATE);
+    EXPECT_FALSE(box.host.active);
     EXPECT_NE(GetFocus(), box->window);
-    box->SetClientSite(nullptr);
 }
 
 TEST_F(ControlInHost, SizesAreConvertedWrongOrTheWindowDoesNotFollow) {
     Host host;
-    auto box = MakeBox();
-    auto object = Query<IOleObject>(box);
+    auto box = MakeObject<Box>();
     SIZEL size{};
-    EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, &size), S_OK);
+    EXPECT_EQ(Query<IOleObject>(box)->GetExtent(DVASPECT_CONTENT, &size), S_OK);
     EXPECT_EQ(PixelsOf(size).cx, 240);
     EXPECT_EQ(PixelsOf(size).cy, 320);
-    EXPECT_EQ(object->GetExtent(DVASPECT_ICON, &size), DV_E_DVASPECT);
+    EXPECT_EQ(Query<IOleObject>(box)->GetExtent(DVASPECT_ICON, &size), DV_E_DVASPECT);
 
     // Sized before it has a window, then parked, then active.
     size = HimetricOf({77, 55});
-    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
-    object->SetClientSite(&host);
+    EXPECT_EQ(box->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+    box->SetClientSite(&host);
     EXPECT_EQ(box->size.cx, 77);
     size = HimetricOf({88, 66});
-    object->SetExtent(DVASPECT_CONTENT, &size);
+    box->SetExtent(DVASPECT_CONTENT, &size);
     EXPECT_EQ(box->size.cx, 88);
-    EXPECT_EQ(box->Place()[3], 66);
+    EXPECT_EQ(PlaceInParent(box->window).Height(), 66);
     SIZEL wrong{-1, 5};
-    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &wrong), E_INVALIDARG);
+    EXPECT_EQ(box->SetExtent(DVASPECT_CONTENT, &wrong), E_INVALIDARG);
     SIZEL got{};
     Query<IViewObject2>(box)->GetExtent(DVASPECT_CONTENT, -1, nullptr, &got);
     EXPECT_EQ(got.cx, size.cx);
 
-    object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &host, 0, host.window, nullptr);
+    box->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &host, 0, host.window, nullptr);
     const RECT position{5, 6, 105, 56}, clip{15, 6, 95, 30};
-    EXPECT_EQ(Query<IOleInPlaceObject>(box)->SetObjectRects(&position, &clip), S_OK);
-    EXPECT_EQ(box->Place(), (std::array<long, 4>{5, 6, 100, 50}));
+    EXPECT_EQ(box->SetObjectRects(&position, &clip), S_OK);
+    EXPECT_EQ(PlaceInParent(box->window), FromRect(position));
     RECT cut{};
     GetWindowRgnBox(box->window, &cut);
-    EXPECT_EQ((std::array<long, 4>{cut.left, cut.top, cut.right, cut.bottom}), (std::array<long, 4>{10, 0, 90, 24}));
-    EXPECT_EQ(Query<IOleInPlaceObject>(box)->SetObjectRects(&position, &position), S_OK);
+    EXPECT_EQ(FromRect(cut), (Rect{10, 0, 90, 24}));
+    EXPECT_EQ(box->SetObjectRects(&position, &position), S_OK);
     EXPECT_EQ(GetWindowRgnBox(box->window, &cut), ERROR) << "still cut off";
-    object->SetClientSite(nullptr);
+    box->SetClientSite(nullptr);
 }
 
 TEST_F(ControlInHost, AmbientPropertiesAreMissedOrBelievedBlindly) {
-    Host host;
-    auto box = MakeBox();
+    SitedBox box;
+    Host& host = box.host;
     host.ambient[DISPID_AMBIENT_USERMODE] = false;
     host.ambient[DISPID_AMBIENT_SCALEUNITS] = L"Twip";
-    Query<IOleObject>(box)->SetClientSite(&host);
     EXPECT_FALSE(box->UserMode());
     EXPECT_EQ(box->AmbientText(DISPID_AMBIENT_SCALEUNITS), L"Twip");
     EXPECT_FALSE(box->Ambient(DISPID_AMBIENT_FORECOLOR).has_value());
@@ -315,20 +303,17 @@ TEST_F(ControlInHost, AmbientPropertiesAreMissedOrBelievedBlindly) {
     host.ambient[DISPID_AMBIENT_FONT] = 5l;
     EXPECT_TRUE(box->UserMode());
     EXPECT_EQ(box->AmbientFont(), nullptr);
-    Query<IOleControl>(box)->OnAmbientPropertyChange(DISPID_AMBIENT_FONT);
+    box->OnAmbientPropertyChange(DISPID_AMBIENT_FONT);
     EXPECT_EQ(box->ambients, (std::vector<DISPID>{DISPID_AMBIENT_FONT}));
-    Query<IOleObject>(box)->SetClientSite(nullptr);
 }
 
 TEST_F(ControlInHost, KeysDoNotReachTheControlOrTheHost) {
-    Host host;
-    auto box = MakeBox();
-    Query<IOleObject>(box)->SetClientSite(&host);
-    auto control = Query<IOleControl>(box);
+    SitedBox box;
+    Host& host = box.host;
     box->keys = L"CX";
     CONTROLINFO info{};
     info.cb = sizeof info;
-    ASSERT_EQ(control->GetControlInfo(&info), S_OK);
+    ASSERT_EQ(box->GetControlInfo(&info), S_OK);
     ASSERT_EQ(info.cAccel, 2);
     MSG key{host.window, WM_SYSKEYDOWN, 'X', 0x20000001, 0, {}};
     WORD command = 0;
@@ -338,87 +323,82 @@ TEST_F(ControlInHost, KeysDoNotReachTheControlOrTheHost) {
     EXPECT_TRUE(IsAccelerator(info.hAccel, info.cAccel, &key, &command));
     state[VK_MENU] = 0;
     SetKeyboardState(state);
-    EXPECT_EQ(control->OnMnemonic(&key), S_OK);
+    EXPECT_EQ(box->OnMnemonic(&key), S_OK);
     key = {host.window, WM_SYSCHAR, L'c', 0x20000001, 0, {}};
-    control->OnMnemonic(&key);
+    box->OnMnemonic(&key);
     key.wParam = L'z';
-    control->OnMnemonic(&key);
+    box->OnMnemonic(&key);
     EXPECT_EQ(box->pressed, L"XC");
     box->keys.clear();
-    ASSERT_EQ(control->GetControlInfo(&info), S_OK);
+    ASSERT_EQ(box->GetControlInfo(&info), S_OK);
     EXPECT_EQ(info.cAccel, 0);
     EXPECT_EQ(info.hAccel, nullptr);
 
-    auto active = Query<IOleInPlaceActiveObject>(box);
     MSG down{host.window, WM_KEYDOWN, VK_DOWN, 1, 0, {}};
     host.log.clear();
-    EXPECT_EQ(active->TranslateAccelerator(&down), S_OK); // the box takes it
+    EXPECT_EQ(box->TranslateAccelerator(&down), S_OK); // the box takes it
     EXPECT_TRUE(host.log.empty());
     MSG tab{host.window, WM_KEYDOWN, VK_TAB, 1, 0, {}};
-    EXPECT_EQ(active->TranslateAccelerator(&tab), S_FALSE);
-    host.answer = S_OK;
+    EXPECT_EQ(box->TranslateAccelerator(&tab), S_FALSE);
     host.takesKeys = true;
-    EXPECT_EQ(active->TranslateAccelerator(&tab), S_OK);
+    EXPECT_EQ(box->TranslateAccelerator(&tab), S_OK);
     EXPECT_EQ(host.log.size(), 2u);
-    Query<IOleObject>(box)->SetClientSite(nullptr);
 }
 
 TEST_F(ControlInHost, AChangeIsNotToldToPropertySinksOrTheView) {
     Host host;
-    auto box = MakeBox();
-    test::Connect(box.Get(), __uuidof(IPropertyNotifySink), static_cast<IPropertyNotifySink*>(&host));
-    auto view = Query<IViewObject>(box);
-    view->SetAdvise(DVASPECT_CONTENT, ADVF_PRIMEFIRST, &host);
-    EXPECT_EQ(host.log, Log({"OnViewChange"}));
+    auto box = MakeObject<Box>();
+    Connect(box->Identity(), IID_IPropertyNotifySink, static_cast<IPropertyNotifySink*>(&host));
+    box->SetAdvise(DVASPECT_CONTENT, ADVF_PRIMEFIRST, &host);
+    EXPECT_EQ(host.log, Log{"OnViewChange"});
     host.log.clear();
-    Query<IOleControl>(box)->FreezeEvents(TRUE);
+    box->FreezeEvents(TRUE);
     box->NotifyChanged(42); // an event of the host's own making is held back, a change is not
-    Query<IOleControl>(box)->FreezeEvents(FALSE);
-    EXPECT_EQ(host.log, Log({"OnChanged", "OnViewChange"}));
+    box->FreezeEvents(FALSE);
+    EXPECT_EQ(host.log, (Log{"OnChanged", "OnViewChange"}));
     EXPECT_EQ(host.changed, 42);
-    view->SetAdvise(DVASPECT_CONTENT, ADVF_ONLYONCE, &host);
+    box->SetAdvise(DVASPECT_CONTENT, ADVF_ONLYONCE, &host);
     host.log.clear();
     box->NotifyChanged(1);
     box->NotifyChanged(1);
-    EXPECT_EQ(host.log, Log({"OnChanged", "OnViewChange", "OnChanged"}));
+    EXPECT_EQ(host.log, (Log{"OnChanged", "OnViewChange", "OnChanged"}));
     DWORD cookie = 0;
     EXPECT_EQ(Query<IOleObject>(box)->Advise(&host, &cookie), S_OK);
     host.log.clear();
-    Query<IOleObject>(box)->Close(OLECLOSE_NOSAVE);
-    EXPECT_EQ(host.log, Log({"OnClose"}));
+    box->Close(OLECLOSE_NOSAVE);
+    EXPECT_EQ(host.log, Log{"OnClose"});
     EXPECT_EQ(Query<IOleObject>(box)->Unadvise(cookie), S_OK);
-    view.Reset();
     box.Reset();
     EXPECT_EQ(host.references, 1);
 }
 
 TEST_F(ControlInHost, AQuickHostLosesItsSinksOrFlags) {
     Host host;
-    auto box = MakeBox();
+    auto box = MakeObject<Box>();
     QACONTAINER container{};
     container.cbSize = sizeof container;
     container.pClientSite = &host;
     container.pPropertyNotifySink = &host;
     container.pUnkEventSink = static_cast<IOleClientSite*>(&host); // no sink of events
     QACONTROL control{};
-    EXPECT_EQ(Query<IQuickActivate>(box)->QuickActivate(&container, &control), E_INVALIDARG);
+    EXPECT_EQ(box->QuickActivate(&container, &control), E_INVALIDARG);
     control.cbSize = sizeof control;
-    EXPECT_EQ(Query<IQuickActivate>(box)->QuickActivate(&container, &control), S_OK);
+    EXPECT_EQ(box->QuickActivate(&container, &control), S_OK);
     EXPECT_TRUE(box->window);
     EXPECT_NE(control.dwPropNotifyCookie, 0u);
     EXPECT_EQ(control.dwEventCookie, 0u);
     DWORD status = 0;
-    EXPECT_EQ(Query<IOleObject>(box)->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
+    EXPECT_EQ(box->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
     EXPECT_EQ(control.dwMiscStatus, status);
     EXPECT_EQ(status, static_cast<DWORD>(OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
                                          OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST));
     box->NotifyChanged(3);
     EXPECT_EQ(host.changed, 3);
-    Query<IOleObject>(box)->SetClientSite(nullptr);
+    box->SetClientSite(nullptr);
 }
 
 TEST_F(ControlInHost, AHostReadsAWrongIdentityOrVerb) {
-    auto box = MakeBox();
+    auto box = MakeObject<Box>();
     auto object = Query<IOleObject>(box);
     EXPECT_TRUE(SameObject(object.Get(), box->Identity()));
     EXPECT_TRUE(SameObject(Query<IPersist>(box).Get(), box->Identity()));

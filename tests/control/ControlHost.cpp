@@ -6,13 +6,6 @@
 
 namespace ormisk::test {
 
-std::array<long, 4> Box::Place() const {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&rect), 2);
-    return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
-}
-
 void Box::OnFirstSited(HWND parkingWindow) {
     WNDCLASSW type{};
     type.lpfnWndProc = Procedure;
@@ -31,11 +24,8 @@ void Box::OnInitNew() {
 void Box::OnDraw(HDC dc, const RECT& pixels) {
     const LONG middle = pixels.right / 2;
     const RECT left{0, 0, middle, pixels.bottom}, right{middle, 0, pixels.right, pixels.bottom};
-    const HBRUSH red = CreateSolidBrush(RGB(255, 0, 0)), blue = CreateSolidBrush(RGB(0, 0, 255));
-    FillRect(dc, &left, red);
-    FillRect(dc, &right, blue);
-    DeleteObject(red);
-    DeleteObject(blue);
+    FillRect(dc, &left, Unique<HBRUSH>(CreateSolidBrush(RGB(255, 0, 0))).get());
+    FillRect(dc, &right, Unique<HBRUSH>(CreateSolidBrush(RGB(0, 0, 255))).get());
 }
 
 LRESULT CALLBACK Box::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -55,15 +45,6 @@ LRESULT CALLBACK Box::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-ComPtr<Box> MakeBox() { return MakeObject<Box>(); }
-
-void Connect(Box* box, REFIID source, IUnknown* sink) {
-    ComPtr<IConnectionPoint> point;
-    Check(box->FindConnectionPoint(source, point.GetAddressOf()));
-    DWORD cookie = 0;
-    Check(point->Advise(sink, &cookie));
-}
-
 Host::Host() {
     window =
         CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr, nullptr, nullptr, nullptr);
@@ -71,26 +52,24 @@ Host::Host() {
 }
 
 Host::~Host() {
-    if (IsWindow(window)) {
+    if (IsWindow(window))
         DestroyWindow(window);
-    }
 }
 
 HRESULT Host::QueryInterface(REFIID iid, void** object) {
     *object = nullptr;
-    if (iid == __uuidof(IUnknown) || iid == __uuidof(IOleClientSite)) {
+    if (iid == __uuidof(IUnknown) || iid == __uuidof(IOleClientSite))
         *object = static_cast<IOleClientSite*>(this);
-    } else if (iid == __uuidof(IOleInPlaceSite) || (iid == __uuidof(IOleInPlaceSiteEx) && extended)) {
+    else if (iid == __uuidof(IOleInPlaceSite) || (iid == __uuidof(IOleInPlaceSiteEx) && extended))
         *object = static_cast<IOleInPlaceSiteEx*>(this);
-    } else if (iid == __uuidof(IOleControlSite)) {
+    else if (iid == __uuidof(IOleControlSite))
         *object = static_cast<IOleControlSite*>(this);
-    } else if (iid == __uuidof(IPropertyNotifySink)) {
+    else if (iid == __uuidof(IPropertyNotifySink))
         *object = static_cast<IPropertyNotifySink*>(this);
-    } else if (iid == __uuidof(IAdviseSink)) {
+    else if (iid == __uuidof(IAdviseSink))
         *object = static_cast<IAdviseSink*>(this);
-    } else if (iid == __uuidof(IDispatch)) {
+    else if (iid == __uuidof(IDispatch))
         *object = static_cast<IDispatch*>(this);
-    }
     references += *object != nullptr;
     return *object ? S_OK : E_NOINTERFACE;
 }
@@ -117,9 +96,8 @@ HRESULT Host::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) {
 }
 
 HRESULT Host::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*, UINT*) {
-    if (onCall) {
+    if (onCall)
         Called("Ambient");
-    }
     const auto found = ambient.find(id);
     return found == ambient.end() ? DISP_E_MEMBERNOTFOUND : VariantCopy(result, &found->second);
 }
@@ -131,6 +109,24 @@ HRESULT Host::Called(const std::string& name) {
         act(name);
     }
     return answer;
+}
+
+void LeakTest::SetUp() {
+    ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
+    WarmUp();
+    m_Objects = LiveObjects();
+    m_Before = {};
+}
+
+void LeakTest::TearDown() {
+    ExpectNothingLeft();
+    SetErrorInfo(0, nullptr);
+    OleUninitialize();
+}
+
+void LeakTest::ExpectNothingLeft() const {
+    EXPECT_EQ(LiveObjects(), m_Objects) << "objects leaked";
+    m_Before.ExpectNoMore();
 }
 
 } // namespace ormisk::test

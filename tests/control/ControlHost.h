@@ -1,14 +1,16 @@
 #pragma once
 
 #include "HandleCount.h"
+#include "ModelTestTools.h"
 
 #include "automation/ControlBase.h"
+#include "win/Gdi.h"
+#include "win/Rects.h"
 
 #include "ormisk.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <functional>
 #include <map>
 #include <string>
@@ -33,9 +35,6 @@ public:
     using ControlCore::NotifyChanged;
     using ControlCore::UserMode;
 
-    // Left, top, width and height in the parent.
-    std::array<long, 4> Place() const;
-
     STDMETHODIMP get_Value(VARIANT*) override { return E_NOTIMPL; }
     STDMETHODIMP put_Value(VARIANT) override { return E_NOTIMPL; }
     STDMETHODIMP get_Text(BSTR*) override { return E_NOTIMPL; }
@@ -55,19 +54,6 @@ private:
     void OnSave(IPropertyBag*) override {}
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-};
-
-ComPtr<Box> MakeBox();
-void Connect(Box* box, REFIID source, IUnknown* sink);
-
-// A container's property bag without properties.
-class EmptyBag : public IPropertyBag {
-public:
-    STDMETHODIMP QueryInterface(REFIID, void** object) override { return *object = nullptr, E_NOINTERFACE; }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-    STDMETHODIMP Read(LPCOLESTR, VARIANT*, IErrorLog*) override { return E_INVALIDARG; }
-    STDMETHODIMP Write(LPCOLESTR, VARIANT*) override { return S_OK; }
 };
 
 // A container with one site and a frame window. It writes down what is called and can turn on the control meanwhile.
@@ -160,33 +146,35 @@ private:
     HRESULT Called(const std::string& name);
 };
 
-// A test of a control in a host, which may leave nothing behind.
-class ControlInHost : public testing::Test {
+// A box in a host, till its end.
+struct SitedBox {
+    SitedBox() { box->SetClientSite(&host); }
+    ~SitedBox() {
+        if (box)
+            box->SetClientSite(nullptr);
+    }
+    Box* operator->() const { return box.Get(); }
+    HRESULT Do(LONG verb, Host* site = nullptr) {
+        Host& by = site ? *site : host;
+        return box->DoVerb(verb, nullptr, &by, 0, by.window, nullptr);
+    }
+
+    Host host;
+    ComPtr<Box> box = MakeObject<Box>();
+};
+
+// Tests that may leave nothing behind.
+class LeakTest : public testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
-        // The system keeps windows and drawing handles of its own from their first use on.
-        for (int i = 0; i < 2; ++i) {
-            Host first, second;
-            auto box = MakeBox();
-            Query<IOleObject>(box)->SetClientSite(&first);
-            Query<IOleObject>(box)->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &first, 0, first.window, nullptr);
-            Query<IOleObject>(box)->SetClientSite(&second);
-            Query<IOleObject>(box)->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &second, 0, second.window, nullptr);
-            Query<IOleObject>(box)->SetClientSite(nullptr);
-        }
-        objects = LiveObjects();
-        windows = LiveWindows();
-        handles = LiveGdiHandles();
-    }
-    void TearDown() override {
-        EXPECT_EQ(LiveObjects(), objects) << "objects leaked";
-        EXPECT_EQ(LiveWindows(), windows) << "windows leaked";
-        EXPECT_EQ(LiveGdiHandles(), handles) << "drawing handles leaked";
-        OleUninitialize();
-    }
-    long objects = 0;
-    unsigned windows = 0, handles = 0;
+    void SetUp() override;
+    // The system keeps windows and drawing handles of its own from their first use on.
+    virtual void WarmUp() {}
+    void TearDown() override;
+    void ExpectNothingLeft() const;
+
+private:
+    long m_Objects = 0;
+    Inventory m_Before;
 };
 
 } // namespace ormisk::test

@@ -10,6 +10,22 @@
 
 namespace ormisk::test {
 
+// What a getter gives: an object is held, a text is copied.
+template <class Pointer, class Interface, class T>
+auto Read(const Pointer& object, HRESULT (STDMETHODCALLTYPE Interface::*getter)(T*)) {
+    T value{};
+    EXPECT_EQ((std::to_address(object)->*getter)(&value), S_OK);
+    if constexpr (std::is_same_v<T, BSTR>)
+        return FromBstr(_bstr_t(value, false));
+    else if constexpr (std::is_same_v<T, VARIANT>)
+        return _variant_t(value, false);
+    else if constexpr (std::is_pointer_v<T>)
+        return Adopt(value);
+    else
+        return value;
+}
+inline std::wstring PropertyName(_CProperty* property) { return Read(property, &_CProperty::get_Name); }
+
 // An event as a handler sees it: by-reference arguments can be written.
 class EventCall {
 public:
@@ -27,24 +43,18 @@ private:
 };
 
 // A sink of the grid's events. It writes them down, but for the quiet ones, and lets a test handle each.
-class EventRecorder : public IDispatch {
+class EventRecorder : public HostObject {
 public:
+    EventRecorder() : HostObject(__uuidof(__OrmiskGrid)) {}
     std::map<std::wstring, std::function<void(const EventCall&)>> on;
     std::set<std::wstring> quiet{L"KeyDown",   L"KeyPress", L"KeyUp",       L"MouseDown",
                                  L"MouseMove", L"MouseUp",  L"PropertyDraw"};
     HRESULT answer = S_OK; // of the next handled event
     bool messageBoxes = false;
-    int references = 1;
 
     // What was heard since the last call.
     std::wstring Heard();
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-    STDMETHODIMP_(ULONG) Release() override { return --references; }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO* exception,
                         UINT*) override;
 
@@ -63,6 +73,7 @@ public:
     SIZE Size() const { return m_Size; }
     // Pixels of a colour in a rectangle.
     long Count(COLORREF color, RECT area) const;
+    bool operator==(const Picture& other) const { return m_Pixels == other.m_Pixels; }
 
 private:
     SIZE m_Size{};
@@ -96,12 +107,22 @@ public:
     ComPtr<OrmiskGrid> Disconnect();
 
     ComPtr<_CProperties> Properties() const;
-    ComPtr<_CProperty> Add(const wchar_t* name, const _variant_t& value = L"", const wchar_t* category = L"",
+    ComPtr<_CProperty> Add(const std::wstring& name, const _variant_t& value = L"", const std::wstring& category = L"",
                            omEditorType editor = omTextEditor, const wchar_t* editorKey = L"");
     ComPtr<_CProperty> Item(const _variant_t& indexOrKey) const;
-    long Count() const;
+    long Count() const { return Read(Properties(), &_CProperties::get_Count); }
+    void Remove(const _variant_t& indexOrKey) const { EXPECT_EQ(Properties()->Remove(indexOrKey), S_OK); }
+    void Clear() const {
+        _variant_t result;
+        EXPECT_EQ(Properties()->Clear(&result), S_OK);
+    }
+    void Expand(const wchar_t* path, bool open = true) const {
+        EXPECT_EQ(grid->ExpandCategory(_bstr_t(path), open ? VARIANT_TRUE : VARIANT_FALSE), S_OK);
+    }
     void Select(_CProperty* property) const { EXPECT_EQ(grid->putref_SelectedProperty(property), S_OK); }
     std::wstring Selected() const; // its name, "" for none
+    // The names on screen from top to bottom, as the keyboard selects them; * for a category.
+    std::wstring Rows();
 
     // Windows; null when the grid has none.
     HWND Window() const;
@@ -151,29 +172,12 @@ private:
 
 // The number in hexadecimal digits, source and text of a failed call.
 std::wstring FailureOfCall(HRESULT hr);
-std::wstring PropertyName(_CProperty* property);
 std::wstring ValueText(_CProperty* property);
 
-template <class T> T Read(OrmiskGrid* grid, HRESULT (STDMETHODCALLTYPE OrmiskGrid::*getter)(T*)) {
-    T value{};
-    EXPECT_EQ((grid->*getter)(&value), S_OK);
-    return value;
-}
-inline std::wstring ReadText(OrmiskGrid* grid, HRESULT (STDMETHODCALLTYPE OrmiskGrid::*getter)(BSTR*)) {
-    return FromBstr(_bstr_t(Read(grid, getter), false));
-}
-
-// Tests with a grid, which may leave nothing behind.
-class GridTest : public testing::Test {
+// Tests with a grid.
+class GridTest : public LeakTest {
 protected:
-    void SetUp() override;
-    void TearDown() override;
-    void ExpectNothingLeft() const;
-
-private:
-    long m_Objects = 0;
-    unsigned m_Windows = 0;
-    unsigned m_Handles = 0;
+    void WarmUp() override;
 };
 
 } // namespace ormisk::test

@@ -5,11 +5,7 @@
 namespace ormisk::test {
 namespace {
 
-ComPtr<_CListItems> ListOf(_CProperty* row) {
-    ComPtr<_CListItems> items;
-    row->get_ListItems(items.GetAddressOf());
-    return items;
-}
+ComPtr<_CListItems> ListOf(_CProperty* row) { return Read(row, &_CProperty::get_ListItems); }
 
 ComPtr<_CListItem> AddEntry(_CProperty* row, IDispatch* value) {
     ComPtr<_CListItem> item;
@@ -18,23 +14,12 @@ ComPtr<_CListItem> AddEntry(_CProperty* row, IDispatch* value) {
     return item;
 }
 
-ComPtr<IDispatch> NewFont() {
-    ComPtr<IDispatch> font;
-    Check(OleCreateFontIndirect(nullptr, IID_IDispatch, reinterpret_cast<void**>(font.GetAddressOf())));
-    return font;
-}
-
-void Clear(GridContainer& host) {
-    _variant_t nothing;
-    host.Properties()->Clear(&nothing);
-}
-
 // Objects that nobody but the rows of the next load keeps, once that has cleared the row before it.
 ComPtr<IDispatch> (*const kShown[])(_CProperty* row) = {
     [](_CProperty* row) { return ComPtr<IDispatch>(row); },
     [](_CProperty* row) { return Query<IDispatch>(ListOf(row)); },
     [](_CProperty* row) { return Query<IDispatch>(AddEntry(row, row)); },
-    [](_CProperty*) { return NewFont(); },
+    [](_CProperty*) { return Query<IDispatch>(MakeFont()); },
     [](_CProperty*) { return Inspected().object; },
 };
 
@@ -49,7 +34,7 @@ TEST_F(InspectTest, RowsCallAnObjectThatIsGone) {
             host.Item(i)->put_Value(_variant_t(2L));
         }
         host.Paint();
-        Clear(host);
+        host.Clear();
         EXPECT_TRUE(TestServer::IsIdle()) << "the object outlives its rows";
     }
 }
@@ -96,7 +81,7 @@ const Circle kCircles[] = {
          AddEntry(row, row);
          row->putref_Value(_variant_t(row));
          row->putref_Tag(grid);
-         Clear(host);
+         host.Clear();
      }},
     {"rows, lists and the collection", false,
      [](auto& host, auto* row, auto&) {
@@ -165,11 +150,9 @@ TEST_F(InspectTest, AControlThatIsSitedAgainHasLostMoreThanItsObjects) {
         const Inspected object(1);
         const auto plain = host.Add(L"A", L"1", L"X"), removed = host.Add(L"B");
         removed->putref_Value(_variant_t(object.Get()));
-        host.Properties()->Remove(_variant_t(2L));
-        _variant_t value;
-        removed->get_Value(&value);
-        EXPECT_EQ(ObjectOf(value), object.Get()) << "it has left the collection, not the host";
-        value.Clear();
+        host.Remove(2L);
+        EXPECT_EQ(ObjectOf(Read(removed, &_CProperty::get_Value)), object.Get())
+            << "it has left the collection, not the host";
         Load(host.grid.Get(), object.Get(), 1, false);
         host.Select(plain.Get());
         host.TypeIntoEditor(L"one");
@@ -180,7 +163,7 @@ TEST_F(InspectTest, AControlThatIsSitedAgainHasLostMoreThanItsObjects) {
         EXPECT_EQ(host.Selected() + host.EditText(), L"Aone");
         host.Enter();
         EXPECT_EQ(ValueText(plain.Get()), L"one");
-        removed->get_Value(&value);
+        const _variant_t value = Read(removed, &_CProperty::get_Value);
         EXPECT_TRUE(HoldsObject(value) && !ObjectOf(value));
         EXPECT_EQ(host.Count(), 5);
         host.Item(L"ATEXT")->put_Value(_variant_t(L"to whom?"));

@@ -42,7 +42,7 @@ struct Bar {
 void AddRows(GridContainer& host, long count) {
     host->put_LockRefresh(VARIANT_TRUE);
     for (long i = 0; i < count; ++i)
-        host.Add((L"Row" + std::to_wstring(i)).c_str(), L"v");
+        host.Add(L"Row" + std::to_wstring(i), L"v");
     host->put_LockRefresh(VARIANT_FALSE);
 }
 
@@ -181,6 +181,15 @@ TEST_F(GridTest, AKeyTypedOnARowLosesItsModifierOnTheWayToTheEditor) {
         EXPECT_EQ(type(VK_CONTROL), L"") << slowly;
         EXPECT_EQ(host.Heard(), L"KeyPress 2; KeyPress 2");
     }
+    // Both give characters on many keyboards; ALT alone belongs to the menu.
+    for (const BYTE modifier : {VK_CONTROL, VK_SHIFT}) {
+        SetFocus(host.Tree());
+        keybd_event(modifier, 0, 0, 0);
+        host.RealKeys({'B'}, VK_MENU);
+        keybd_event(modifier, 0, KEYEVENTF_KEYUP, 0);
+        host.Pump();
+        EXPECT_EQ(GetFocus(), modifier == VK_CONTROL ? host.EditBox() : host.Tree());
+    }
 }
 
 TEST_F(GridTest, ADisabledControlTakesTheKeysOfItsOpenEditor) {
@@ -313,7 +322,7 @@ TEST_F(GridTest, TheScrollBarHasAnotherRangeOrTurnsTooFar) {
     EXPECT_EQ(Bar(host).max, 1);
     EXPECT_EQ(Bar(host).page, fit);
     for (int i = 0; i < 9; ++i)
-        host.Add((L"More" + std::to_wstring(i)).c_str());
+        host.Add(L"More" + std::to_wstring(i));
     EXPECT_EQ(Bar(host).max, 10);
     const auto wheel = [&](short delta) {
         SendMessageW(host.Tree(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), 0);

@@ -2,35 +2,50 @@
 
 #include "GridContainer.h"
 
-#include "ModelTestTools.h"
+#include "automation/ByName.h"
 
 namespace ormisk::test {
 namespace {
+
+// What works without a window.
+void UseWindowless(OrmiskGrid& grid) {
+    EXPECT_EQ(grid.put_ActiveView(omCatagorized), S_OK);
+    EXPECT_EQ(grid.put_ColumnDividerPosition(10), S_OK);
+    EXPECT_EQ(grid.put_ColumnDividerPosition(-1), S_OK);
+    EXPECT_EQ(grid.put_DescriptionPaneHeight(0), S_OK);
+    EXPECT_EQ(grid.put_LockRefresh(VARIANT_TRUE), S_OK);
+    EXPECT_EQ(grid.put_LockRefresh(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(grid.put_Indentation(3), S_OK);
+    EXPECT_EQ(grid.put_Grid(omGridSolid), S_OK);
+    EXPECT_EQ(grid.put_ShowTabs(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(grid.put_CategoryBackColor(1), S_OK);
+    EXPECT_EQ(grid.put_CategorySeparator(_bstr_t(L"/")), S_OK);
+    EXPECT_EQ(grid.Refresh(), S_OK);
+    EXPECT_EQ(grid.ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE), S_OK);
+    EXPECT_EQ(grid.UnRegisterEditor(_bstr_t(L"none")), S_OK);
+    EXPECT_EQ(grid.OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+    EXPECT_EQ(Read(&grid, &OrmiskGrid::get_hwnd), 0);
+}
+
+// An addition that a collection without its control takes and forgets.
+void ExpectNothingAdded(_CProperties* properties) {
+    ComPtr<_CProperty> none;
+    omEditorType editor = omTextEditor;
+    _variant_t value(L"v");
+    EXPECT_EQ(
+        properties->Add(_bstr_t(L"C"), &value, nullptr, nullptr, nullptr, VARIANT_TRUE, &editor, none.GetAddressOf()),
+        S_OK);
+    EXPECT_EQ(none.Get(), nullptr);
+}
 
 TEST_F(GridTest, AControlWithoutASiteCrashesOrForgetsWhatItWasTold) {
     const auto grid = MakeObject<OrmiskGrid>();
     EXPECT_EQ(grid->InitNew(), S_OK);
     EXPECT_EQ(grid->put_NameCaption(_bstr_t(L"Before")), S_OK);
-    EXPECT_EQ(grid->put_ActiveView(omCatagorized), S_OK);
-    EXPECT_EQ(grid->put_ColumnDividerPosition(10), S_OK);
-    EXPECT_EQ(grid->put_DescriptionPaneHeight(0), S_OK);
-    EXPECT_EQ(grid->put_LockRefresh(VARIANT_TRUE), S_OK);
-    EXPECT_EQ(grid->put_LockRefresh(VARIANT_FALSE), S_OK);
-    EXPECT_EQ(grid->put_Indentation(3), S_OK);
-    EXPECT_EQ(grid->Refresh(), S_OK);
+    UseWindowless(*grid.Get());
     EXPECT_EQ(grid->putref_SelectedProperty(nullptr), S_OK);
-    EXPECT_EQ(grid->ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE), S_OK);
-    EXPECT_EQ(grid->UnRegisterEditor(_bstr_t(L"none")), S_OK);
-    EXPECT_EQ(Read(grid.Get(), &OrmiskGrid::get_hwnd), 0);
-    const auto properties = Adopt(Read(grid.Get(), &OrmiskGrid::get_Properties));
-    ComPtr<_CProperty> none;
-    omEditorType editor = omTextEditor;
-    _variant_t value(L"v");
-    EXPECT_EQ(
-        properties->Add(_bstr_t(L"A"), &value, nullptr, nullptr, nullptr, VARIANT_TRUE, &editor, none.GetAddressOf()),
-        S_OK);
-    EXPECT_EQ(none.Get(), nullptr) << "there is no control to add to";
-    EXPECT_EQ(ReadText(grid.Get(), &OrmiskGrid::get_NameCaption), L"Before");
+    ExpectNothingAdded(Read(grid, &OrmiskGrid::get_Properties).Get());
+    EXPECT_EQ(Read(grid, &OrmiskGrid::get_NameCaption), L"Before");
     SIZEL extent{};
     EXPECT_EQ(grid->GetExtent(DVASPECT_CONTENT, &extent), S_OK);
     const Picture nothing({40, 40}, [&](HDC dc) {
@@ -84,30 +99,16 @@ TEST_F(GridTest, ADestroyedWindowLeavesAControlThatCrashes) {
         const auto properties = host.Properties();
         DestroyWindow(parent ? host.window : host.Window());
         EXPECT_EQ(host.Heard(), L"") << "an end commits nothing";
-        EXPECT_EQ(Read(host.grid.Get(), &OrmiskGrid::get_hwnd), 0);
-        long count = -1;
-        EXPECT_EQ(properties->get_Count(&count), S_OK);
-        EXPECT_EQ(count, 0);
+        EXPECT_EQ(Read(properties, &_CProperties::get_Count), 0);
         // What is left answers, without a window or with a clear error.
         EXPECT_EQ(a->put_Value(_variant_t(L"kept")), S_OK);
         EXPECT_EQ(a->put_Visible(VARIANT_FALSE), S_OK);
         EXPECT_EQ(a->put_Name(_bstr_t(L"other")), S_OK);
         EXPECT_EQ(ValueText(a.Get()), L"kept");
-        EXPECT_EQ(Adopt(Read(host.grid.Get(), &OrmiskGrid::get_SelectedProperty)).Get(), nullptr);
+        EXPECT_EQ(Read(host, &OrmiskGrid::get_SelectedProperty).Get(), nullptr);
         EXPECT_TRUE(FAILED(host->putref_SelectedProperty(a.Get())));
         EXPECT_TRUE(FAILED(host->StartPropertyEdit(a.Get())));
-        EXPECT_EQ(host->put_ActiveView(omCatagorized), S_OK);
-        EXPECT_EQ(host->put_Grid(omGridSolid), S_OK);
-        EXPECT_EQ(host->put_ShowTabs(VARIANT_FALSE), S_OK);
-        EXPECT_EQ(host->put_CategoryBackColor(1), S_OK);
-        EXPECT_EQ(host->put_CategorySeparator(_bstr_t(L"/")), S_OK);
-        EXPECT_EQ(host->put_ColumnDividerPosition(-1), S_OK);
-        EXPECT_EQ(host->put_DescriptionPaneHeight(0), S_OK);
-        EXPECT_EQ(host->put_Indentation(2), S_OK);
-        EXPECT_EQ(host->Refresh(), S_OK);
-        EXPECT_EQ(host->ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE), S_OK);
-        EXPECT_EQ(host->UnRegisterEditor(_bstr_t(L"none")), S_OK);
-        EXPECT_EQ(host->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+        UseWindowless(*host.grid.Get());
     }
 }
 
@@ -115,34 +116,25 @@ TEST_F(GridTest, WhatAHostKeepsOutlivesTheControlBadly) {
     ComPtr<_CProperty> row, removed;
     ComPtr<_CProperties> properties;
     ComPtr<IFontDisp> font;
-    ComPtr<IConnectionPoint> point;
     {
         GridContainer host;
         row = host.Add(L"A", L"1", L"X");
         removed = host.Add(L"B", L"2", L"X");
-        host.Properties()->Remove(_variant_t(L"X_B"));
+        host.Remove(L"X_B");
         properties = host.Properties();
-        font = Adopt(Read(host.grid.Get(), &OrmiskGrid::get_Font));
+        font = Read(host, &OrmiskGrid::get_Font);
         host.Select(row.Get());
     }
     for (const auto& kept : {row, removed}) {
         EXPECT_EQ(kept->put_Value(_variant_t(L"new")), S_OK);
         EXPECT_EQ(ValueText(kept.Get()), L"new");
         EXPECT_EQ(kept->put_BackColor(3), S_OK);
-        BSTR text = nullptr;
-        EXPECT_EQ(kept->GetEditorParam(_bstr_t(L"MinLength"), &text), S_OK);
-        SysFreeString(text);
-        OLE_COLOR color = 0;
-        EXPECT_EQ(kept->get_ForeColor(&color), S_OK);
+        _bstr_t text;
+        EXPECT_EQ(kept->GetEditorParam(_bstr_t(L"MinLength"), text.GetAddress()), S_OK);
+        Read(kept, &_CProperty::get_ForeColor);
     }
-    long count = -1;
-    EXPECT_EQ(properties->get_Count(&count), S_OK);
-    EXPECT_EQ(count, 0);
-    ComPtr<_CProperty> none;
-    _variant_t value(L"v");
-    omEditorType editor = omTextEditor;
-    properties->Add(_bstr_t(L"C"), &value, nullptr, nullptr, nullptr, VARIANT_TRUE, &editor, none.GetAddressOf());
-    EXPECT_EQ(none.Get(), nullptr);
+    EXPECT_EQ(Read(properties, &_CProperties::get_Count), 0);
+    ExpectNothingAdded(properties.Get());
     EXPECT_EQ(Query<IFont>(font)->put_Size(CY{.int64 = 200000}), S_OK);
 }
 
@@ -159,40 +151,25 @@ TEST_F(GridTest, AForeignPropertyIsTakenForAnOwnOne) {
     EXPECT_EQ(FailureOfCall(host->StartPropertyEdit(nullptr)),
               L"80040010|" + title + L"|Invalid property object specified.");
     // A key of one control says nothing to another, and neither does a removed property.
-    host.Properties()->Remove(_variant_t(1L));
+    host.Remove(1L);
     EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(own.Get())), refusal);
     host.Add(L"A", L"1", L"X");
     EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(own.Get())), refusal);
     EXPECT_EQ(host.Selected(), L"");
     // Late bound, with an object that is no property at all.
-    const auto object = MakeObject<ScriptedObject>();
-    object->call = [](const std::wstring&, WORD, VARIANT*, VARIANT*) { return DISP_E_MEMBERNOTFOUND; };
-    for (const VARTYPE type : {VT_DISPATCH, VT_BSTR, VT_I4}) {
-        VARIANT argument{};
-        V_VT(&argument) = type;
-        _bstr_t text(L"A");
-        if (type == VT_DISPATCH)
-            V_DISPATCH(&argument) = object.Get();
-        else if (type == VT_BSTR)
-            V_BSTR(&argument) = text.GetBSTR();
-        DISPPARAMS parameters{&argument, nullptr, 1, 0};
-        EXCEPINFO exception{};
+    for (_variant_t argument : {Object(MakeFont().Get()), _variant_t(L"A"), _variant_t(0L)})
         EXPECT_EQ(
-            host->Invoke(45, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, &exception, nullptr),
+            FailureOf([&] { InvokeByName(host.grid.Get(), L"StartPropertyEdit", DISPATCH_METHOD, &argument); }).number,
             DISP_E_TYPEMISMATCH);
-        TakeException(exception);
-    }
     EXPECT_EQ(host.Heard(), L"PropertyDeleted A; PropertyAdded A");
 }
 
 TEST_F(GridTest, ADesignedControlTakesMessagesOrARunningOneDoesNot) {
     for (const bool running : {true, false}) {
         SCOPED_TRACE(running);
-        GridContainer::Setup setup;
-        setup.userMode = running;
-        GridContainer host(setup);
+        GridContainer host({.userMode = running});
         for (int i = 0; i < 40; ++i)
-            host.Add(std::to_wstring(i).c_str());
+            host.Add(std::to_wstring(i));
         SendMessageW(host.Tree(), WM_MOUSEWHEEL, MAKEWPARAM(0, -360), 0);
         EXPECT_EQ(GetScrollPos(host.ScrollBarWindow(), SB_CTL), running ? 3 : 0);
     }
@@ -203,15 +180,9 @@ TEST_F(GridTest, AnOpenEditorDoesNotFollowAFontOrAHiddenPane) {
     host.Add(L"A", L"1");
     host.Add(L"B", L"2");
     host.Select(host.Item(2L).Get());
-    const auto bottom = [&] {
-        RECT place{};
-        GetWindowRect(host.EditBox(), &place);
-        MapWindowPoints(nullptr, host.Tree(), reinterpret_cast<POINT*>(&place), 2);
-        return place.bottom;
-    };
+    const auto bottom = [&] { return PlaceInParent(host.EditBox()).bottom; };
     EXPECT_EQ(bottom(), host.RowTop(2) - 1);
-    const ComPtr<IFontDisp> font = Adopt(Read(host.grid.Get(), &OrmiskGrid::get_Font));
-    Query<IFont>(font)->put_Size(CY{.int64 = 200000});
+    Query<IFont>(Read(host, &OrmiskGrid::get_Font))->put_Size(CY{.int64 = 200000});
     EXPECT_EQ(host.EditText(), L"2");
     EXPECT_EQ(bottom(), host.RowTop(2) - 1);
     host->put_Headers(omHeadersNone);

@@ -5,38 +5,12 @@
 namespace ormisk::test {
 namespace {
 
-// The rows on screen from top to bottom, by the keyboard: a category row selects no property.
-std::wstring Rows(GridContainer& host) {
-    std::wstring rows;
-    host.Select(nullptr);
-    host.Press(VK_DOWN); // the first key only selects the first row
-    host.Press(VK_HOME);
-    const Picture picture = host.Paint();
-    std::wstring last;
-    for (int row = 0; row < 50; ++row) {
-        const std::wstring name = host.Selected();
-        rows += (rows.empty() ? L"" : L" ") + (name.empty() ? L"*" : name);
-        const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
-        if (host.Paint().At(host.Divider() - 3, host.RowTop(row + 1) + 3) != highlight) {
-            host.Press(VK_DOWN);
-            if (host.Paint().At(host.Divider() - 3, host.RowTop(row + 1) + 3) != highlight)
-                break;
-        }
-    }
-    host.Heard();
-    return rows;
-}
-
-void Remove(GridContainer& host, const wchar_t* key) { EXPECT_EQ(host.Properties()->Remove(_variant_t(key)), S_OK); }
-
 TEST_F(GridTest, AddingTellsBeforeTheRowsStandOrRefusalsTell) {
     GridContainer host;
     host.events.on[L"PropertyAdded"] = [&](const EventCall& call) {
         // Collection, rows and category are all there by now.
         const auto property = Query<_CProperty>(V_DISPATCH(&call[0]));
-        long index = 0;
-        property->get_Index(&index);
-        EXPECT_EQ(index, host.Count());
+        EXPECT_EQ(Read(property, &_CProperty::get_Index), host.Count());
         host.Select(property.Get());
         EXPECT_EQ(host.Selected(), PropertyName(property.Get()));
     };
@@ -44,9 +18,7 @@ TEST_F(GridTest, AddingTellsBeforeTheRowsStandOrRefusalsTell) {
     EXPECT_EQ(host.Heard(), L"PropertyAdded A; SelChanged A");
     host.Add(L"B", L"two");
     EXPECT_EQ(host.Heard(), L"PropertyAdded B; SelChanged B");
-    BSTR category = nullptr;
-    host.Item(L"_B")->get_Category(&category);
-    EXPECT_EQ(FromBstr(_bstr_t(category, false)), L"Misc");
+    EXPECT_EQ(Read(host.Item(L"_B"), &_CProperty::get_Category), L"Misc");
 
     ComPtr<_CProperty> refused;
     _variant_t value(L"x");
@@ -56,12 +28,12 @@ TEST_F(GridTest, AddingTellsBeforeTheRowsStandOrRefusalsTell) {
               L"80040006|CProperties.Add|Property with this name is already present in specified category.");
     EXPECT_EQ(refused.Get(), nullptr);
     EXPECT_EQ(host.Heard(), L"");
-    EXPECT_EQ(Rows(host), L"A B");
+    EXPECT_EQ(host.Rows(), L"A B");
 
     // What a handler raises does not reach the one who adds.
     host.events.on[L"PropertyAdded"] = [&](const EventCall&) { host.events.answer = DISP_E_EXCEPTION; };
     host.Add(L"C");
-    EXPECT_EQ(Rows(host), L"A B C");
+    EXPECT_EQ(host.Rows(), L"A B C");
 }
 
 TEST_F(GridTest, RemovingLeavesEmptyCategoriesOrTakesSharedOnes) {
@@ -71,17 +43,17 @@ TEST_F(GridTest, RemovingLeavesEmptyCategoriesOrTakesSharedOnes) {
     host.Add(L"C", L"", L"Z");
     host->put_ActiveView(omCatagorized);
     for (const wchar_t* path : {L"X|Y", L"Z"})
-        host->ExpandCategory(_bstr_t(path), VARIANT_TRUE);
-    EXPECT_EQ(Rows(host), L"* * A B * C");
-    EXPECT_EQ(host.Properties()->Remove(_variant_t(L"X|Y_A")), S_OK);
+        host.Expand(path);
+    EXPECT_EQ(host.Rows(), L"* * A B * C");
+    host.Remove(L"X|Y_A");
     EXPECT_EQ(host.Heard(), L"PropertyDeleted A");
-    EXPECT_EQ(Rows(host), L"* * B * C");
-    host.Properties()->Remove(_variant_t(1L));
-    EXPECT_EQ(Rows(host), L"* C");
+    EXPECT_EQ(host.Rows(), L"* * B * C");
+    host.Remove(1L);
+    EXPECT_EQ(host.Rows(), L"* C");
     // The only rows of the selected property go: nothing stays selected, and no SelChanged tells of it.
     host.Select(host.Item(1L).Get());
     host.Heard();
-    host.Properties()->Remove(_variant_t(1L));
+    host.Remove(1L);
     EXPECT_EQ(host.Heard(), L"PropertyDeleted C");
     EXPECT_EQ(host.Selected(), L"");
     EXPECT_EQ(host.EditText(), L"");
@@ -98,17 +70,17 @@ TEST_F(GridTest, ACategoryThatReadsLikeAPropertysKeyTakesItsRowsOrLosesIt) {
             const auto& [name, category] = rows[backward ? std::size(rows) - 1 - i : i];
             host.Add(name, L"", category);
         }
-        EXPECT_EQ(Rows(host), backward ? L"* b|e * * d c b * a" : L"* a * b c * d * b|e");
-        Remove(host, L"Cat_a");
+        EXPECT_EQ(host.Rows(), backward ? L"* b|e * * d c b * a" : L"* a * b c * d * b|e");
+        host.Remove(L"Cat_a");
         EXPECT_EQ(host.Count(), 4);
-        EXPECT_EQ(Rows(host), backward ? L"* b|e * * d c b" : L"* b c * d * b|e");
+        EXPECT_EQ(host.Rows(), backward ? L"* b|e * * d c b" : L"* b c * d * b|e");
         for (const wchar_t* key : {L"Cat_a_b", L"cat_a_c", L"cat_a|b_d"})
-            Remove(host, key);
-        EXPECT_EQ(Rows(host), L"* b|e") << "categories without rows stay";
+            host.Remove(key);
+        EXPECT_EQ(host.Rows(), L"* b|e") << "categories without rows stay";
         host.Add(L"a", L"", L"Cat");
-        host->ExpandCategory(_bstr_t(L"Cat_a"), VARIANT_FALSE);
-        host->ExpandCategory(_bstr_t(L"Cat_a_b"), VARIANT_FALSE);
-        EXPECT_EQ(Rows(host), L"* * a");
+        host.Expand(L"Cat_a", false);
+        host.Expand(L"Cat_a_b", false);
+        EXPECT_EQ(host.Rows(), L"* * a");
     }
 }
 
@@ -119,13 +91,10 @@ TEST_F(GridTest, ClearingTellsTheHostOrKeepsEditorAndSelection) {
     host.Select(kept.Get());
     EXPECT_EQ(host.EditText(), L"text");
     host.Heard();
-    _variant_t result;
-    EXPECT_EQ(host.Properties()->Clear(&result), S_OK);
-    EXPECT_EQ(V_VT(&result), VT_EMPTY);
-    EXPECT_EQ(host.Heard(), L"");
-    EXPECT_EQ(host.EditText(), L"");
-    EXPECT_EQ(host.Selected(), L"");
-    EXPECT_EQ(host.Properties()->Clear(&result), S_OK);
+    for (int round = 0; round < 2; ++round) {
+        host.Clear();
+        EXPECT_EQ(host.Heard() + host.EditText() + host.Selected(), L"");
+    }
     // What the host kept has no row any more; its value is told all the same.
     EXPECT_EQ(kept->put_Visible(VARIANT_FALSE), S_OK);
     EXPECT_EQ(kept->put_Value(_variant_t(L"late")), S_OK);
@@ -134,7 +103,7 @@ TEST_F(GridTest, ClearingTellsTheHostOrKeepsEditorAndSelection) {
     EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(kept.Get())),
               L"8004000D|" + std::wstring(kLibraryTitle) + L"|Alien property object.");
     host.Add(L"A", L"again");
-    EXPECT_EQ(Rows(host), L"A");
+    EXPECT_EQ(host.Rows(), L"A");
 }
 
 TEST_F(GridTest, AValueOfTheHostIsValidatedOrToldMoreThanOnceOrLeavesTheEditorBehind) {
@@ -166,12 +135,11 @@ TEST_F(GridTest, ANewNameBreaksTheKeyOrReachesOneViewOnly) {
     const auto row = host.Add(L"A", L"v", L"X");
     host->put_Grid(omGridNone);
     const auto nameIsEmpty = [&] {
-        host->ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE);
-        const long at = Read(host.grid.Get(), &OrmiskGrid::get_ActiveView) == omAlphabetic ? 0 : 1;
-        RECT cell = host.NameCell(at);
+        host.Expand(L"X");
+        const RECT cell = host.NameCell(Read(host, &OrmiskGrid::get_ActiveView) == omAlphabetic ? 0 : 1);
         const Picture picture = host.Paint();
-        return picture.Count(picture.At(cell.right - 2, cell.top + 1), cell) ==
-               (cell.right - cell.left) * (cell.bottom - cell.top);
+        const Rect whole = FromRect(cell);
+        return picture.Count(picture.At(cell.right - 2, cell.top + 1), cell) == whole.Width() * whole.Height();
     };
     EXPECT_FALSE(nameIsEmpty());
     EXPECT_EQ(row->put_Name(_bstr_t(L"  ")), S_OK);
@@ -186,13 +154,13 @@ TEST_F(GridTest, ACollapsedCategoryKeepsItsSelectedRowOrTellsInTheWrongOrder) {
     host.Add(L"A", L"1", L"X|Y");
     const auto b = host.Add(L"B", L"2", L"X|Y");
     for (const wchar_t* path : {L"X|Y", L"X"})
-        host->ExpandCategory(_bstr_t(path), VARIANT_FALSE);
+        host.Expand(path, false);
     host->put_ActiveView(omCatagorized);
     EXPECT_EQ(host.Heard(), L"PropertyAdded A; PropertyAdded B; ActiveViewChanged");
     host.Select(b.Get()); // opens what is above it
     EXPECT_EQ(host.Heard(), L"CategoryExpanding X False; CategoryExpanding Y False; SelChanged B");
     host.TypeIntoEditor(L"two");
-    host->ExpandCategory(_bstr_t(L"X"), VARIANT_FALSE);
+    host.Expand(L"X", false);
     EXPECT_EQ(host.Heard(),
               L"CategoryCollapsing X False; ValidateValue B two False; PropertyValueChanged B; SelChanged Nothing");
     EXPECT_EQ(host.Selected(), L"");
@@ -216,34 +184,34 @@ TEST_F(GridTest, ExpandingAPathFiresInTheWrongViewOrMakesCategories) {
     host.Add(L"A", L"", L"X|Y");
     host.Heard();
     for (const wchar_t* closed : {L"X|Y", L"X"})
-        host->ExpandCategory(_bstr_t(closed), VARIANT_FALSE);
-    host->ExpandCategory(_bstr_t(L" X | nowhere | Y"), VARIANT_TRUE); // opens X on its way
-    host->ExpandCategory(_bstr_t(L"nowhere"), VARIANT_TRUE);
-    host->ExpandCategory(_bstr_t(L"  "), VARIANT_TRUE);
+        host.Expand(closed, false);
+    host.Expand(L" X | nowhere | Y"); // opens X on its way
+    host.Expand(L"nowhere");
+    host.Expand(L"  ");
     host->ExpandCategory(nullptr, VARIANT_TRUE);
     EXPECT_EQ(host.Heard(), L"") << "the tree is not on screen";
     host->put_ActiveView(omCatagorized);
-    EXPECT_EQ(Rows(host), L"* *");
-    host->ExpandCategory(_bstr_t(L"x||y"), VARIANT_TRUE);
+    EXPECT_EQ(host.Rows(), L"* *");
+    host.Expand(L"x||y");
     EXPECT_EQ(host.Heard(), L"CategoryExpanding Y False") << "X is open";
-    EXPECT_EQ(Rows(host), L"* * A");
-    host->ExpandCategory(_bstr_t(L"X|Y"), VARIANT_FALSE); // closes the last one only
-    EXPECT_EQ(Rows(host), L"* *");
+    EXPECT_EQ(host.Rows(), L"* * A");
+    host.Expand(L"X|Y", false); // closes the last one only
+    EXPECT_EQ(host.Rows(), L"* *");
     host.events.on[L"CategoryExpanding"] = [](const EventCall& call) { call.Set(1, true); };
-    host->ExpandCategory(_bstr_t(L"X|Y"), VARIANT_TRUE);
+    host.Expand(L"X|Y");
     EXPECT_EQ(host.Heard(), L"CategoryExpanding Y False; CategoryExpanding Y False")
         << "asked on the way and at the end of it";
-    EXPECT_EQ(Rows(host), L"* *");
+    EXPECT_EQ(host.Rows(), L"* *");
     host->put_DefaultCategory(_bstr_t(L""));
     host.Add(L"Root");
-    EXPECT_EQ(Rows(host), L"* * Root") << "no category at all";
+    EXPECT_EQ(host.Rows(), L"* * Root") << "no category at all";
 }
 
 TEST_F(GridTest, SwitchingTheViewLosesTheSelectionOrTellsBeforeIt) {
     GridContainer host;
     const auto a = host.Add(L"A", L"1", L"X");
     const auto b = host.Add(L"B", L"2", L"Y");
-    host->ExpandCategory(_bstr_t(L"X"), VARIANT_FALSE);
+    host.Expand(L"X", false);
     host.Select(b.Get());
     host.TypeIntoEditor(L"two");
     host.Heard();
@@ -265,7 +233,7 @@ TEST_F(GridTest, SwitchingTheViewLosesTheSelectionOrTellsBeforeIt) {
     EXPECT_EQ(host.Selected(), L"");
     // Other numbers are the categorized view.
     EXPECT_EQ(host->put_ActiveView(static_cast<omActiveView>(7)), S_OK);
-    EXPECT_EQ(Rows(host), L"* * B");
+    EXPECT_EQ(host.Rows(), L"* * B");
 }
 
 TEST_F(GridTest, AHiddenPropertyKeepsARowOrItsEditor) {
@@ -279,19 +247,19 @@ TEST_F(GridTest, AHiddenPropertyKeepsARowOrItsEditor) {
     EXPECT_EQ(a->put_Visible(VARIANT_FALSE), S_OK);
     EXPECT_EQ(host.Heard(), L"ValidateValue A one False; PropertyValueChanged A; SelChanged Nothing");
     EXPECT_EQ(host.EditText(), L"");
-    EXPECT_EQ(Rows(host), L"B C");
+    EXPECT_EQ(host.Rows(), L"B C");
     EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(a.Get())),
               L"8004000F|" + std::wstring(kLibraryTitle) + L"|Invalid action for this property.");
     c->put_Visible(VARIANT_FALSE);
-    EXPECT_EQ(Rows(host), L"B");
+    EXPECT_EQ(host.Rows(), L"B");
     host->put_ActiveView(omCatagorized);
-    host->ExpandCategory(_bstr_t(L"X"), VARIANT_TRUE);
-    EXPECT_EQ(Rows(host), L"* B");
+    host.Expand(L"X");
+    EXPECT_EQ(host.Rows(), L"* B");
     a->put_Visible(VARIANT_TRUE);
     c->put_Visible(VARIANT_TRUE);
-    EXPECT_EQ(Rows(host), L"* A B C");
+    EXPECT_EQ(host.Rows(), L"* A B C");
     host->put_ActiveView(omAlphabetic);
-    EXPECT_EQ(Rows(host), L"A B C");
+    EXPECT_EQ(host.Rows(), L"A B C");
 }
 
 TEST_F(GridTest, ALockedGridPaintsOrForgetsWhatHappenedMeanwhile) {
@@ -309,10 +277,10 @@ TEST_F(GridTest, ALockedGridPaintsOrForgetsWhatHappenedMeanwhile) {
     host->put_LockRefresh(VARIANT_TRUE);
     host.Heard();
     for (int i = 0; i < 30; ++i)
-        host.Add((L"Row" + std::to_wstring(i)).c_str());
+        host.Add(L"Row" + std::to_wstring(i));
     EXPECT_FALSE(isDirty());
     EXPECT_NE(host.Heard(), L"") << "additions are told under the lock too";
-    host.Properties()->Remove(_variant_t(2L));
+    host.Remove(2L);
     host->Refresh();
     host->put_PropertyForeColor(RGB(0, 0, 255));
     EXPECT_FALSE(isDirty());
@@ -330,17 +298,8 @@ TEST_F(GridTest, OddAndHugeTextsBreakNamesValuesOrCategories) {
     const std::wstring huge(1 << 20, L'm');
     const std::wstring zero = std::wstring(L"a") + L'\0' + L"b";
     const std::wstring odd = L"\x4E2D\xD83D\xDE00 &&|";
-    const auto add = [&](const std::wstring& name, const std::wstring& value, const std::wstring& category) {
-        _variant_t content = ToVariant(value);
-        omEditorType editor = omTextEditor;
-        ComPtr<_CProperty> property;
-        EXPECT_EQ(host.Properties()->Add(ToBstr(name), &content, ToBstr(category), nullptr, nullptr, VARIANT_TRUE,
-                                         &editor, property.GetAddressOf()),
-                  S_OK);
-        return property;
-    };
     for (const auto& text : {huge, zero, odd}) {
-        const auto row = add(text, text, L"Odd");
+        const auto row = host.Add(text, ToVariant(text), L"Odd");
         ASSERT_NE(row.Get(), nullptr);
         EXPECT_TRUE(PropertyName(row.Get()) == text);
         EXPECT_TRUE(ValueText(row.Get()) == text);
@@ -352,17 +311,15 @@ TEST_F(GridTest, OddAndHugeTextsBreakNamesValuesOrCategories) {
         host.Select(nullptr);
         EXPECT_TRUE(ValueText(row.Get()) == text) << text.size();
     }
-    add(L"Deep", L"", huge + L"|" + huge);
+    host.Add(L"Deep", L"", huge + L"|" + huge);
     std::wstring path = L"0";
     for (int i = 1; i < 300; ++i)
         path += L"|" + std::to_wstring(i);
-    const auto deep = add(L"Deepest", L"", path);
+    const auto deep = host.Add(L"Deepest", L"", path);
     host.Select(deep.Get());
     EXPECT_EQ(host.Selected(), L"Deepest");
     host.Paint();
     EXPECT_EQ(host->put_ColumnDividerPosition(-1.0F), S_OK);
-    _variant_t result;
-    EXPECT_EQ(host.Properties()->Clear(&result), S_OK);
 }
 
 TEST_F(GridTest, DeepCategoriesNeedAsMuchStackOrMemoryAsLevels) {
@@ -374,21 +331,21 @@ TEST_F(GridTest, DeepCategoriesNeedAsMuchStackOrMemoryAsLevels) {
     host->put_CustomSort(VARIANT_TRUE);
     host->put_Sorted(VARIANT_TRUE);
     host->put_ActiveView(omCatagorized);
-    const auto row = host.Add(L"row", L"text", path.c_str());
+    const auto row = host.Add(L"row", L"text", path);
     host.Add(L"beside", L"", L"Top");
     EXPECT_EQ(host.Heard(), L"ActiveViewChanged; PropertyAdded row; PropertyAdded beside");
-    host->ExpandCategory(_bstr_t(L"Top|c"), VARIANT_FALSE);
-    host->ExpandCategory(_bstr_t(L"Top"), VARIANT_FALSE);
+    host.Expand(L"Top|c", false);
+    host.Expand(L"Top", false);
     host.Heard();
     host.events.on[L"SelChanged"] = [&](const EventCall&) { EXPECT_EQ(host.EditText(), L"") << "not told yet"; };
     host.Select(row.Get()); // opens what is above it
     EXPECT_EQ(host.Heard(), L"CategoryExpanding Top False; CategoryExpanding c False; SelChanged row");
     host.Paint();
     EXPECT_EQ(host.EditText(), L"text");
-    Remove(host, (path + L"_row").c_str());
+    host.Remove((path + L"_row").c_str());
     EXPECT_EQ(host.Selected(), L"");
-    EXPECT_EQ(Rows(host), L"* beside");
-    host.Add(L"row", L"", path.c_str());
+    EXPECT_EQ(host.Rows(), L"* beside");
+    host.Add(L"row", L"", path);
 }
 
 TEST_F(GridTest, ARowAddedWhileItsNamesakeGoesIsMissingInTheViews) {
@@ -400,11 +357,11 @@ TEST_F(GridTest, ARowAddedWhileItsNamesakeGoesIsMissingInTheViews) {
         if (PropertyName(Query<_CProperty>(V_DISPATCH(&call[0])).Get()) == L"child")
             host.Add(L"row", L"again", L"X");
     };
-    Remove(host, L"X_row");
+    host.Remove(L"X_row");
     EXPECT_EQ(ValueText(host.Item(1L).Get()), L"again");
-    EXPECT_EQ(Rows(host), L"row");
+    EXPECT_EQ(host.Rows(), L"row");
     host->put_ActiveView(omCatagorized);
-    EXPECT_EQ(Rows(host), L"* row");
+    EXPECT_EQ(host.Rows(), L"* row");
 }
 
 TEST_F(GridTest, DeeplyNestedRowsNeedAsMuchStackAsLevels) {
@@ -425,7 +382,7 @@ TEST_F(GridTest, DeeplyNestedRowsNeedAsMuchStackAsLevels) {
     host.events.on[L"PropertyDeleted"] = [&](const EventCall& call) {
         EXPECT_EQ(PropertyName(Query<_CProperty>(V_DISPATCH(&call[0])).Get()), ++told == kDepth ? L"row" : L"x");
     };
-    Remove(host, L"X_row");
+    host.Remove(L"X_row");
     EXPECT_EQ(told, kDepth);
     EXPECT_EQ(host.Count(), 0);
 }

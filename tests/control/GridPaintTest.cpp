@@ -117,9 +117,8 @@ TEST_F(GridTest, GridLinesHaveAnotherPlaceStyleOrColour) {
             const long length = (line.right - line.left) * (line.bottom - line.top);
             const long red = picture.Count(kRed, line), green = picture.Count(kGreen, line);
             EXPECT_EQ(red, !drawn ? 0 : style.solid ? length : length / 2) << which;
-            if (drawn && !style.solid) {
+            if (drawn && !style.solid)
                 EXPECT_EQ(green, length - length / 2) << which << ", between the dots";
-            }
         };
         const RECT name = host.NameCell(0), value = host.ValueCell(0);
         const bool any = style.style != omGridNone;
@@ -301,7 +300,7 @@ TEST_F(GridTest, CustomDrawIsToldOfACellThatNeedsNoPainting) {
     const auto drawn = host.Add(L"Drawn", L"", L"C"), plain = host.Add(L"Plain");
     drawn->put_CustomDraw(VARIANT_TRUE);
     for (int i = 0; i < 40; ++i)
-        host.Add((L"Row" + std::to_wstring(i)).c_str());
+        host.Add(L"Row" + std::to_wstring(i));
     host.Pump();
     host.events.quiet = {L"PropertyValueChanged", L"SelChanged"};
     const auto told = [&](const auto& change) {

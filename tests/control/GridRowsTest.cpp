@@ -44,40 +44,31 @@ void Remove(GridContainer& host, const _variant_t& indexOrKey) {
 
 // All about rows in front of the selected one, in both views.
 const Deed kDeeds[] = {
-    {"hidden", [](GridContainer& host) { Show(host, L"A_a1", false); }},
-    {"hidden with its category empty", [](GridContainer& host) { Show(host, L"Only_only", false); }},
-    {"shown", [](GridContainer& host) { Show(host, L"A_a1", true); }},
-    {"removed", [](GridContainer& host) { Remove(host, L"A_a2"); }},
-    {"removed with its categories", [](GridContainer& host) { Remove(host, L"Only_only"); }},
-    {"closed or opened",
-     [](GridContainer& host) {
-         const bool byCode = Read(host.grid.Get(), &OrmiskGrid::get_ActiveView) != omAlphabetic;
-         if (byCode)
+    {"hidden", [](auto& host) { Show(host, L"A_a1", false); }},
+    {"hidden with its category empty", [](auto& host) { Show(host, L"Only_only", false); }},
+    {"shown", [](auto& host) { Show(host, L"A_a1", true); }},
+    {"removed", [](auto& host) { Remove(host, L"A_a2"); }},
+    {"removed with its categories", [](auto& host) { Remove(host, L"Only_only"); }},
+    {"closed",
+     [](auto& host) {
+         if (Read(host.grid.Get(), &OrmiskGrid::get_ActiveView) != omAlphabetic)
              host->ExpandCategory(_bstr_t(L"A"), VARIANT_FALSE);
      }},
-    {"added", [](GridContainer& host) { host.Add(L"a9", L"", L"A"); }},
-    {"sorted in front",
-     [](GridContainer& host) {
-         host->put_Sorted(VARIANT_TRUE);
-         host.Add(L"B1", L"", L"0");
-     }},
-    {"loaded",
-     [](GridContainer& host) {
-         const Inspected object(1);
-         Load(host.grid.Get(), object.Get(), 1, false);
-     }},
+    {"added", [](auto& host) { host.Add(L"a9", L"", L"A"); }},
+    {"sorted in front", [](auto& host) { host->put_Sorted(VARIANT_TRUE), host.Add(L"B1", L"", L"0"); }},
+    {"loaded", [](auto& host) { Load(host.grid.Get(), Inspected(1).Get(), 1, false); }},
     {"removed again",
-     [](GridContainer& host) {
+     [](auto& host) {
          for (const wchar_t* key : {L"A_a1", L"A_a3", L"A_a9", L"0_B1"})
              Remove(host, key);
      }},
     {"many more",
-     [](GridContainer& host) {
+     [](auto& host) {
          for (int i = 0; i < 60; ++i)
-             host.Add((L"z" + std::to_wstring(i)).c_str(), L"", L"Z");
+             host.Add(L"z" + std::to_wstring(i), L"", L"Z");
      }},
     {"less again",
-     [](GridContainer& host) {
+     [](auto& host) {
          while (host.Count() > 8)
              Remove(host, host.Count());
      }},
@@ -114,7 +105,7 @@ TEST_F(GridTest, TheOpenEditorCoversAnotherRowWhenAScrolledListShrinks) {
     for (const bool removed : {false, true}) {
         GridContainer host;
         for (int i = 0; i < 40; ++i)
-            host.Add((L"r" + std::to_wstring(i)).c_str(), L"text");
+            host.Add(L"r" + std::to_wstring(i), L"text");
         host.Select(host.Item(38L).Get());
         ExpectEditorOverItsRow(host, "scrolled");
         for (long i = 1; i <= 36; ++i) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <windows.h>
 
@@ -41,5 +43,18 @@ inline unsigned LiveWindows() {
     EnumThreadWindows(GetCurrentThreadId(), CountWithChildren, reinterpret_cast<LPARAM>(&live));
     return live;
 }
+
+// What there is at one time, of which a later one may have no more.
+class Inventory {
+public:
+    void ExpectNoMore() const {
+        EXPECT_EQ(LiveWindows(), m_Windows) << "windows leaked";
+        EXPECT_EQ(LiveGdiHandles(), m_Handles) << "drawing handles leaked";
+    }
+
+private:
+    unsigned m_Windows = LiveWindows();
+    unsigned m_Handles = LiveGdiHandles();
+};
 
 } // namespace ormisk::test

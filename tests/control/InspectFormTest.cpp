@@ -87,27 +87,19 @@ TEST_F(InspectTest, PropertiesOfTheFormFollowThoseOfTheControlUnlessItHasThemIts
         names += PropertyName(host.Item(i).Get()) + L" ";
     EXPECT_EQ(names, L"Cancel DragIcon MousePointer Visible HelpContextId Left Align ");
 
-    omEditorType editor = omCustomDialog;
-    VARIANT_BOOL readOnly = VARIANT_FALSE;
-    host.Item(L"Position_Left")->get_EditorType(&editor);
-    EXPECT_EQ(editor, omTextEditor) << "the host's choice holds here";
-    host.Item(L"Behavior_Cancel")->get_ReadOnly(&readOnly);
-    EXPECT_EQ(readOnly, VARIANT_TRUE);
+    EXPECT_EQ(Read(host.Item(L"Position_Left"), &_CProperty::get_EditorType), omTextEditor)
+        << "the host's choice holds here";
+    EXPECT_EQ(Read(host.Item(L"Behavior_Cancel"), &_CProperty::get_ReadOnly), VARIANT_TRUE);
     EXPECT_EQ(form.extender.writes[L"Left"], 1);
     EXPECT_EQ(form.extender.writes[L"Visible"], 0) << "a control may not vanish for a test";
     EXPECT_EQ(form.extender.writes[L"Enabled"], 1) << "the control's own member is written through the form";
 
-    ComPtr<_CListItems> items;
     ComPtr<_CListItem> item;
-    _variant_t value;
-    host.Item(L"Position_Align")->get_ListItems(items.GetAddressOf());
-    items->get_Item(5, item.GetAddressOf());
-    item->get_Value(&value);
-    EXPECT_EQ(value, _variant_t(4L));
+    Read(host.Item(L"Position_Align"), &_CProperty::get_ListItems)->get_Item(5, item.GetAddressOf());
+    EXPECT_EQ(Read(item, &_CListItem::get_Value), _variant_t(4L));
     host.Item(L"Position_Left")->put_Value(_variant_t(25L));
     EXPECT_EQ(V_I4(&form.extender.values[0].second), 25);
-    _variant_t nothing;
-    host.Properties()->Clear(&nothing);
+    host.Clear();
 }
 
 } // namespace

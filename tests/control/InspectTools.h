@@ -32,19 +32,9 @@ public:
 bool Load(OrmiskGrid* grid, IDispatch* object, long depth = 1, bool clear = true);
 
 // A function as a script would give one.
-class Function : public IDispatch {
+class Function : public HostObject {
 public:
     explicit Function(std::function<void()> body) : m_Body(std::move(body)) {}
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        const bool answered = iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch);
-        *result = answered ? this : nullptr;
-        return answered ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
         return m_Body(), S_OK;
     }

@@ -1,22 +1,14 @@
 // Drawing resources, text output, fonts, splitter and the About window.
 
 #include "Eventually.h"
-#include "HandleCount.h"
+#include "GridContainer.h"
 
-#include "automation/ComPtr.h"
 #include "platform/About.h"
 #include "platform/FontDescription.h"
 #include "platform/ResourceMgr.h"
 #include "platform/Splitter.h"
 #include "platform/TextForms.h"
 #include "platform/TextOutput.h"
-#include "win/Gdi.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <functional>
-#include <vector>
 
 namespace ormisk::test {
 
@@ -38,51 +30,24 @@ LOGFONTW Attributes(HFONT font) {
     return attributes;
 }
 
-// A small white picture in memory.
-class Canvas {
-public:
-    static constexpr int kWidth = 120, kHeight = 40;
+constexpr SIZE kSize{120, 40};
 
-    Canvas() : m_Dc(nullptr) {
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof(BITMAPINFOHEADER), kWidth, -kHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        void* bits = nullptr;
-        m_Bitmap = Unique<HBITMAP>(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-        m_Pixels = static_cast<std::uint32_t*>(bits);
-        m_Previous = SelectObject(m_Dc.Get(), m_Bitmap.get());
-        PatBlt(m_Dc.Get(), 0, 0, kWidth, kHeight, WHITENESS);
-        SetBkMode(m_Dc.Get(), TRANSPARENT);
-    }
-    ~Canvas() { SelectObject(m_Dc.Get(), m_Previous); }
-
-    HDC Dc() const { return m_Dc.Get(); }
-    std::vector<std::uint32_t> Pixels() const {
-        GdiFlush();
-        return {m_Pixels, m_Pixels + kWidth * kHeight};
-    }
-
-private:
-    MemoryDC m_Dc;
-    Unique<HBITMAP> m_Bitmap;
-    std::uint32_t* m_Pixels = nullptr;
-    HGDIOBJ m_Previous = nullptr;
-};
-
-std::vector<std::uint32_t> Picture(const std::function<void(HDC, RECT&)>& draw) {
-    const Canvas canvas;
-    RECT rc{2, 3, Canvas::kWidth - 2, Canvas::kHeight - 3};
-    draw(canvas.Dc(), rc);
-    return canvas.Pixels();
+Picture Drawn(const std::function<void(HDC, RECT&)>& draw) {
+    return Picture(kSize, [&](HDC dc) {
+        RECT rc{2, 3, kSize.cx - 2, kSize.cy - 3};
+        SetBkMode(dc, TRANSPARENT);
+        draw(dc, rc);
+    });
 }
 
 constexpr UINT kCell = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
 
-std::vector<std::uint32_t> Drawn(std::wstring_view text, bool unicode, UINT format = kCell, int charset = 0) {
-    return Picture([&](HDC dc, RECT& rc) { DrawTextMultiLang(dc, text, rc, format, unicode, charset); });
+Picture Drawn(std::wstring_view text, bool unicode, UINT format = kCell, int charset = 0) {
+    return Drawn([&](HDC dc, RECT& rc) { DrawTextMultiLang(dc, text, rc, format, unicode, charset); });
 }
 
-std::vector<std::uint32_t> DrawnBySystem(const wchar_t* text, UINT format = kCell) {
-    return Picture([&](HDC dc, RECT& rc) { DrawTextW(dc, text, -1, &rc, format); });
+Picture DrawnBySystem(const wchar_t* text, UINT format = kCell) {
+    return Drawn([&](HDC dc, RECT& rc) { DrawTextW(dc, text, -1, &rc, format); });
 }
 
 } // namespace
@@ -167,13 +132,11 @@ TEST(ResourceMgr, RefusedObjectGivesNoHandleAndTheNextAskSucceeds) {
 
 TEST(FontDescription, ValuesGoToAFontObjectAndComeBack) {
     // A font object names the face that the system found for it, so only faces that are everywhere come back.
-    wchar_t symbols[] = L"Symbol";
-    FONTDESC start{sizeof(FONTDESC), symbols, {}, FW_NORMAL, SYMBOL_CHARSET, 0, 0, 0};
-    start.cySize.int64 = 82500;
-    ComPtr<IFontDisp> font;
-    ASSERT_EQ(OleCreateFontIndirect(&start, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())), S_OK);
+    const auto font = MakeFont(L"Symbol");
+    Query<IFont>(font)->put_Charset(SYMBOL_CHARSET);
+    Query<IFont>(font)->put_Size(CY{.int64 = 82500});
     const FontDescription described = DescribeFont(font.Get());
-    EXPECT_EQ(described.Name, symbols);
+    EXPECT_EQ(described.Name, L"Symbol");
     EXPECT_DOUBLE_EQ(described.Size, 8.25);
     EXPECT_FALSE(described.Bold);
     EXPECT_EQ(described.Weight, 400);
@@ -202,14 +165,13 @@ TEST(TextOutput, PlainAndExpandedTextsAreShownAndMeasuredAsTheTextThatTheyStandF
 
     EXPECT_EQ(Drawn(ExpandText(text), true), DrawnBySystem(text));
     EXPECT_NE(Drawn(ExpandText(text), true), Drawn(L"", true));
-    const Canvas canvas;
+    const MemoryDC dc(nullptr);
     SIZE expected{};
-    GetTextExtentPoint32W(canvas.Dc(), text, lstrlenW(text), &expected);
-    const SIZE measured = MeasureText(canvas.Dc(), ExpandText(text), true);
+    GetTextExtentPoint32W(dc.Get(), text, lstrlenW(text), &expected);
+    const SIZE measured = MeasureText(dc.Get(), ExpandText(text), true);
     EXPECT_EQ(measured.cx, expected.cx);
     EXPECT_EQ(measured.cy, expected.cy);
-    EXPECT_EQ(MeasureText(canvas.Dc(), L"Property", false).cx,
-              MeasureText(canvas.Dc(), ExpandText(L"Property"), true).cx);
+    EXPECT_EQ(MeasureText(dc.Get(), L"Property", false).cx, MeasureText(dc.Get(), ExpandText(L"Property"), true).cx);
 }
 
 TEST(TextOutput, ForeignDoubleByteTextIsConvertedByItsCharacterSet) {
@@ -220,9 +182,9 @@ TEST(TextOutput, ForeignDoubleByteTextIsConvertedByItsCharacterSet) {
     std::wstring endless(600, L'i');
     const std::wstring buffer(255, L'i');
     RECT asked{}, cut{};
-    const Canvas canvas;
-    DrawTextMultiLang(canvas.Dc(), endless, asked, DT_SINGLELINE | DT_CALCRECT, false, SHIFTJIS_CHARSET);
-    DrawTextW(canvas.Dc(), buffer.c_str(), -1, &cut, DT_SINGLELINE | DT_CALCRECT);
+    const MemoryDC dc(nullptr);
+    DrawTextMultiLang(dc.Get(), endless, asked, DT_SINGLELINE | DT_CALCRECT, false, SHIFTJIS_CHARSET);
+    DrawTextW(dc.Get(), buffer.c_str(), -1, &cut, DT_SINGLELINE | DT_CALCRECT);
     EXPECT_EQ(asked.right, cut.right) << "the conversion holds 255 characters";
     EXPECT_EQ(CodePageFromCharset(SHIFTJIS_CHARSET), 932u);
     EXPECT_EQ(CodePageFromCharset(ANSI_CHARSET), 1252u);
@@ -232,29 +194,30 @@ TEST(TextOutput, ForeignDoubleByteTextIsConvertedByItsCharacterSet) {
 TEST(TextOutput, ZeroEndsATextAndEndlessTextsAreCutNotFatal) {
     EXPECT_EQ(Drawn(std::wstring_view(L"AB\0CD", 5), false), DrawnBySystem(L"AB"));
     EXPECT_EQ(Drawn(ExpandText(std::wstring_view(L"AB\0CD", 5)), true), DrawnBySystem(L"AB"));
-    const Canvas canvas;
-    EXPECT_EQ(MeasureText(canvas.Dc(), std::wstring_view(L"AB\0CD", 5), false).cx,
-              MeasureText(canvas.Dc(), L"AB", false).cx);
+    const MemoryDC dc(nullptr);
+    EXPECT_EQ(MeasureText(dc.Get(), std::wstring_view(L"AB\0CD", 5), false).cx, MeasureText(dc.Get(), L"AB", false).cx);
     const std::wstring megabyte(1 << 20, L'w');
     EXPECT_EQ(Drawn(megabyte, false), DrawnBySystem(std::wstring(2000, L'w').c_str()));
     EXPECT_EQ(Drawn(ExpandText(megabyte), true), DrawnBySystem(std::wstring(2000, L'w').c_str()));
     EXPECT_EQ(Drawn(megabyte, false, DT_WORDBREAK), DrawnBySystem(std::wstring(2000, L'w').c_str(), DT_WORDBREAK));
-    EXPECT_GT(MeasureText(canvas.Dc(), megabyte, false).cx, 8000);
+    EXPECT_GT(MeasureText(dc.Get(), megabyte, false).cx, 8000);
 }
 
 TEST(TextOutput, HandMadeAlignmentCentresTheTextAndRestoresTheContext) {
-    const Canvas canvas;
     const RECT rc{10, 4, 110, 36};
-    SetTextAlign(canvas.Dc(), TA_RIGHT | TA_BOTTOM);
-    DrawWideTextByHand(canvas.Dc(), L"HHH", rc, DT_CENTER, WideTextSource::CodePage);
-    EXPECT_EQ(GetTextAlign(canvas.Dc()), static_cast<UINT>(TA_RIGHT | TA_BOTTOM));
-    const auto pixels = canvas.Pixels();
-    int left = Canvas::kWidth, right = -1;
-    for (int i = 0; i < static_cast<int>(pixels.size()); ++i)
-        if ((pixels[i] & 0xFFFFFF) != 0xFFFFFF) {
-            left = std::min(left, i % Canvas::kWidth);
-            right = std::max(right, i % Canvas::kWidth);
-        }
+    const Picture picture = Drawn([&](HDC dc, RECT&) {
+        SetTextAlign(dc, TA_RIGHT | TA_BOTTOM);
+        DrawWideTextByHand(dc, L"HHH", rc, DT_CENTER, WideTextSource::CodePage);
+        EXPECT_EQ(GetTextAlign(dc), static_cast<UINT>(TA_RIGHT | TA_BOTTOM));
+    });
+    const auto isBlank = [&](long x) {
+        return picture.Count(Picture::kUntouched, {x, 0, x + 1, kSize.cy}) == kSize.cy;
+    };
+    long left = 0, right = kSize.cx - 1;
+    while (left < right && isBlank(left))
+        ++left;
+    while (left < right && isBlank(right))
+        --right;
     EXPECT_NEAR(left - rc.left, rc.right - 1 - right, 3) << "as much room on both sides";
 }
 

@@ -1,8 +1,7 @@
 // Subclassed windows and thread hooks.
 
-#include "HandleCount.h"
-
 #include "automation/Error.h"
+#include "automation/Unknown.h"
 #include "platform/SubclassWnd.h"
 #include "platform/WndHooks.h"
 
@@ -39,34 +38,8 @@ HWND MakeWindow() {
     return CreateWindowExW(0, own.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
 }
 
-template <class Interface> class Counted : public Interface {
+class MessageListener final : public Unknown<_cSubclassListener> {
 public:
-    explicit Counted(int& alive) : m_Alive(alive) { ++m_Alive; }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_References; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --m_References;
-        if (left == 0)
-            delete this;
-        return left;
-    }
-    ULONG References() const { return m_References; }
-
-protected:
-    virtual ~Counted() { --m_Alive; }
-
-private:
-    ULONG m_References = 1;
-    int& m_Alive;
-};
-
-class MessageListener final : public Counted<_cSubclassListener> {
-public:
-    using Counted::Counted;
     LRESULT WindowMsgListener(HWND window, UINT message, WPARAM wParam, LPARAM, bool& route) override {
         ++Calls;
         return Answer ? Answer(window, message, wParam, route) : 0;
@@ -75,9 +48,8 @@ public:
     std::function<LRESULT(HWND, UINT, WPARAM, bool&)> Answer;
 };
 
-class EventListener final : public Counted<_IHookListener> {
+class EventListener final : public Unknown<_IHookListener> {
 public:
-    using Counted::Counted;
     LRESULT NotifyHookedEvent(int type, int, WPARAM, LPARAM lParam, bool& noNext) override {
         if (type == WH_GETMESSAGE && reinterpret_cast<const MSG*>(lParam)->message != WM_APP)
             return 0;
@@ -95,25 +67,27 @@ struct SubclassTest : testing::Test {
     ~SubclassTest() override {
         UnSubclassWindow(Window);
         DestroyWindow(Window);
-        Listener->Release();
-        EXPECT_EQ(Alive, 0) << "every listener was let go";
+        Listener = nullptr;
+        EXPECT_EQ(LiveObjects(), Objects) << "every listener was let go";
+    }
+    void Hear(MessageListener* listener, UINT message = WM_USER) const {
+        SubclassWindow(Window, listener);
+        AddMessageHook(Window, message);
     }
     LONG_PTR Procedure() const { return GetWindowLongPtrW(Window, GWLP_WNDPROC); }
 
-    int Alive = 0;
+    long Objects = LiveObjects();
     HWND Window;
     LONG_PTR Own;
-    MessageListener* Listener = new MessageListener(Alive);
+    ComPtr<MessageListener> Listener = Adopt(new MessageListener);
 };
 
 } // namespace
 
 TEST_F(SubclassTest, SubclassingTwiceKeepsOneEntryAndTheTruePreviousProcedure) {
-    MessageListener* second = new MessageListener(Alive);
-    SubclassWindow(Window, Listener);
-    AddMessageHook(Window, WM_USER);
-    SubclassWindow(Window, second);
-    AddMessageHook(Window, WM_USER);
+    const auto second = Adopt(new MessageListener);
+    Hear(Listener.Get());
+    Hear(second.Get());
     EXPECT_TRUE(IsWindowSubclassed(Window));
     EXPECT_EQ(SendMessageW(Window, WM_USER, 0, 0), kOwnResult);
     EXPECT_EQ(s_OwnCalls, 1);
@@ -128,12 +102,10 @@ TEST_F(SubclassTest, SubclassingTwiceKeepsOneEntryAndTheTruePreviousProcedure) {
     EXPECT_EQ(Procedure(), Own);
     UnSubclassWindow(Window);
     EXPECT_EQ(Procedure(), Own);
-    second->Release();
 }
 
 TEST_F(SubclassTest, ListenersResultCountsOnlyWhenItSwallowsTheMessageAndItsFailureNever) {
-    SubclassWindow(Window, Listener);
-    AddMessageHook(Window, WM_USER);
+    Hear(Listener.Get());
     Listener->Answer = [](HWND, UINT, WPARAM swallow, bool& route) -> LRESULT {
         EXPECT_TRUE(route);
         route = swallow == 0;
@@ -153,8 +125,7 @@ TEST_F(SubclassTest, ListenersResultCountsOnlyWhenItSwallowsTheMessageAndItsFail
 }
 
 TEST_F(SubclassTest, DestroyedWindowIsForgottenAndItsOwnProcedureHearsTheEnd) {
-    SubclassWindow(Window, Listener);
-    AddMessageHook(Window, WM_NCDESTROY);
+    Hear(Listener.Get(), WM_NCDESTROY);
     Listener->Answer = [](HWND, UINT, WPARAM, bool& route) -> LRESULT { return route = false; };
     DestroyWindow(Window);
     EXPECT_FALSE(IsWindowSubclassed(Window));
@@ -163,41 +134,37 @@ TEST_F(SubclassTest, DestroyedWindowIsForgottenAndItsOwnProcedureHearsTheEnd) {
 }
 
 TEST_F(SubclassTest, ListenerMayUnhookDestroyAndReleaseItselfInItsCall) {
-    SubclassWindow(Window, Listener);
-    AddMessageHook(Window, WM_USER);
-    auto* leaving = new MessageListener(Alive);
-    SubclassWindow(Window, leaving);
-    AddMessageHook(Window, WM_USER);
+    Hear(Listener.Get());
+    auto* leaving = new MessageListener;
+    Hear(leaving);
     bool alive = false;
     leaving->Answer = [&](HWND window, UINT, WPARAM, bool&) -> LRESULT {
         UnSubclassWindow(window);
         leaving->Release();
-        alive = Alive == 2;
+        alive = LiveObjects() == Objects + 2;
         return 0;
     };
     EXPECT_EQ(SendMessageW(Window, WM_USER, 0, 0), kOwnResult) << "the message still goes on";
     EXPECT_TRUE(alive) << "held until its call ends";
-    EXPECT_EQ(Alive, 1);
+    EXPECT_EQ(LiveObjects(), Objects + 1);
 
-    SubclassWindow(Window, Listener);
-    AddMessageHook(Window, WM_USER);
+    Hear(Listener.Get());
     Listener->Answer = [](HWND window, UINT, WPARAM, bool&) -> LRESULT { return DestroyWindow(window), 0; };
     SendMessageW(Window, WM_USER, 0, 0);
     EXPECT_FALSE(IsWindow(Window));
     EXPECT_FALSE(IsWindowSubclassed(Window));
-    EXPECT_EQ(Listener->References(), 1u);
 }
 
 TEST_F(SubclassTest, WrongWindowsAreRefusedOrIgnored) {
     AddMessageHook(Window, WM_USER); // no window is subclassed: nothing happens
-    SubclassWindow(nullptr, Listener);
+    SubclassWindow(nullptr, Listener.Get());
     SubclassWindow(Window, nullptr);
     EXPECT_EQ(Procedure(), Own);
     const HWND gone = MakeWindow();
     DestroyWindow(gone);
-    EXPECT_THROW(SubclassWindow(gone, Listener), AutomationError);
+    EXPECT_THROW(SubclassWindow(gone, Listener.Get()), AutomationError);
     EXPECT_FALSE(IsWindowSubclassed(gone));
-    SubclassWindow(Window, Listener);
+    SubclassWindow(Window, Listener.Get());
     EXPECT_THROW(AddMessageHook(gone, WM_USER), AutomationError);
     RemoveMessageHook(gone, WM_USER);
     RemoveMessageHook(Window, WM_USER);
@@ -209,15 +176,14 @@ TEST_F(SubclassTest, WindowsKeepTheirKindOfCharacters) {
             wide ? CreateWindowExW(0, L"EDIT", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr)
                  : CreateWindowExA(0, "EDIT", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
         EXPECT_EQ(IsWindowUnicode(edit), wide);
-        SubclassWindow(edit, Listener);
+        SubclassWindow(edit, Listener.Get());
         AddMessageHook(edit, WM_SETTEXT);
         EXPECT_EQ(IsWindowUnicode(edit), wide);
         SetWindowTextW(edit, L"\u0416\u65E5");
         wchar_t text[8] = L"";
         GetWindowTextW(edit, text, 8);
-        if (wide) {
+        if (wide)
             EXPECT_STREQ(text, L"\u0416\u65E5");
-        }
         DestroyWindow(edit);
     }
     EXPECT_EQ(Listener->Calls, 2);
@@ -227,12 +193,10 @@ namespace {
 
 struct HookTest : testing::Test {
     ~HookTest() override {
-        for (EventListener* listener : {First, Second}) {
-            RemoveWindowsHook(WH_GETMESSAGE, listener);
-            EXPECT_EQ(listener->References(), 1u);
-            listener->Release();
-        }
-        EXPECT_EQ(Alive, 0);
+        RemoveWindowsHook(WH_GETMESSAGE, First.Get());
+        RemoveWindowsHook(WH_GETMESSAGE, Second.Get());
+        First = Second = nullptr;
+        EXPECT_EQ(LiveObjects(), Objects);
     }
     static void Event() {
         PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
@@ -241,36 +205,36 @@ struct HookTest : testing::Test {
         }
     }
 
-    int Alive = 0;
-    EventListener* First = new EventListener(Alive);
-    EventListener* Second = new EventListener(Alive);
+    long Objects = LiveObjects();
+    ComPtr<EventListener> First = Adopt(new EventListener);
+    ComPtr<EventListener> Second = Adopt(new EventListener);
 };
 
 } // namespace
 
 TEST_F(HookTest, EachListenerHearsAnEventOnceUntilTheLastIsGone) {
-    AddWindowsHook(WH_GETMESSAGE, First);
-    AddWindowsHook(WH_GETMESSAGE, First);
-    AddWindowsHook(WH_GETMESSAGE, Second);
+    AddWindowsHook(WH_GETMESSAGE, First.Get());
+    AddWindowsHook(WH_GETMESSAGE, First.Get());
+    AddWindowsHook(WH_GETMESSAGE, Second.Get());
     Event();
     EXPECT_EQ(First->Calls, 1);
     EXPECT_EQ(Second->Calls, 1);
-    RemoveWindowsHook(WH_GETMESSAGE, First);
-    RemoveWindowsHook(WH_GETMESSAGE, First);
+    RemoveWindowsHook(WH_GETMESSAGE, First.Get());
+    RemoveWindowsHook(WH_GETMESSAGE, First.Get());
     Event();
     EXPECT_EQ(First->Calls, 1);
     EXPECT_EQ(Second->Calls, 2);
-    RemoveWindowsHook(WH_GETMESSAGE, Second);
+    RemoveWindowsHook(WH_GETMESSAGE, Second.Get());
     Event();
     EXPECT_EQ(Second->Calls, 2);
-    AddWindowsHook(WH_GETMESSAGE, Second);
+    AddWindowsHook(WH_GETMESSAGE, Second.Get());
     Event();
     EXPECT_EQ(Second->Calls, 3) << "the hook can be set again";
 }
 
 TEST_F(HookTest, ListenerCanEndTheWalkAndFailuresDoNot) {
-    AddWindowsHook(WH_GETMESSAGE, First);
-    AddWindowsHook(WH_GETMESSAGE, Second);
+    AddWindowsHook(WH_GETMESSAGE, First.Get());
+    AddWindowsHook(WH_GETMESSAGE, Second.Get());
     First->Answer = [](bool&) { throw std::runtime_error("listener"); };
     Event();
     EXPECT_EQ(Second->Calls, 1);
@@ -281,10 +245,10 @@ TEST_F(HookTest, ListenerCanEndTheWalkAndFailuresDoNot) {
 }
 
 TEST_F(HookTest, ListenersMayLeaveAndJoinDuringTheWalk) {
-    AddWindowsHook(WH_GETMESSAGE, First);
+    AddWindowsHook(WH_GETMESSAGE, First.Get());
     First->Answer = [this](bool&) {
-        RemoveWindowsHook(WH_GETMESSAGE, First);
-        AddWindowsHook(WH_GETMESSAGE, Second);
+        RemoveWindowsHook(WH_GETMESSAGE, First.Get());
+        AddWindowsHook(WH_GETMESSAGE, Second.Get());
     };
     Event();
     EXPECT_EQ(First->Calls, 1);

@@ -13,33 +13,22 @@
 namespace ormisk {
 namespace {
 
-// A listener whose handlers do what a test needs of them.
-class Listener : public TextBoxListener {
-public:
-    std::function<void(int&)> onKeyDown = [](int&) {};
-    std::function<void(int&)> onKeyPress = [](int&) {};
-    std::wstring heard;
-
+// A box in a window, whose handlers do what a test needs of them.
+class TextBoxTest : public testing::Test, public ChildWindowListener {
+protected:
     void OnKeyDown(int& keyCode, int) override {
         heard += L"down " + std::to_wstring(keyCode) + L"; ";
         onKeyDown(keyCode);
     }
-    void OnKeyPress(int& keyAscii) override {
-        heard += L"press " + std::to_wstring(keyAscii) + L"; ";
-        onKeyPress(keyAscii);
-    }
+    void OnKeyPress(int& keyAscii) override { onKeyPress(keyAscii); }
     void OnKeyUp(int& keyCode, int) override { heard += L"up " + std::to_wstring(keyCode) + L"; "; }
     void OnGotFocus() override {}
-    void OnLostFocus() override {}
-};
 
-class TextBoxTest : public testing::Test {
-protected:
     static LRESULT CALLBACK ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         auto* test = reinterpret_cast<TextBoxTest*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (message == WM_MOUSEWHEEL)
             ++test->wheels;
-        if (message == WM_CTLCOLOREDIT && test->box && reinterpret_cast<HWND>(lParam) == test->box->Hwnd())
+        if (message == WM_CTLCOLOREDIT && test->box && reinterpret_cast<HWND>(lParam) == test->box->hWnd())
             return reinterpret_cast<LRESULT>(test->box->OnCtlColor(reinterpret_cast<HDC>(wParam)));
         return DefWindowProcW(window, message, wParam, lParam);
     }
@@ -53,14 +42,12 @@ protected:
         OpenBox();
         PixelAt(0, 0);
         CloseBox();
-        gdiHandles = test::LiveGdiHandles();
-        windows = test::LiveWindows();
+        before = {};
         OpenBox();
     }
     void TearDown() override {
         CloseBox();
-        EXPECT_EQ(test::LiveWindows(), windows);
-        EXPECT_EQ(test::LiveGdiHandles(), gdiHandles);
+        before.ExpectNoMore();
     }
 
     void OpenBox() {
@@ -68,7 +55,7 @@ protected:
                                nullptr, GetModuleHandleW(nullptr), nullptr);
         SetWindowLongPtrW(parent, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         box = std::make_unique<TextBox>();
-        box->Create(parent, &listener);
+        box->Create(parent, this);
         box->Move(0, 0, 100, 20);
         box->SetVisible(true);
         box->SetFocus();
@@ -78,21 +65,28 @@ protected:
         DestroyWindow(parent);
     }
     COLORREF PixelAt(int x, int y) const {
-        RedrawWindow(box->Hwnd(), nullptr, nullptr, RDW_UPDATENOW);
-        return GetPixel(WindowDC(box->Hwnd()).Get(), x, y);
+        RedrawWindow(box->hWnd(), nullptr, nullptr, RDW_UPDATENOW);
+        return GetPixel(WindowDC(box->hWnd()).Get(), x, y);
     }
     void Type(const wchar_t* keys) {
         for (; *keys; ++keys)
-            SendMessageW(box->Hwnd(), WM_CHAR, *keys, 1);
+            SendMessageW(box->hWnd(), WM_CHAR, *keys, 1);
     }
 
-    Listener listener;
+    std::function<void(int&)> onKeyDown = [](int&) {};
+    std::function<void(int&)> onKeyPress = [](int&) {};
+    std::wstring heard;
     HWND parent = nullptr;
     std::unique_ptr<TextBox> box;
     int wheels = 0;
-    unsigned gdiHandles = 0;
-    unsigned windows = 0;
+    test::Inventory before;
 };
+
+TEST_F(TextBoxTest, AnotherFontMovesTheTextFromItsMargin) {
+    box->SetLeftMargin(2);
+    box->SetFont({.Name = L"Arial", .Size = 24});
+    EXPECT_EQ(LOWORD(SendMessageW(box->hWnd(), EM_GETMARGINS, 0, 0)), 2);
+}
 
 } // namespace
 
@@ -118,22 +112,19 @@ TEST_F(TextBoxTest, TextsOfAnyLengthAndCharactersAreKeptUpToTheirFirstZero) {
 // The most characters that the system's edit windows were given at once, of those made meanwhile.
 class EditClassWatch {
 public:
-    EditClassWatch() {
-        const HWND any = CreateWindowW(L"EDIT", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
-        s_Original = reinterpret_cast<WNDPROC>(
-            SetClassLongPtrW(any, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(Watch))));
-        DestroyWindow(any);
-    }
+    EditClassWatch() { s_Original = Exchange(Watch); }
     EditClassWatch(const EditClassWatch&) = delete;
     EditClassWatch& operator=(const EditClassWatch&) = delete;
-    ~EditClassWatch() {
-        const HWND any = CreateWindowW(L"EDIT", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
-        SetClassLongPtrW(any, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(s_Original));
-        DestroyWindow(any);
-    }
+    ~EditClassWatch() { Exchange(s_Original); }
     static std::size_t Longest() { return std::exchange(s_Longest, 0); }
 
 private:
+    static WNDPROC Exchange(WNDPROC procedure) {
+        const HWND any = CreateWindowW(L"EDIT", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+        const ULONG_PTR before = SetClassLongPtrW(any, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+        DestroyWindow(any);
+        return reinterpret_cast<WNDPROC>(before);
+    }
     static LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         if (message == WM_SETTEXT)
             s_Longest = std::max(s_Longest, std::wcslen(reinterpret_cast<const wchar_t*>(lParam)));
@@ -152,7 +143,7 @@ TEST_F(TextBoxTest, OnlyTheBeginningOfAVeryLongTextIsDrawnUntilTheUserWorksOnIt)
     text.back() = L'y';
     const auto whole = [&] {
         EXPECT_TRUE(box->Text() == text);
-        EXPECT_EQ(static_cast<std::size_t>(GetWindowTextLengthW(box->Hwnd())), text.size());
+        EXPECT_EQ(static_cast<std::size_t>(GetWindowTextLengthW(box->hWnd())), text.size());
     };
     EXPECT_LT((box->SetText(text), watch.Longest()), kFew);
     whole();
@@ -160,17 +151,17 @@ TEST_F(TextBoxTest, OnlyTheBeginningOfAVeryLongTextIsDrawnUntilTheUserWorksOnIt)
     box->SelectAll();
     box->SetModified(true);
     for (const WPARAM key : {VK_CONTROL, VK_RETURN, VK_ESCAPE})
-        SendMessageW(box->Hwnd(), WM_KEYDOWN, key, 1);
-    listener.onKeyDown = listener.onKeyPress = [](int& key) { key = 0; };
-    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_DELETE, 1);
+        SendMessageW(box->hWnd(), WM_KEYDOWN, key, 1);
+    onKeyDown = onKeyPress = [](int& key) { key = 0; };
+    SendMessageW(box->hWnd(), WM_KEYDOWN, VK_DELETE, 1);
     Type(L"z");
-    listener.onKeyDown = listener.onKeyPress = [](int&) {};
+    onKeyDown = onKeyPress = [](int&) {};
     whole();
     EXPECT_EQ(watch.Longest(), 0U);
     // All that was selected stays selected, and what is typed goes into the whole.
     EXPECT_EQ(box->SelLength(), static_cast<long>(text.size()));
     EXPECT_TRUE(box->IsModified());
-    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_HOME, 1);
+    SendMessageW(box->hWnd(), WM_KEYDOWN, VK_HOME, 1);
     Type(L"z");
     text.insert(0, L"z");
     whole();
@@ -189,22 +180,22 @@ TEST_F(TextBoxTest, OnlyTheBeginningOfAVeryLongTextIsDrawnUntilTheUserWorksOnIt)
 }
 
 TEST_F(TextBoxTest, AHandlerSwallowsOrReplacesKeys) {
-    listener.onKeyPress = [](int& key) { key = key == L'a' ? 0 : key == L'b' ? L'\x0416' : key; };
+    onKeyPress = [](int& key) { key = key == L'a' ? 0 : key == L'b' ? L'\x0416' : key; };
     Type(L"abc");
     EXPECT_EQ(box->Text(), L"\x0416"
                            L"c");
 
-    listener.heard.clear();
+    heard.clear();
     box->Select(0, 0);
-    listener.onKeyDown = [](int& key) { key = key == VK_RIGHT ? 0 : key; };
-    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_RIGHT, 1);
+    onKeyDown = [](int& key) { key = key == VK_RIGHT ? 0 : key; };
+    SendMessageW(box->hWnd(), WM_KEYDOWN, VK_RIGHT, 1);
     EXPECT_EQ(box->SelStart(), 0);
-    SendMessageW(box->Hwnd(), WM_KEYDOWN, VK_END, 1);
+    SendMessageW(box->hWnd(), WM_KEYDOWN, VK_END, 1);
     EXPECT_EQ(box->SelStart(), 2);
-    SendMessageW(box->Hwnd(), WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
-    SendMessageW(box->Hwnd(), WM_KEYUP, VK_END, 1);
-    EXPECT_EQ(listener.heard, L"down 39; down 35; down 40; up 35; ");
-    listener.onKeyPress = [](int&) { throw std::runtime_error("handler"); };
+    SendMessageW(box->hWnd(), WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+    SendMessageW(box->hWnd(), WM_KEYUP, VK_END, 1);
+    EXPECT_EQ(heard, L"down 39; down 35; down 40; up 35; ");
+    onKeyPress = [](int&) { throw std::runtime_error("handler"); };
     Type(L"a");
     EXPECT_EQ(box->Text().size(), 3U) << "a handler that fails stays in the window procedure, and the key goes on";
 }
@@ -229,7 +220,7 @@ TEST_F(TextBoxTest, IsPaintedInItsColours) {
     box->SetForeColor(0x80000000U | COLOR_HIGHLIGHT);
     EXPECT_EQ(PixelAt(90, 10), RGB(10, 200, 30));
 
-    const WindowDC dc(box->Hwnd());
+    const WindowDC dc(box->hWnd());
     const HBRUSH brush = box->OnCtlColor(dc.Get());
     LOGBRUSH made{};
     GetObjectW(brush, sizeof made, &made);
@@ -239,11 +230,11 @@ TEST_F(TextBoxTest, IsPaintedInItsColours) {
 }
 
 TEST_F(TextBoxTest, LeavesTheWheelToItsParentAndAsksDialogsForEnterAndEsc) {
-    SendMessageW(box->Hwnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
+    SendMessageW(box->hWnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
     EXPECT_EQ(wheels, 1);
-    EXPECT_TRUE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_RETURN, 0) & DLGC_WANTMESSAGE);
-    EXPECT_TRUE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_ESCAPE, 0) & DLGC_WANTMESSAGE);
-    EXPECT_FALSE(SendMessageW(box->Hwnd(), WM_GETDLGCODE, VK_TAB, 0) & DLGC_WANTMESSAGE);
+    EXPECT_TRUE(SendMessageW(box->hWnd(), WM_GETDLGCODE, VK_RETURN, 0) & DLGC_WANTMESSAGE);
+    EXPECT_TRUE(SendMessageW(box->hWnd(), WM_GETDLGCODE, VK_ESCAPE, 0) & DLGC_WANTMESSAGE);
+    EXPECT_FALSE(SendMessageW(box->hWnd(), WM_GETDLGCODE, VK_TAB, 0) & DLGC_WANTMESSAGE);
 }
 
 } // namespace ormisk

@@ -31,6 +31,15 @@ protected:
         node->Property()->SetVisible(visible);
         nodes.VisibilityChanged(node);
     }
+    std::vector<CNode*> Walked() const {
+        std::vector<CNode*> walked;
+        CNode* node = nodes.FirstRootNode();
+        while (node && node->IsHidden())
+            node = node->NextVisible();
+        for (; node; node = node->NextVisible())
+            walked.push_back(node);
+        return walked;
+    }
     std::wstring Heard() { return std::exchange(m_Heard, {}); }
 
     void NodePropertyChanged(CNode& node) override { m_Heard += node.Key() + L".Expanded "; }
@@ -156,15 +165,9 @@ TEST_F(Tree, TheWalkPassesOverHiddenRowsAndClosedOnes) {
     CNode* deep = AddProperty(inner, L"deep");
     AddProperty(inner, L"deep hidden", false);
     CNode* last = AddProperty(nullptr, L"last");
-    EXPECT_EQ(first->NextVisible(), category);
-    EXPECT_EQ(category->PrevVisible(), first) << "a hidden row's subtree is not entered from below either";
-    EXPECT_EQ(inner->PrevVisible(), category);
-    EXPECT_EQ(last->PrevVisible(), deep);
-    EXPECT_EQ(deep->NextVisible(), last);
-    EXPECT_EQ(last->NextVisible(), nullptr);
+    EXPECT_EQ(Walked(), (std::vector{first, category, inner, deep, last}));
     category->SetExpanded(false);
-    EXPECT_EQ(last->PrevVisible(), category);
-    EXPECT_EQ(category->NextVisible(), last);
+    EXPECT_EQ(Walked(), (std::vector{first, category, last}));
     EXPECT_TRUE(deep->IsDescendantOf(category));
     EXPECT_FALSE(category->IsDescendantOf(deep));
 }
@@ -196,12 +199,9 @@ TEST_F(Tree, AHandlerMayClearTheTreeWhileANodeOpens) {
     category->SetExpanded(false);
     EXPECT_EQ(Heard(), L"c? ") << "a node without a tree tells nobody";
     EXPECT_EQ(kept->Tree(), nullptr);
-    EXPECT_EQ(kept->ParentNode(), nullptr);
-    EXPECT_EQ(kept->FirstSibling(), nullptr);
-    EXPECT_EQ(kept->LastSibling(), nullptr);
-    EXPECT_EQ(kept->NextVisible(), nullptr);
-    EXPECT_EQ(kept->PrevVisible(), nullptr);
-    EXPECT_EQ(kept->FirstRoot(), nullptr);
+    for (const auto relative : {&CNode::ParentNode, &CNode::FirstSibling, &CNode::LastSibling, &CNode::NextVisible,
+                                &CNode::PrevVisible, &CNode::FirstRoot})
+        EXPECT_EQ((kept.Get()->*relative)(), nullptr);
     EXPECT_FALSE(kept->IsLastSibling());
     EXPECT_FALSE(kept->IsFirstRoot());
     EXPECT_EQ(nodes.RowOf(kept.Get()), -1);
@@ -288,14 +288,7 @@ TEST_F(Tree, ANumberAsFirstSegmentDropsWhatFollowsToTheRoot) {
 class TreeRows : public Tree {
 protected:
     void ExpectRowsAgree() {
-        std::vector<CNode*> walked;
-        CNode* node = nodes.FirstRootNode();
-        while (node && node->IsHidden()) {
-            node = node->NextVisible();
-        }
-        for (; node; node = node->NextVisible()) {
-            walked.push_back(node);
-        }
+        const std::vector<CNode*> walked = Walked();
         ASSERT_EQ(nodes.VisibleRowCount(), static_cast<long>(walked.size()));
         CNode* above = nullptr;
         for (std::size_t row = 0; row < walked.size(); ++row) {
@@ -305,9 +298,8 @@ protected:
             above = walked[row];
         }
         long displayed = 0;
-        for (const Ref<CNode>& each : nodes.All()) {
+        for (const Ref<CNode>& each : nodes.All())
             displayed += nodes.RowOf(each.Get()) >= 0;
-        }
         ASSERT_EQ(displayed, static_cast<long>(walked.size()));
         ASSERT_EQ(nodes.NodeAtRow(-1), nullptr);
         ASSERT_EQ(nodes.NodeAtRow(nodes.VisibleRowCount()), nullptr);
@@ -325,24 +317,20 @@ protected:
             AddCategory(random() % 3 ? node : nullptr, L"c" + std::to_wstring(m_Names++));
             break;
         case 4:
-            if (node && random() % 3 == 0) {
+            if (node && random() % 3 == 0)
                 nodes.Remove(node);
-            }
             break;
         case 5:
-            if (node && !node->IsCategory()) {
+            if (node && !node->IsCategory())
                 Show(node, !node->Property()->IsVisible());
-            }
             break;
         case 6:
-            if (node) {
+            if (node)
                 nodes.SwapNodes(node, random() % 2 ? node->NextSibling() : node->FirstSibling());
-            }
             break;
         default:
-            if (node) {
+            if (node)
                 node->SetExpanded(!node->Expanded());
-            }
         }
     }
 
@@ -373,21 +361,18 @@ TEST_F(TreeRows, ADeepTreeIsRemovedAndClearedWithoutDeepCalls) {
             node->SetExpanded(false);
         }
         EXPECT_EQ(nodes.VisibleRowCount(), 1);
-        if (round == 0) {
+        if (round == 0)
             nodes.Remove(nodes.FirstRootNode());
-        } else {
+        else
             nodes.Clear();
-        }
         EXPECT_EQ(nodes.Count(), 0);
     }
 }
 
 CNode* Keyed(const CNodes& nodes, std::wstring_view key) {
-    for (const Ref<CNode>& node : nodes.All()) {
-        if (node->Key() == key) {
+    for (const Ref<CNode>& node : nodes.All())
+        if (node->Key() == key)
             return node.Get();
-        }
-    }
     return nullptr;
 }
 

@@ -1,5 +1,5 @@
-// Values that hosts hand in: colours in every form, objects that are their own default, arguments too many, texts that
-// are too long or cannot be made.
+// Values and calls of hosts: arguments converted, by reference and by name, or too many; colours in every form; objects
+// that are their own default; texts that are too long or cannot be made.
 
 #include "ModelTestTools.h"
 
@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -21,12 +22,6 @@ template <class Number> _variant_t Raw(VARTYPE type, Number number) {
     _variant_t value;
     V_VT(&value) = type;
     std::memcpy(&V_I8(&value), &number, sizeof number);
-    return value;
-}
-
-_variant_t Null() {
-    _variant_t value;
-    V_VT(&value) = VT_NULL;
     return value;
 }
 
@@ -44,29 +39,35 @@ _variant_t Array() {
     return value;
 }
 
-VARIANT Reference(VARIANT& to) {
-    VARIANT reference{};
-    V_VT(&reference) = VT_BYREF | VT_VARIANT;
-    V_VARIANTREF(&reference) = &to;
-    return reference;
-}
-
 class Values : public testing::Test {
 protected:
-    // Calls a member of the property as a script does. The arguments are in the order of the list.
-    HRESULT Call(const wchar_t* member, WORD flags, std::vector<VARIANT> arguments) {
+    // Calls a member as a script does. The arguments are in the order of the declaration, the named ones last.
+    HRESULT Call(IDispatch* object, const wchar_t* member, WORD flags, std::vector<VARIANT> arguments,
+                 std::vector<DISPID> named = {}) {
         wchar_t* name = const_cast<wchar_t*>(member);
         DISPID id = DISPID_UNKNOWN;
-        Check(row->GetIDsOfNames(IID_NULL, &name, 1, 0x409, &id));
-        DISPID put = DISPID_PROPERTYPUT;
+        Check(object->GetIDsOfNames(IID_NULL, &name, 1, 0x409, &id));
         const bool puts = flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF);
-        DISPPARAMS parameters{arguments.data(), puts ? &put : nullptr, static_cast<UINT>(arguments.size()), puts};
+        if (puts)
+            named = {DISPID_PROPERTYPUT};
+        std::reverse(arguments.begin(), arguments.end());
+        std::reverse(named.begin(), named.end());
+        DISPPARAMS parameters{arguments.data(), named.data(), static_cast<UINT>(arguments.size()),
+                              static_cast<UINT>(named.size())};
         result.Clear();
         EXCEPINFO exception{};
         const HRESULT hr =
-            row->Invoke(id, IID_NULL, 0x409, flags, &parameters, puts ? nullptr : &result, &exception, nullptr);
+            object->Invoke(id, IID_NULL, 0x409, flags, &parameters, puts ? nullptr : &result, &exception, &badArgument);
         return hr == DISP_E_EXCEPTION ? TakeException(exception).number : hr;
     }
+    HRESULT Call(const wchar_t* member, WORD flags, std::vector<VARIANT> arguments) {
+        return Call(row.Get(), member, flags, std::move(arguments));
+    }
+    HRESULT Add(std::vector<VARIANT> arguments, std::vector<DISPID> named = {}) {
+        return Call(model.properties.Get(), L"Add", DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::move(arguments),
+                    std::move(named));
+    }
+    CProperty* Added() { return model.properties->Own(ObjectOf(result)); }
     HRESULT Let(const wchar_t* member, VARIANT value) { return Call(member, DISPATCH_PROPERTYPUT, {value}); }
     HRESULT TextFailure() {
         _bstr_t text;
@@ -84,60 +85,125 @@ protected:
     ModelFixture model;
     ComPtr<CProperty> row = model.Add(L"row");
     _variant_t result;
+    UINT badArgument = 99;
 };
+
+TEST_F(Values, ArgumentsAreConvertedAndReferencesFollowed) {
+    _variant_t value(7L), editor(L"3"), key(L" k ");
+    ASSERT_EQ(Add({_variant_t(5L), Reference(value), _variant_t(L"Cat"), Reference(key),
+                   _variant_t(model.properties.Get()), _variant_t(0L), Reference(editor)}),
+              S_OK);
+    CProperty* property = Added();
+    ASSERT_TRUE(property);
+    EXPECT_EQ(property->Name(), L"5");
+    EXPECT_EQ(V_I4(&property->Value()), 7);
+    EXPECT_EQ(property->Key(), L"k");
+    EXPECT_EQ(property->EditorKind(), omNumberEditor);
+    EXPECT_FALSE(property->AutoUpdateSource());
+    EXPECT_TRUE(SameObject(property->SourceObject().Get(), model.properties->Identity()));
+    EXPECT_STREQ(V_BSTR(&key), L"k") << "the key comes back as it was filed";
+}
+
+TEST_F(Values, TypedReferencesAreFollowedToo) {
+    BSTR name = SysAllocString(L"A"), key = SysAllocString(L" k");
+    IDispatch* object = model.properties.Get();
+    long editor = omNumberEditor;
+    EXPECT_EQ(Add({Reference(VT_BSTR, &name), kMissing, kMissing, Reference(VT_BSTR, &key),
+                   Reference(VT_DISPATCH, &object), kMissing, Reference(VT_I4, &editor)}),
+              S_OK);
+    CProperty* property = Added();
+    ASSERT_TRUE(property);
+    EXPECT_EQ(property->Name(), L"A");
+    EXPECT_EQ(property->EditorKind(), omNumberEditor);
+    EXPECT_TRUE(SameObject(property->SourceObject().Get(), object));
+    EXPECT_STREQ(key, L"k");
+    SysFreeString(name);
+    SysFreeString(key);
+}
+
+TEST_F(Values, ArgumentsGoByNameToo) {
+    LPOLESTR names[] = {const_cast<LPOLESTR>(L"Add"), const_cast<LPOLESTR>(L"eEditorType"),
+                        const_cast<LPOLESTR>(L"sKey")};
+    DISPID ids[3]{};
+    Check(model.properties->GetIDsOfNames(IID_NULL, names, 3, 0x409, ids));
+    ASSERT_EQ(Add({_variant_t(L"A"), _variant_t(3L), _variant_t(L"k")}, {ids[1], ids[2]}), S_OK);
+    EXPECT_EQ(Added()->Name(), L"A");
+    EXPECT_EQ(Added()->EditorKind(), omNumberEditor);
+    EXPECT_EQ(Added()->Key(), L"k");
+}
+
+TEST_F(Values, ABadCallNamesTheArgumentAndAddsNothing) {
+    const _variant_t a(L"A"), object(kNothing);
+    EXPECT_EQ(Add({}), DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(Add({kMissing, _variant_t(1L)}), DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(Add({a, a, a, a, object, a, a, a}), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(Add({a, kMissing, kMissing, kMissing, kMissing, kMissing, _variant_t(L"no number")}),
+              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(badArgument, 0u) << "the last argument comes first in the list";
+    EXPECT_EQ(Add({a, kMissing, kMissing, kMissing, _variant_t(5L)}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Add({a, kMissing, object}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Add({a, a}, {77}), DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(Add({a, a}, {0}), DISP_E_PARAMNOTFOUND) << "the name is given twice";
+    EXPECT_EQ(model.properties->CountOf(), 1);
+}
+
+TEST_F(Values, EarlyBoundCallersMayPassNullPointers) {
+    ComPtr<_CProperty> property;
+    EXPECT_EQ(model.properties->Add(nullptr, nullptr, nullptr, nullptr, nullptr, VARIANT_TRUE, nullptr,
+                                    property.GetAddressOf()),
+              S_OK);
+    CProperty* added = model.properties->Own(property.Get());
+    ASSERT_TRUE(added);
+    EXPECT_EQ(added->InternalKey(), L"_");
+    EXPECT_EQ(V_VT(&added->Value()), VT_EMPTY);
+    EXPECT_EQ(model.properties->Add(nullptr, nullptr, nullptr, nullptr, nullptr, VARIANT_TRUE, nullptr, nullptr),
+              E_POINTER);
+    BSTR key = SysAllocString(L" k ");
+    EXPECT_EQ(model.properties->Add(_bstr_t(L"A"), nullptr, nullptr, &key, nullptr, VARIANT_TRUE, nullptr,
+                                    property.ReleaseAndGetAddressOf()),
+              S_OK);
+    EXPECT_STREQ(key, L"k");
+    SysFreeString(key);
+}
 
 TEST_F(Values, AColourComesInEveryFormOfANumberOf32Bits) {
     const double face = kFace;
     const std::int64_t wide = kFace;
-    const std::pair<_variant_t, std::uint32_t> taken[] = {{_variant_t(short{-1}), 0xFFFFFFFF},
-                                                          {Raw(VT_I1, std::int8_t{-2}), 0xFFFFFFFE},
-                                                          {_variant_t(BYTE{255}), 255},
-                                                          {Raw(VT_UI2, std::uint16_t{65535}), 65535},
-                                                          {_variant_t(static_cast<long>(kFace)), kFace},
-                                                          {Raw(VT_INT, static_cast<int>(kFace)), kFace},
-                                                          {Raw(VT_UI4, kFace), kFace},
-                                                          {Raw(VT_UINT, kFace), kFace},
-                                                          {Raw(VT_I8, wide), kFace},
-                                                          {Raw(VT_I8, std::int64_t{-1}), 0xFFFFFFFF},
-                                                          {Raw(VT_UI8, wide), kFace},
-                                                          {_variant_t(-1.0F), 0xFFFFFFFF},
-                                                          {_variant_t(face), kFace},
-                                                          {_variant_t(-2147483648.0), 0x80000000},
-                                                          {_variant_t(4294967295.0), 0xFFFFFFFF},
-                                                          {_variant_t(2.5), 2},
-                                                          {Decimal(face), kFace},
-                                                          {_variant_t(CY{.int64 = wide * 10000}), kFace},
-                                                          {_variant_t(7.0, VT_DATE), 7},
-                                                          {_variant_t(true), 0xFFFFFFFF},
-                                                          {_variant_t(), 0},
-                                                          {_variant_t(L"-2147483635"), 0x8000000D},
-                                                          {_variant_t(L"2147483663"), kFace},
-                                                          {_variant_t(L"&H8000000F&"), kFace},
-                                                          {_variant_t(L"&hfF"), 255}};
-    for (const auto& [value, expected] : taken) {
-        _variant_t variable(value);
-        for (const VARIANT& given : {static_cast<const VARIANT&>(value), Reference(variable)}) {
-            row->SetBackColor(0x123456);
-            EXPECT_EQ(Let(L"BackColor", given), S_OK) << V_VT(&value);
-            EXPECT_EQ(row->RawBackColor(), expected) << V_VT(&value);
-        }
-    }
+    const std::pair<std::uint32_t, std::vector<_variant_t>> taken[] = {
+        {kFace,
+         {_variant_t(static_cast<long>(kFace)), Raw(VT_INT, static_cast<int>(kFace)), Raw(VT_UI4, kFace),
+          Raw(VT_UINT, kFace), Raw(VT_I8, wide), Raw(VT_UI8, wide), _variant_t(face), Decimal(face),
+          _variant_t(CY{.int64 = wide * 10000}), _variant_t(L"2147483663"), _variant_t(L"&H8000000F&")}},
+        {0xFFFFFFFF,
+         {_variant_t(short{-1}), Raw(VT_I8, std::int64_t{-1}), _variant_t(-1.0F), _variant_t(4294967295.0),
+          _variant_t(true)}},
+        {255, {_variant_t(BYTE{255}), _variant_t(L"&hfF")}},
+        {0xFFFFFFFE, {Raw(VT_I1, std::int8_t{-2})}},
+        {65535, {Raw(VT_UI2, std::uint16_t{65535})}},
+        {0x80000000, {_variant_t(-2147483648.0)}},
+        {0x8000000D, {_variant_t(L"-2147483635")}},
+        {7, {_variant_t(7.0, VT_DATE)}},
+        {2, {_variant_t(2.5)}},
+        {0, {_variant_t()}}};
+    for (const auto& [expected, values] : taken)
+        for (_variant_t value : values)
+            for (const VARIANT& given : {static_cast<const VARIANT&>(value), Reference(value)}) {
+                row->SetBackColor(0x123456);
+                EXPECT_EQ(Let(L"BackColor", given), S_OK) << V_VT(&value);
+                EXPECT_EQ(row->RawBackColor(), expected) << V_VT(&value);
+            }
     const double none = std::numeric_limits<double>::quiet_NaN();
-    const std::pair<_variant_t, HRESULT> refused[] = {
-        {_variant_t(4294967296.0), DISP_E_OVERFLOW},
-        {_variant_t(-2147483649.0), DISP_E_OVERFLOW},
-        {Raw(VT_I8, wide * 2), DISP_E_OVERFLOW},
-        {_variant_t(none), DISP_E_OVERFLOW},
-        {_variant_t(L"red"), DISP_E_TYPEMISMATCH},
-        {_variant_t(L"&H123456789"), DISP_E_OVERFLOW},
-        {Null(), DISP_E_TYPEMISMATCH},
-        {Array(), DISP_E_TYPEMISMATCH},
-        {_variant_t(static_cast<IDispatch*>(nullptr)), DISP_E_TYPEMISMATCH}};
+    const std::pair<HRESULT, std::vector<_variant_t>> refused[] = {
+        {DISP_E_OVERFLOW,
+         {_variant_t(4294967296.0), _variant_t(-2147483649.0), Raw(VT_I8, wide * 2), _variant_t(none),
+          _variant_t(L"&H123456789")}},
+        {DISP_E_TYPEMISMATCH, {_variant_t(L"red"), Null(), Array(), kNothing}}};
     row->SetForeColor(0x123456);
-    for (const auto& [value, failure] : refused) {
-        EXPECT_EQ(Let(L"ForeColor", value), failure) << V_VT(&value);
-        EXPECT_EQ(row->RawForeColor(), 0x123456U);
-    }
+    for (const auto& [failure, values] : refused)
+        for (const _variant_t& value : values) {
+            EXPECT_EQ(Let(L"ForeColor", value), failure) << V_VT(&value);
+            EXPECT_EQ(row->RawForeColor(), 0x123456U);
+        }
     // What is handed out is a number that is taken back, and that scripts can compare.
     EXPECT_EQ(Let(L"PictureMaskColor", _variant_t(face)), S_OK);
     EXPECT_EQ(Call(L"PictureMaskColor", DISPATCH_PROPERTYGET, {}), S_OK);
@@ -229,16 +295,8 @@ TEST_F(Values, AFormatNeverGetsMoreThanTheSystemCanBear) {
 }
 
 TEST_F(Values, ACallThatTheTypeLibraryDoesNotKnowIsRefusedBeforeItRuns) {
-    const auto picture = [] {
-        PICTDESC none{};
-        none.cbSizeofstruct = sizeof none;
-        none.picType = PICTYPE_NONE;
-        ComPtr<IDispatch> made;
-        Check(
-            OleCreatePictureIndirect(&none, __uuidof(IDispatch), TRUE, reinterpret_cast<void**>(made.GetAddressOf())));
-        return made;
-    }();
-    _variant_t object(picture.Get()), null(Null());
+    const auto picture = MakePicture(false);
+    _variant_t object = Object(picture.Get()), null(Null());
     const _variant_t other(static_cast<IDispatch*>(row.Get())), number(5L);
     constexpr WORD kLet = DISPATCH_PROPERTYPUT, kSet = DISPATCH_PROPERTYPUTREF, kGet = DISPATCH_PROPERTYGET;
     // Only by reference.

@@ -13,9 +13,8 @@ using Segments = std::vector<std::wstring>;
 Segments SegmentsOf(std::wstring_view category, std::wstring_view separator) {
     Segments segments;
     std::wstring_view segment;
-    while (NextCategorySegment(category, separator, segment)) {
+    while (NextCategorySegment(category, separator, segment))
         segments.emplace_back(segment);
-    }
     return segments;
 }
 

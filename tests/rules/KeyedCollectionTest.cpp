@@ -33,9 +33,8 @@ template <class F> bool Throws(CollectionFault expected, F&& body) {
 
 std::wstring Keys(const Entries& entries) {
     std::wstring keys;
-    for (const auto& entry : entries) {
+    for (const auto& entry : entries)
         keys += entry->key + L' ';
-    }
     return keys;
 }
 

@@ -14,12 +14,10 @@ TEST(NumberText, TrimTakesBlanksOnlyAndOnlyAtTheEnds) {
 }
 
 TEST(NumberText, IntegerTextAllowsNothingButDigitsAndALeadingMinus) {
-    for (const wchar_t* text : {L"", L"-", L"   ", L"0", L" 255 ", L"-1", L"00000000000000000000000012"}) {
+    for (const wchar_t* text : {L"", L"-", L"   ", L"0", L" 255 ", L"-1", L"00000000000000000000000012"})
         EXPECT_TRUE(IsIntegerText(text)) << std::wstring(text).size();
-    }
-    for (const wchar_t* text : {L"+1", L"1-", L"--1", L"1.5", L"1 2", L"- 1", L"&HFF", L"1\t", L"\u0661"}) {
+    for (const wchar_t* text : {L"+1", L"1-", L"--1", L"1.5", L"1 2", L"- 1", L"&HFF", L"1\t", L"\u0661"})
         EXPECT_FALSE(IsIntegerText(text)) << std::wstring(text).size();
-    }
 }
 
 TEST(NumberText, ReadsTheLeadingNumberWithAPointWhateverTheLocale) {
@@ -34,9 +32,8 @@ TEST(NumberText, ReadsTheLeadingNumberWithAPointWhateverTheLocale) {
 }
 
 TEST(NumberText, WhatBeginsWithNoNumberIsZero) {
-    for (const wchar_t* text : {L"", L"abc", L"-", L".", L"inf", L"nan", L"e5", L"--1", L"- 1", L"\u0661"}) {
+    for (const wchar_t* text : {L"", L"abc", L"-", L".", L"inf", L"nan", L"e5", L"--1", L"- 1", L"\u0661"})
         EXPECT_EQ(NumberFromText(text), 0) << std::wstring(text).size();
-    }
 }
 
 TEST(NumberText, NumbersBeyondTheRangeStayNumbers) {

@@ -130,9 +130,8 @@ TEST(PaletteGeometry, CellsOverlapLeaveGapsOrStandOutsideTheMiddle) {
         EXPECT_NEAR(CellRect({true, 15}, area, sizes.cell).bottom, area.cy - 5, 1);
         for (int i = 0; i < 48; ++i) {
             const Rect cell = CellRect({false, i}, area, sizes.cell);
-            if (i % 8 != 7) {
+            if (i % 8 != 7)
                 EXPECT_EQ(CellRect({false, i + 1}, area, sizes.cell).left, cell.right);
-            }
             EXPECT_EQ(CellRect(MovedCell({false, i}, Direction::Down), area, sizes.cell).top, cell.bottom);
         }
     }

@@ -28,9 +28,8 @@ void ExpectAgrees(const RowCounts& counts, const std::vector<long>& numbers) {
 
 TEST(RowCounts, SiblingsWithoutRowsAreNeverFound) {
     RowCounts counts;
-    for (const long rows : {0, 0, 1, 0, 3, 0}) {
+    for (const long rows : {0, 0, 1, 0, 3, 0})
         counts.Append(rows);
-    }
     ExpectAgrees(counts, {0, 0, 1, 0, 3, 0});
 }
 
@@ -60,9 +59,8 @@ TEST(RowCounts, SumsAndSearchesStayRightUnderRandomChanges) {
             counts.Remove(position);
             numbers.erase(numbers.begin() + static_cast<std::ptrdiff_t>(position));
         }
-        if (step % 20 == 0) {
+        if (step % 20 == 0)
             ExpectAgrees(counts, numbers);
-        }
     }
     while (!numbers.empty()) {
         counts.Remove(0);

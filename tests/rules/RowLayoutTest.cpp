@@ -137,9 +137,7 @@ TEST(RowLayout, DividerStaysInTheControl) {
 }
 
 TEST(RowLayout, SwatchAndEditorFillTheirCell) {
-    const Rect swatch = SwatchRect({0, 0, 90, 18});
-    EXPECT_EQ(swatch.Width(), 13);
-    EXPECT_EQ(swatch, (Rect{2, 2, 15, 15}));
+    EXPECT_EQ(SwatchRect({0, 0, 90, 18}), (Rect{2, 2, 15, 15}));
     EXPECT_EQ(EditorRect({101, 37, 200, 55}, true), (Rect{101, 37, 200, 54}));
     EXPECT_EQ(EditorRect({101, 37, 200, 55}, false), (Rect{101, 38, 200, 54}));
 }

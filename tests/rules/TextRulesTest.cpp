@@ -117,9 +117,8 @@ TEST(TextRules, EnterCommitsOnlyWhatWasModified) {
 }
 
 TEST(TextRules, NumberRowsTakeDigitsAndBackspaceAndTextRowsAnyKey) {
-    for (const wchar_t key : {L'0', L'5', L'9', L'\b'}) {
+    for (const wchar_t key : {L'0', L'5', L'9', L'\b'})
         EXPECT_EQ(KeyIn(key, L"", 0, 0, NumberLimits{}), KeyVerdict::Pass) << static_cast<int>(key);
-    }
     for (const wchar_t key : {L'a', L'e', L' ', L'/', L':', L'+', L',', L'\t', L'\x16', L'\x7F', L'\xB2', L'\x0665'}) {
         EXPECT_EQ(KeyIn(key, L"", 0, 0), KeyVerdict::Swallow) << static_cast<int>(key);
         EXPECT_EQ(DecideKey(key, {}, nullptr), KeyVerdict::Pass) << static_cast<int>(key);

@@ -42,11 +42,8 @@ CheckEvents "Alt+Down inside selects all", "validate A=all over new, changed A=a
 Host.Keys "ac{LEFT}b{HOME}0{END}d{UP}{DOWN}{ENTER}"
 CheckEvents "keys of the box", "validate A=0abcd over all, changed A=0abcd"
 
-' The host's change reaches the open editor, over what was typed.
-Host.Keys "half"
-a.Value = "host"
-Host.Keys "{ENTER}{DOWN}"
-CheckEvents "changed below the editor", "changed A=host, selected B"
+Host.Keys "{DOWN}"
+EventLog = ""
 
 ' The second click lands in the editor, at the caret's place in the text. Another row takes the typed text along.
 Host.Click 280, RowY(1)
@@ -56,17 +53,10 @@ CheckEvents "clicked away", "validate B=twoX over two, changed B=twoX, selected 
 
 ' A refused value stays in the editor, and goes with it; it is asked about once each time that it is confirmed.
 Host.Keys "bad{ENTER}"
-CheckEvents "refused at ENTER", "validate A=bad over host"
+CheckEvents "refused at ENTER", "validate A=bad over 0abcd"
 Host.Keys "{DOWN}"
 CheckEvents "moved on", "selected B"
-CheckEqual "value after all", "host", a.Value
-
-' A disabled grid takes no input.
-Grid.Enabled = False
-ClickRow 0
-Host.Keys "off{ENTER}"
-CheckEvents "input to a disabled grid", ""
-Grid.Enabled = True
+CheckEqual "value after all", "0abcd", a.Value
 
 ' A category closes at a double click, if it may, and by its box.
 Grid.ActiveView = omCatagorized

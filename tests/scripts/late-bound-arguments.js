@@ -1,4 +1,4 @@
-// Every kind of value that a script can pass, through late binding only; texts outside the code page.
+// Every kind of value that a script of this language can pass; texts outside the code page.
 var failures = 0;
 
 function check(what, expected, found) {
@@ -48,36 +48,15 @@ refused("text of null", 0, function () { return all("_null").FormattedText; });
 all("_object").Value.Add("seen", 1);
 check("the object itself", 1, object.Count);
 
-// Arguments are converted as automation does it.
-check("number for a name", "7", all.Add(7, "x").Name);
-check("text for an editor", 3, all.Add("enum", 1, "", "", object, false, "3").EditorType);
-check("number for a flag", false, all.Add("flag", 1, "", "", object, 0).AutoUpdateSource);
-refused("no argument", 0, function () { all.Add(); });
-refused("too many arguments", 0, function () { all.Add("a", 1, "", "", object, false, 2, 3); });
-refused("object for a name", 0, function () { all.Add(object); });
-refused("value for a read-only property", 0, function () { Grid.Version = "2"; });
-refused("unknown member", 0, function () { Grid.NoSuchMember(); });
 refused("text for a number", 10, function () { all.Add("bad", "abc", "", "", object, false, 3); });
-check("count", 10, all.Count);
-
-// A colour is a number of 32 bits, which is a positive one here.
-Grid.BackColor = 0x8000000F;
+refused("value for a read-only property", 0, function () { Grid.Version = "2"; });
+Grid.BackColor = 0x8000000F; // a positive number here
 check("colour", 0x8000000F - 0x100000000, Grid.BackColor);
-all.Add("colour", 0x8000000F).EditorType = 10;
-check("colour as a value", "&H8000000F&", all("_colour").FormattedText);
-all.Remove("_colour");
 
-// A value compares as automation compares: the same text or number is no change.
-events = [];
-all("_number").Value = 42;
 all("_number").Value = "42";
-all("_text").Value = "plain";
-check("no change", "", events.join());
-all("_number").Value = 43;
 all("_null").Value = null;
 all("_fraction").Value = null;
-check("changes", "changed number,changed null", events.join());
-check("null over a value is dropped", 0.5, all("_fraction").Value);
+check("changes", "changed null", events.join());
 
 // Characters outside the code page, a surrogate pair and combining marks survive as arguments.
 var foreign = "\u20AC\u6F22\u5B57 \uD83D\uDE00 e\u0301\u200F \u0416\u0646 \uFFFF\uD800";
@@ -94,11 +73,6 @@ Grid.SelectedProperty = all(1);
 check("selected", foreign, Grid.SelectedProperty.Name);
 Grid.SelectedProperty = null;
 check("null selects nothing", null, Grid.SelectedProperty);
-all(1).Tag = object;
-check("tag", 1, all(1).Tag.Count);
-all(1).ListItems.Add("Red", 1);
-refused("the same entry in other letters", 0, function () { all(1).ListItems.Add("RED", 2); });
-check("entries", 1, all(1).ListItems.Count);
 all.Clear();
 
 if (failures)

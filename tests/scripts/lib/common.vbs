@@ -2,10 +2,8 @@
 
 Host.Include "lib/checks.vbs"
 
-Const omAlphabetic = 0
 Const omCatagorized = 1
 Const omCustomEditor = 1
-Const omTextEditor = 2
 Const omNumberEditor = 3
 Const kLibrary = "OrmiskGrid"
 Const kHighlight = &HFF0000
@@ -71,10 +69,6 @@ End Function
 
 Function NameX()
     NameX = CLng(Grid.ColumnDividerPosition) - 20
-End Function
-
-Function ValueX()
-    ValueX = CLng(Grid.ColumnDividerPosition) + 30
 End Function
 
 Sub ClickRow(row)

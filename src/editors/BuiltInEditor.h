@@ -1,0 +1,59 @@
+#pragma once
+
+#include "editors/CEditor.h"
+#include "platform/FontDescription.h"
+
+namespace ormisk {
+
+class OrmiskListBox;
+class TextBox;
+
+// The windows of the control that built-in editors borrow; they outlive the registry's Clear.
+struct EditorWindows {
+    TextBox* TextEditor = nullptr;
+    OrmiskListBox* ListEditor = nullptr;
+};
+
+// An editor of the library's own: it stands over the cell in one window, in pixels, and reports to the listener of the
+// last Reset. Without its window every operation does nothing. Further operations are what the control asks of it
+// beside the contract; EditorRegistry::BuiltIn finds them for an editor.
+class BuiltInEditor : public CEditor {
+public:
+    // Lends the editor the windows of the control; empty ones when the control takes them back.
+    void Attach(const EditorWindows& windows);
+    // Copies the font into the editor's window. False: this editor, in a row of this type, takes a handle instead.
+    virtual bool TakeFont(omEditorType /*type*/, const FontDescription& /*font*/) { return false; }
+    // The editor has just been given the focus on the user's demand: by Alt+Down or F4 (drop down) or a double click.
+    virtual void Activate(bool /*dropDown*/) {}
+    // A key typed on the row is about to be replayed in the editor.
+    virtual void BeginTyping() {}
+    // A key pressed in the editor's window; 0 goes no further. Raises what a commit raises.
+    virtual void KeyPress(int& /*keyAscii*/) {}
+    // Whether the user changed the text since the last load.
+    virtual bool IsModified() const { return false; }
+
+protected:
+    virtual void Borrow(const EditorWindows& /*windows*/) {}
+    // Takes what the row sets. Whatever is asked of the property may call the host, and another row be here then.
+    virtual void ReadRow(_CProperty* property) = 0;
+
+    ScaleMode Scale() const override { return ScaleMode::Pixel; }
+    // Its own flag, whatever its parent's.
+    bool IsVisible() const override { return Window() && GetWindowLongPtrW(Window(), GWL_STYLE) & WS_VISIBLE; }
+    void SetVisible(bool visible) override { ShowWindow(Window(), visible ? SW_SHOWNA : SW_HIDE); }
+    void ResetTo(_CProperty* property, _CEditorListener* listener) override;
+    void CommitEdit() override { Notify(&_CEditorListener::NotifyCommit); }
+    void CancelEdit() override { Notify(&_CEditorListener::NotifyCancel); }
+
+    bool Reports() const { return Window() && m_Listener; }
+    // Raises what the control's side of it raises.
+    void Notify(HRESULT (STDMETHODCALLTYPE _CEditorListener::*notify)(_CEditor*));
+    void FocusRows() const;
+    // A parameter of the row, "" when it is not set; raises what the property raises.
+    static std::wstring Param(_CProperty* property, const wchar_t* name);
+
+private:
+    _CEditorListener* m_Listener = nullptr; // not counted: the control holds it
+};
+
+} // namespace ormisk

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <windows.h>
+
+namespace ormisk {
+
+inline bool IsKeyDown(int key) { return GetKeyState(key) < 0; }
+
+// Modifier keys held down now: 1 Shift, 2 Ctrl, 4 Alt.
+inline int ShiftState() {
+    return (IsKeyDown(VK_SHIFT) ? 1 : 0) | (IsKeyDown(VK_CONTROL) ? 2 : 0) | (IsKeyDown(VK_MENU) ? 4 : 0);
+}
+
+} // namespace ormisk
