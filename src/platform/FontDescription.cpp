@@ -71,11 +71,7 @@ void ApplyFont(const FontDescription& description, IFontDisp* font) {
 }
 
 ComPtr<IFontDisp> MakeFont(const FontDescription& description) {
-    std::wstring name = description.Name;
-    FONTDESC start{sizeof(FONTDESC), name.data(), {}, description.Weight, description.Charset, 0, 0, 0};
-    start.cySize.int64 = 80000;
-    ComPtr<IFontDisp> font;
-    Check(OleCreateFontIndirect(&start, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())));
+    const ComPtr<IFontDisp> font = NewFont(description.Name, 80000);
     ApplyFont(description, font.Get());
     return font;
 }
