@@ -5,6 +5,7 @@
 #include "platform/Rounding.h"
 #include "platform/Scale.h"
 
+#include <algorithm>
 #include <ormisk.h>
 
 namespace ormisk {
@@ -56,7 +57,7 @@ private:
     }
     long WindowNumber() const { return HandleToLong(Window()); }
     template <class Handle> static Handle FromLong(long handle) { return static_cast<Handle>(LongToHandle(handle)); }
-    static int Whole(float length) { return RoundToLong(static_cast<double>(length)); }
+    static int Whole(float length) { return RoundToLong(std::clamp(static_cast<double>(length), -1e9, 1e9)); }
 };
 
 } // namespace ormisk

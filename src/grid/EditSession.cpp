@@ -62,6 +62,7 @@ void EditSession::StartEditor() {
             if (window && GetParent(window) != m_Grid.m_Panes.TreeWnd())
                 SetParent(window, m_Grid.m_Panes.TreeWnd());
             GiveFont(editor.Get(), *node, property->EditorKind());
+            ++m_Starts;
             proxy.Reset(property.Get(), m_editListener.Get());
             const bool loaded = goesOn() && LoadEditorValue(*property.Get(), editor.Get());
             if (goesOn() && loaded)
@@ -289,6 +290,7 @@ void EditSession::ApplyValue(_CEditor* editor) {
         m_Asked = value;
     const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
     bool typed = !builtIn || builtIn->IsModified();
+    const unsigned start = m_Starts;
     bool cancel = false;
     {
         const Meanwhile<const CProperty*> asking(m_Validated, property.Get());
@@ -299,7 +301,8 @@ void EditSession::ApplyValue(_CEditor* editor) {
     // The property may be gone by now. The handler, or an editor of the host, may have made the value fit.
     if (!m_Grid.IsAlive() || node->Property() != property.Get())
         return;
-    if (m_EditNode == node && (!builtIn || m_CurrentEditor.Get() == editor)) {
+    // One that was started anew meanwhile shows the present value: what the user gave is not in it any more.
+    if (m_EditNode == node && (!builtIn || (m_CurrentEditor.Get() == editor && m_Starts == start))) {
         value = EditorProxy(editor).Value();
         typed = !builtIn || builtIn->IsModified();
     }

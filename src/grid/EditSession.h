@@ -91,6 +91,7 @@ private:
     const CProperty* m_Validated = nullptr; // about whose new value the host is being asked; for comparing only
     std::optional<_variant_t> m_Asked;      // what the host was asked about, since a value was loaded or typed
     bool m_Collecting = false;
+    unsigned m_Starts = 0; // of editors so far
     ComPtr<CEditorListener> m_editListener;
 };
 

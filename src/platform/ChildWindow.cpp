@@ -4,13 +4,9 @@
 #include "win/Keys.h"
 #include "win/Module.h"
 
+#include <algorithm>
+
 namespace ormisk {
-
-namespace {
-
-WNDPROC ClassProcedure(HWND window) { return reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC)); }
-
-} // namespace
 
 void ChildWindow::Create(const wchar_t* className, DWORD style, HWND parent, ChildWindowListener* listener) {
     m_Listener = listener;
@@ -29,7 +25,13 @@ void ChildWindow::Destroy() {
 // window property for each.
 void ChildWindow::Subclass(HWND window) {
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    std::erase_if(m_Before, [&](const auto& gone) { return gone.first == window; }); // numbers come again
+    m_Before.emplace_back(window, reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC)));
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProc));
+}
+
+WNDPROC ChildWindow::ProcedureBefore(HWND window) const {
+    return std::ranges::find(m_Before, window, &std::pair<HWND, WNDPROC>::first)->second;
 }
 
 bool ChildWindow::IsVisible() const { return m_hWnd && (GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_VISIBLE) != 0; }
@@ -84,7 +86,7 @@ void ChildWindow::Repaint() {
 LRESULT ChildWindow::Default(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const std::weak_ptr<char> life = m_Life;
     ++m_Depth;
-    const LRESULT result = CallWindowProcW(ClassProcedure(window), window, message, wParam, lParam);
+    const LRESULT result = CallWindowProcW(ProcedureBefore(window), window, message, wParam, lParam);
     if (!life.expired())
         --m_Depth;
     return result;
@@ -104,7 +106,7 @@ LRESULT CALLBACK ChildWindow::WindowProc(HWND window, UINT message, WPARAM wPara
     if (!self.m_Enabled && message >= WM_KEYFIRST && message <= WM_KEYLAST)
         return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
-        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ClassProcedure(window)));
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(self.ProcedureBefore(window)));
         if (window == self.m_hWnd)
             self.m_hWnd = nullptr;
     }

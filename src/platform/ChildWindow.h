@@ -5,6 +5,8 @@
 #include "platform/ResourceMgr.h"
 
 #include <memory>
+#include <utility>
+#include <vector>
 #include <windows.h>
 
 namespace ormisk {
@@ -84,7 +86,10 @@ protected:
 private:
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+    WNDPROC ProcedureBefore(HWND window) const;
+
     HWND m_hWnd = nullptr;
+    std::vector<std::pair<HWND, WNDPROC>> m_Before; // the procedures of the windows subclassed
     ChildWindowListener* m_Listener = nullptr;
     int m_Depth = 0; // of calls into the system
     Color m_BackColor = 0x80000000U | COLOR_WINDOW;

@@ -133,6 +133,16 @@ TEST_F(GridTest, WhatAHandlerMakesOfAValueIsLostWhenTheEditorIsRead) {
     EXPECT_EQ(ValueText(number.Get()), L"100");
     edit(choice, 3L, [&] { host->StartPropertyEdit(choice.Get()), host.RealKeys({VK_DOWN, VK_RETURN}); });
     EXPECT_EQ(ValueText(choice.Get()), L"3");
+    // Started anew, it shows the former value.
+    host.Select(text.Get());
+    host.events.on[L"ValidateValue"] = [&](const EventCall&) {
+        host.events.on.clear();
+        host.Select(nullptr);
+        host.Select(text.Get());
+    };
+    host.TypeIntoEditor(L"typed");
+    host.Enter();
+    EXPECT_EQ(ValueText(text.Get()), L"typed");
 }
 
 TEST_F(GridTest, AVeryLongTextLosesItsEndInAnEdit) {
