@@ -4,6 +4,7 @@
 #include "GdiFloor.h"
 #include "GridWindow.h"
 #include "Inspection.h"
+#include "Palette.h"
 #include "Rows.h"
 #include "Sorting.h"
 #include "Stopwatch.h"
@@ -195,6 +196,7 @@ void RunAll() {
         GridWindow window;
         window.Settle();
         MeasureInspection(window);
+        MeasurePalette(window);
         for (const int count : kSizes)
             Cases(window, count).Run();
     }

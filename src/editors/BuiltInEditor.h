@@ -6,12 +6,14 @@
 namespace ormisk {
 
 class OrmiskListBox;
+class OrmiskSwatch;
 class TextBox;
 
 // The windows of the control that built-in editors borrow; they outlive the registry's Clear.
 struct EditorWindows {
     TextBox* TextEditor = nullptr;
     OrmiskListBox* ListEditor = nullptr;
+    OrmiskSwatch* ColorEditor = nullptr;
 };
 
 // An editor of the library's own: it stands over the cell in one window, in pixels, and reports to the listener of the
@@ -27,10 +29,14 @@ public:
     virtual void Activate(bool /*dropDown*/) {}
     // A key typed on the row is about to be replayed in the editor.
     virtual void BeginTyping() {}
+    // The user picked a value in the editor's window: commits it. Raises what a commit raises.
+    virtual void Picked() { Notify(&_CEditorListener::NotifyCommit); }
     // A key pressed in the editor's window; 0 goes no further. Raises what a commit raises.
     virtual void KeyPress(int& /*keyAscii*/) {}
     // Whether the user changed the text since the last load.
     virtual bool IsModified() const { return false; }
+    // Its window is there for the mouse and for what it drops down: after a commit the rows have the focus again.
+    virtual bool LeavesFocus() const { return false; }
 
 protected:
     virtual void Borrow(const EditorWindows& /*windows*/) {}

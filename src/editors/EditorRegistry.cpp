@@ -1,5 +1,6 @@
 #include "editors/EditorRegistry.h"
 
+#include "editors/CColorEditor.h"
 #include "editors/CListEditor.h"
 #include "editors/CTextEditor.h"
 #include "model/NumberText.h"
@@ -26,6 +27,7 @@ constexpr BuiltInKind kBuiltInKinds[] = {
     {omTextEditor, Make<CTextEditor>, {}},
     {omNumberEditor, Make<CTextEditor>, {}},
     {omListEditor, Make<CListEditor>, omBooleanEditor},
+    {omColorEditor, Make<CColorEditor>, {}},
 };
 
 } // namespace

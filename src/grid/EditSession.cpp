@@ -11,7 +11,8 @@ EditSession::EditSession(Grid& grid) : m_Grid(grid), m_Place(grid), m_editListen
 
 void EditSession::CreateEditors() {
     m_Editors.CreateBuiltInEditors(m_Grid.m_Panes.TreeWnd(), {.TextEditor = &m_Grid.m_Panes.m_TextEditor,
-                                                              .ListEditor = &m_Grid.m_Panes.m_ListEditor});
+                                                              .ListEditor = &m_Grid.m_Panes.m_ListEditor,
+                                                              .ColorEditor = &m_Grid.m_Panes.m_ColorEditor});
 }
 
 void EditSession::Release() {
@@ -23,7 +24,7 @@ void EditSession::Release() {
 
 // A text stays in its box as the user left it.
 void EditSession::LetObjectsGo() {
-    if (!m_Editors.BuiltIn(m_CurrentEditor.Get()) || IsListEditorOpen())
+    if (!m_Editors.BuiltIn(m_CurrentEditor.Get()) || IsOpen(omListEditor))
         HideCurrentEditor();
     m_Grid.m_Panes.m_ListEditor.Clear();
     m_Editors.EndUse();
@@ -185,15 +186,21 @@ void EditSession::CloseEditor(bool keepOpen) {
     const Ref<CNode> node = m_EditNode;
     if (!editor)
         return;
+    const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get());
+    const bool leavesFocus = builtIn && builtIn->LeavesFocus() && m_Grid.m_Panes.HaveFocus();
     try {
         EditorProxy proxy(editor.Get());
         Collect(editor.Get());
-        if (keepOpen || m_CurrentEditor != editor || m_EditNode != node)
+        if (m_CurrentEditor != editor || m_EditNode != node)
             return; // a handler may have gone to another row
-        // Hiding takes the focus away, and a lost focus commits the editor that is current.
-        m_CurrentEditor = nullptr;
-        proxy.SetVisible(false);
-        m_Grid.m_Panes.InvalidateNodeRow(m_EditNode.Get());
+        if (!keepOpen) {
+            // Hiding takes the focus away, and a lost focus commits the editor that is current.
+            m_CurrentEditor = nullptr;
+            proxy.SetVisible(false);
+            m_Grid.m_Panes.InvalidateNodeRow(m_EditNode.Get());
+        }
+        if (leavesFocus && m_Grid.IsAlive())
+            FocusTree();
     } catch (...) {
         // Whoever comes back here out of the report has been told.
         if (m_Grid.IsReporting())
@@ -283,7 +290,8 @@ void EditSession::ApplyValue(_CEditor* editor) {
     if (!property || property.Get() == m_Validated)
         return;
     _variant_t value = EditorProxy(editor).Value();
-    if (ValuesEqual(property->Value(), value) || (m_Collecting && m_Asked && ValuesEqual(*m_Asked, value)))
+    const auto same = KindOf(property->EditorType()).same;
+    if ((same ? same : ValuesEqual)(property->Value(), value) || (m_Collecting && m_Asked && ValuesEqual(*m_Asked, value)))
         return;
     m_Asked.reset();
     if (!HoldsObject(value) && !V_ISARRAY(&value)) // these equal nothing, and are not to be kept alive here
@@ -327,6 +335,14 @@ void EditSession::TextLostFocus() {
     if (!editor || m_Grid.IsReporting())
         return;
     m_Grid.Trapped([&] { Collect(editor.Get()); });
+}
+
+void EditSession::UserPicked(omEditorType type) {
+    if (!IsOpen(type))
+        return;
+    const ComPtr<_CEditor> held = m_CurrentEditor;
+    const Meanwhile collecting(m_Collecting, true);
+    m_Editors.BuiltIn(held.Get())->Picked();
 }
 
 void EditSession::NodeGoes(const CNode* node) {

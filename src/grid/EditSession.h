@@ -56,8 +56,11 @@ public:
     void EditorKeyPress(int& keyAscii);
     // The text box of the text and number editors.
     void TextLostFocus();
-    // The list of the list and Boolean editors.
-    bool IsListEditorOpen() const { return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(omListEditor, {}); }
+    // A built-in editor, or another type that it serves too.
+    bool IsOpen(omEditorType type) const { return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(type, {}); }
+    // The window of an editor shows what the user picked. Once refused, it is asked about again after AskAnew only.
+    void UserPicked(omEditorType type);
+    void AskAnew() { m_Asked.reset(); }
 
     // The model shrinks, without commit and without event: the node leaves the tree, or everything does.
     void NodeGoes(const CNode* node);

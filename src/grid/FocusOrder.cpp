@@ -11,7 +11,9 @@ namespace {
 constexpr float kStep = 8; // pixels that a key moves a bar
 constexpr int kCtrlOrAlt = 2 | 4;
 
-bool IsWithin(HWND window, HWND ancestor) { return window == ancestor || IsChild(ancestor, window); }
+bool IsWithin(HWND window, HWND ancestor) {
+    return window && (window == ancestor || (ancestor && IsChild(ancestor, window)));
+}
 
 } // namespace
 
@@ -56,7 +58,8 @@ bool FocusOrder::Uses(int keyCode) const {
     const HWND focus = GetFocus();
     const bool headers = IsWithin(focus, panes.m_picHeaderContainer.hWnd());
     const bool rows = IsWithin(focus, panes.TreeWnd()) && !headers;
-    return rows || focus == m_Grid.m_RecordToolbar.m_txtRecordNo.hWnd() || (headers && keyCode == VK_RETURN);
+    return rows || IsWithin(focus, panes.m_ColorEditor.PaletteWindow()) ||
+           focus == m_Grid.m_RecordToolbar.m_txtRecordNo.hWnd() || (headers && keyCode == VK_RETURN);
 }
 
 void FocusOrder::LeaveHidden() {

@@ -3,6 +3,7 @@
 #include "editors/EditorRegistry.h"
 #include "grid/ChromeMetrics.h"
 #include "grid/ChromePainter.h"
+#include "grid/ColorInput.h"
 #include "grid/EditSession.h"
 #include "grid/FocusOrder.h"
 #include "grid/GridEvents.h"
@@ -97,6 +98,7 @@ public:
     RecordToolbar m_RecordToolbar;
     Input m_Input;
     ListInput m_ListInput;
+    ColorInput m_ColorInput;
     FocusOrder m_FocusOrder;
     Selection m_Selection;
     EditSession m_Session;

@@ -29,7 +29,7 @@ void ListInput::OnKeyDown(int& keyCode, int shift) {
 // There is no further step to a choice: its commit is not repeated when the list closes or the row is left.
 void ListInput::Choose() {
     EditSession& session = m_Grid.m_Session;
-    if (session.IsListEditorOpen())
+    if (session.IsOpen(omListEditor))
         session.CommitEdit(session.CurrentEditor().Get());
 }
 
@@ -37,7 +37,7 @@ void ListInput::OnKeyPress(int& keyAscii) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyPress(keyAscii);
     // The ENTER that chose may come when a handler has gone on to a row with another editor: it is not that one's.
-    if (keyAscii != 0 && m_Grid.IsAlive() && m_Grid.m_Session.IsListEditorOpen())
+    if (keyAscii != 0 && m_Grid.IsAlive() && m_Grid.m_Session.IsOpen(omListEditor))
         m_Grid.m_Session.EditorKeyPress(keyAscii);
 }
 

@@ -40,6 +40,10 @@ bool PaneEvents::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lPara
     if (m_AtRunTime && m_Grid.IsAlive() && OnRunTimeMessage(pane, message, wParam, lParam, result))
         return true;
     switch (message) {
+    case WM_SHOWWINDOW:
+        if (&pane == &panes.m_Control && !wParam)
+            panes.m_ColorEditor.ShowDropDown(false); // which is no child of it
+        return false;
     case WM_VSCROLL:
         return &pane == &panes.m_picTreeContainer && panes.m_VScroll.HandleScroll(wParam, lParam);
     case WM_CTLCOLOREDIT:

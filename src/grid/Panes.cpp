@@ -21,6 +21,8 @@ void Panes::Create(HWND parent) {
     m_TextEditor.Create(TreeWnd(), &m_Grid.m_Input);
     m_ListEditor.Create(TreeWnd(), &m_Grid.m_ListInput);
     m_ListEditor.SetFont(m_Grid.m_State.font);
+    m_ColorEditor.InitProperties(m_Grid.m_State.font);
+    m_ColorEditor.Create(TreeWnd(), &m_Grid.m_ColorInput);
     m_picHeaderContainer.BringToTop();
     ApplyFrame();
     ApplyColors();
@@ -176,6 +178,7 @@ void Panes::ApplyEnabled() {
     m_TextEditor.SetEnabled(enabled);
     m_Grid.m_RecordToolbar.m_txtRecordNo.SetEnabled(enabled);
     m_ListEditor.SetEnabled(enabled);
+    m_ColorEditor.SetEnabled(enabled);
 }
 
 void Panes::ApplyShowDescription() {
@@ -288,6 +291,12 @@ void Panes::Refresh() {
     for (Pane* pane : {&m_picTreeContainer, &m_picHeaderContainer, &m_picNameHeader, &m_picValueHeader, &m_picDescPane,
                        &m_picTabContainer, &m_picBG})
         pane->Refresh();
+}
+
+bool Panes::HaveFocus() const {
+    const HWND focus = GetFocus();
+    const HWND top = focus ? GetAncestor(focus, GA_ROOT) : nullptr;
+    return focus && (IsChild(m_Control.hWnd(), focus) || top == m_ColorEditor.PaletteWindow());
 }
 
 bool Panes::EnsureRowVisible(const CNode& node) {

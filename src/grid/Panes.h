@@ -4,6 +4,7 @@
 #include "grid/RowLayout.h"
 #include "listbox/OrmiskListBox.h"
 #include "model/Ref.h"
+#include "picker/OrmiskSwatch.h"
 #include "platform/ScrollBar.h"
 #include "platform/TextBox.h"
 
@@ -92,9 +93,12 @@ public:
     ScrollBar m_VScroll;
     TextBox m_TextEditor;
     OrmiskListBox m_ListEditor;
+    OrmiskSwatch m_ColorEditor;
     CSplitter m_HeaderSplitter;
     CSplitter m_ContainerSplitter;
 
+    // Whether the keys come to the control, the palette of its colour editor with it.
+    bool HaveFocus() const;
     HWND TreeWnd() const { return m_picTreeContainer.hWnd(); }
     const PaneEntry& EntryOf(const Pane& pane) const { return kPaneTable[&pane - m_All.data()]; }
 

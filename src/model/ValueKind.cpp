@@ -96,6 +96,14 @@ bool ReadsAsInteger(const VARIANT& value) {
     return IgnoringFailures([&] { reads = IsIntegerText(TextOf(value)); }) && reads;
 }
 
+// A number may be a text, or have no sign.
+bool IsSameColor(const VARIANT& present, const VARIANT& edited) {
+    std::uint32_t before = 0;
+    std::uint32_t now = 0;
+    return V_VT(&present) != VT_NULL && SUCCEEDED(ReadColor(present, before)) && SUCCEEDED(ReadColor(edited, now)) &&
+           before == now;
+}
+
 // The bits that a hexadecimal number shows: those of the value's own size for the small ones, else of a colour.
 std::uint32_t BitsOf(const VARIANT& value) {
     if (V_VT(&value) == VT_I2 || V_VT(&value) == VT_BOOL)
@@ -181,7 +189,7 @@ constexpr ValueKind kKinds[] = {
     {.type = omFileEditor, .accepts = IsNoObject},
     {.type = omDirectoryEditor, .accepts = IsNoObject},
     {.type = omListEditor, .objectText = TextOfObjectEntry, .plainText = TakeTextOfEntry},
-    {.type = omColorEditor, .accepts = ReadsAsInteger, .plainText = ShowHexadecimal},
+    {.type = omColorEditor, .accepts = ReadsAsInteger, .plainText = ShowHexadecimal, .same = IsSameColor},
     {.type = omPictureEditor,
      .accepts = IsNothingOr<IPicture, IPictureDisp>,
      .emptyText = NoPicturePrompt,

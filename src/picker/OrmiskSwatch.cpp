@@ -28,7 +28,8 @@ OrmiskSwatch::~OrmiskSwatch() { m_Listener = nullptr; }
 
 void OrmiskSwatch::Create(HWND parent, SwatchListener* listener) {
     m_Window.Create(parent, *this, {.takesFocus = true, .visible = false});
-    m_txtValue.Create(m_Window.hWnd(), this);
+    m_txtValue.Create(m_Window.hWnd(), nullptr);
+    m_txtValue.PassMouse(); // the whole field is one button
     SendMessageW(m_txtValue.hWnd(), EM_SETREADONLY, TRUE, 0);
     m_txtValue.SetVisible(true);
     m_Listener = listener;
@@ -42,6 +43,14 @@ void OrmiskSwatch::Move(int left, int top, int width, int height) {
 bool OrmiskSwatch::IsVisible() const { return (GetWindowLongPtrW(hwnd(), GWL_STYLE) & WS_VISIBLE) != 0; }
 
 void OrmiskSwatch::SetVisible(bool visible) { m_Window.SetVisible(visible); }
+
+void OrmiskSwatch::SetEnabled(bool enabled) {
+    m_Enabled = enabled;
+    m_txtValue.SetEnabled(enabled);
+    m_Window.Invalidate(true);
+    if (!enabled)
+        m_frmColorPicker.CloseForm();
+}
 
 void OrmiskSwatch::InitProperties(const FontDescription& ambientFont) {
     m_Initial.Font = ambientFont;
@@ -124,7 +133,7 @@ void OrmiskSwatch::SetCustomColor(long index, Color color) {
 void OrmiskSwatch::ShowDropDown(bool bShow) {
     if (!bShow)
         return m_frmColorPicker.CloseForm();
-    if (!m_Window.IsAlive())
+    if (!m_Window.IsAlive() || !m_Enabled)
         return;
     const std::weak_ptr<char> life = m_Life;
     m_frmColorPicker.Load(m_Window.hWnd()); // a window of another frame is closed
@@ -191,12 +200,28 @@ void OrmiskSwatch::OnMouse(Pane&, const MouseEvent& event) {
     ShowDropDown(true);
 }
 
-void OrmiskSwatch::OnKeyDown(int& keyCode, int shift) {
+void OrmiskSwatch::OnKeyDown(Pane&, int& keyCode, int shift) {
     constexpr int kAlt = 4;
-    if (keyCode != VK_DOWN || shift != kAlt)
+    if (!Tell([&](SwatchListener& to) { to.OnKeyDown(keyCode, shift); }))
+        return;
+    const bool opens = (keyCode == VK_DOWN && shift == kAlt) || (keyCode == VK_F4 && shift == 0);
+    if (!opens || !m_Enabled)
         return;
     keyCode = 0;
     ShowDropDown(true);
+}
+
+void OrmiskSwatch::OnKeyUp(Pane&, int& keyCode, int shift) {
+    Tell([&](SwatchListener& to) { to.OnKeyUp(keyCode, shift); });
+}
+
+void OrmiskSwatch::OnKeyPress(Pane&, int& keyAscii) {
+    Tell([&](SwatchListener& to) { to.OnKeyPress(keyAscii); });
+}
+
+void OrmiskSwatch::OnFocusChange(Pane&, bool gained) {
+    m_Window.Invalidate(true);
+    Tell([&](SwatchListener& to) { gained ? to.OnGotFocus() : to.OnLostFocus(); });
 }
 
 void OrmiskSwatch::ShowButton(bool down) {
@@ -209,18 +234,27 @@ Rect OrmiskSwatch::ButtonPlace() const {
     return {std::max(client.cx - GetSystemMetrics(SM_CXVSCROLL), 0L), 0, client.cx, client.cy};
 }
 
-void OrmiskSwatch::OnResize(Pane&) { Arrange(); }
-
-void OrmiskSwatch::Arrange() {
+// Of one line, in the middle between the square and the button.
+Rect OrmiskSwatch::TextPlace() {
     const WindowDC dc(m_Window.hWnd());
-    if (!m_Window.IsAlive() || !dc)
-        return;
+    if (!dc)
+        return {};
     const SelectGuard font(dc.Get(), m_Resources.GetFont(m_Settings.Font, L"CurrentFont"));
     const long textHeight = MeasureText(dc.Get(), L"Ag", false).cy;
     const long height = m_Window.ClientSize().cy;
     const long left = kMargin + std::max(height - 2 * kMargin, 0L) + kMargin;
-    m_txtValue.Move(static_cast<int>(left), static_cast<int>((height - textHeight) / 2),
-                    static_cast<int>(std::max(ButtonPlace().left - left, 0L)), static_cast<int>(textHeight));
+    const long top = (height - textHeight) / 2;
+    return {left, top, std::max(ButtonPlace().left, left), top + textHeight};
+}
+
+void OrmiskSwatch::OnResize(Pane&) { Arrange(); }
+
+void OrmiskSwatch::Arrange() {
+    if (!m_Window.IsAlive())
+        return;
+    const Rect text = TextPlace();
+    m_txtValue.Move(static_cast<int>(text.left), static_cast<int>(text.top), static_cast<int>(text.Width()),
+                    static_cast<int>(text.Height()));
     m_Window.Invalidate(true);
 }
 
@@ -245,8 +279,15 @@ void OrmiskSwatch::OnPaint(Pane&, HDC dc, const Rect&) {
         const SelectGuard pen(dc, m_Resources.GetPen(TranslateColor(m_Settings.ForeColor), L"ForecolorPen"));
         Rectangle(dc, kMargin, kMargin, kMargin + edge, kMargin + edge);
     }
+    if (m_Window.HasFocus()) {
+        const Rect text = TextPlace();
+        const RECT around{text.left - 1, text.top - 1, text.right - 1, text.bottom + 1};
+        DrawFocusRect(dc, &around);
+    }
     RECT button = ToRect(ButtonPlace());
-    DrawFrameControl(dc, &button, DFC_SCROLL, DFCS_SCROLLDOWN | (m_bButtonDown ? DFCS_PUSHED | DFCS_FLAT : 0U));
+    DrawFrameControl(dc, &button, DFC_SCROLL,
+                     DFCS_SCROLLDOWN | (m_bButtonDown ? DFCS_PUSHED | DFCS_FLAT : 0U) |
+                         (m_Enabled ? 0U : DFCS_INACTIVE));
 }
 
 } // namespace ormisk

@@ -10,8 +10,9 @@
 
 namespace ormisk {
 
-// Hears what happens in a colour field. A handler may destroy the field. A failure in a handler ends there.
-class SwatchListener {
+// Hears what happens in a colour field, and its keys, before the field itself. A handler may destroy the field. A failure
+// in a handler ends there.
+class SwatchListener : public ChildWindowListener {
 public:
     virtual void OnTabChanged() {}
     // Once for a colour set by code; twice for a new one that the user picks, and once for one that was picked before.
@@ -21,13 +22,18 @@ public:
     // A setting that is stored is another now; told by the name under which hosts hear of it.
     virtual void OnSettingChanged(const std::wstring& /*key*/) {}
 
+    void OnKeyDown(int& /*keyCode*/, int /*shift*/) override {}
+    void OnKeyPress(int& /*keyAscii*/) override {}
+    void OnKeyUp(int& /*keyCode*/, int /*shift*/) override {}
+    void OnGotFocus() override {}
+
 protected:
     ~SwatchListener() = default;
 };
 
 // A field of one line with a colour: a square of it, its value as text, and a button that drops the palette down. The
 // window is owned. Without it (not created, or destroyed with its parent) the settings stay, and nothing shows.
-class OrmiskSwatch final : PaneListener, ChildWindowListener, PaletteOwner {
+class OrmiskSwatch final : PaneListener, PaletteOwner {
 public:
     OrmiskSwatch();
     OrmiskSwatch(const OrmiskSwatch&) = delete;
@@ -42,6 +48,7 @@ public:
     bool IsVisible() const;        // its own flag, whatever its parent's
     void SetVisible(bool visible); // hidden, it has no palette
     void SetFocus() { m_Window.TakeFocus(); }
+    void SetEnabled(bool enabled); // disabled, it has no palette and takes no keys
 
     // A new field has the settings of its kind and the font that its surroundings have.
     void InitProperties(const FontDescription& ambientFont);
@@ -99,14 +106,11 @@ private:
     void OnPaint(Pane& pane, HDC dc, const Rect& clip) override;
     void OnMouse(Pane& pane, const MouseEvent& event) override;
     void OnCaptureLost(Pane& /*pane*/) override { ShowButton(false); }
-    void OnKeyDown(Pane& /*pane*/, int& keyCode, int shift) override { OnKeyDown(keyCode, shift); }
+    void OnKeyDown(Pane& pane, int& keyCode, int shift) override;
+    void OnKeyUp(Pane& pane, int& keyCode, int shift) override;
+    void OnKeyPress(Pane& pane, int& keyAscii) override;
+    void OnFocusChange(Pane& pane, bool gained) override;
     void OnResize(Pane& pane) override;
-
-    void OnKeyDown(int& keyCode, int shift) override;
-    void OnKeyPress(int& /*keyAscii*/) override {}
-    void OnKeyUp(int& /*keyCode*/, int /*shift*/) override {}
-    void OnGotFocus() override {}
-    void OnLostFocus() override {}
 
     const SystemColorNames& Names() const override { return m_Names; }
     void OnTabChanged() override;
@@ -128,6 +132,7 @@ private:
     void Arrange();
     void ShowButton(bool down);
     Rect ButtonPlace() const;
+    Rect TextPlace();
 
     SwatchListener* m_Listener = nullptr;
     std::shared_ptr<char> m_Life = std::make_shared<char>(); // an event that ends the field is seen by a weak reference
@@ -135,6 +140,7 @@ private:
     SwatchSettings m_Initial; // as a new field has them
     SystemColorNames m_Names = DefaultSystemColorNames();
     bool m_bButtonDown = false;
+    bool m_Enabled = true;
     CResourceMgr m_Resources;
     Pane m_Window;
     TextBox m_txtValue;

@@ -117,6 +117,10 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         if (HoldsBeginning())
             return static_cast<LRESULT>(m_Whole.size());
         break;
+    case WM_NCHITTEST:
+        if (m_PassesMouse)
+            return HTTRANSPARENT;
+        break;
     case WM_MOUSEWHEEL: // a single line scrolls nowhere: the parent's rows do
         return SendMessageW(Parent(), message, wParam, lParam);
     case WM_NCDESTROY:

@@ -20,6 +20,7 @@ public:
     unsigned TextsSet() const { return m_TextsSet; } // so far: tells whether someone has set another one since
     bool IsModified() const;                         // by the user, since the flag was cleared
     void SetModified(bool modified);
+    void PassMouse() { m_PassesMouse = true; } // to the window below it
     void SetMaxLength(long length); // for what the user types and pastes; 0: no limit
 
     long SelStart() const;
@@ -42,6 +43,7 @@ private:
     std::wstring m_Whole; // the text of which the window holds the beginning; empty when it holds all
     unsigned m_TextsSet = 0;
     int m_LeftMargin = 0;
+    bool m_PassesMouse = false;
 };
 
 } // namespace ormisk

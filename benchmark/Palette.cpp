@@ -1,0 +1,191 @@
+#include "Palette.h"
+
+#include "GridWindow.h"
+#include "Sorting.h"
+#include "Stopwatch.h"
+
+#include <comutil.h>
+
+#include <array>
+
+namespace ormisk::bench {
+namespace {
+
+constexpr int kRuns = 51;
+constexpr int kCells = 64;
+constexpr int kInRow = 8;
+constexpr int kMargin = 10; // of the width, beside the cells
+
+// The palette of this thread while it is open, else null.
+HWND OpenPalette() {
+    HWND found = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM result) -> BOOL {
+            wchar_t name[32] = L"";
+            GetClassNameW(window, name, 32);
+            const bool palette = IsWindowVisible(window) && std::wstring(name) == L"OrmiskPane";
+            if (palette)
+                *reinterpret_cast<HWND*>(result) = window;
+            return !palette;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+// The lower one of the two windows in the palette.
+HWND PageOf(HWND palette) {
+    HWND page = GetWindow(palette, GW_CHILD);
+    RECT first, second;
+    GetWindowRect(page, &first);
+    const HWND other = GetWindow(page, GW_HWNDNEXT);
+    GetWindowRect(other, &second);
+    return second.top > first.top ? other : page;
+}
+
+void Update(HWND window) {
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    GdiFlush();
+}
+
+// A window over the same place that paints the same cells with what it has made before.
+class BarePalette {
+public:
+    explicit BarePalette(HWND palette) {
+        GetWindowRect(palette, &m_Place);
+        m_Window =
+            CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP, m_Place.left, m_Place.top,
+                            m_Place.right - m_Place.left, m_Place.bottom - m_Place.top, GetWindow(palette, GW_OWNER),
+                            nullptr, GetModuleHandleW(nullptr), nullptr);
+        Need(m_Window ? S_OK : E_FAIL, "a bare window");
+        for (int i = 0; i < kCells; ++i)
+            m_Brushes[static_cast<std::size_t>(i)] = CreateSolidBrush(RGB(i * 4, 255 - i * 4, 128));
+    }
+    ~BarePalette() {
+        DestroyWindow(m_Window);
+        for (const HBRUSH brush : m_Brushes)
+            DeleteObject(brush);
+    }
+    BarePalette(const BarePalette&) = delete;
+    BarePalette& operator=(const BarePalette&) = delete;
+
+    void Hide() const { ShowWindow(m_Window, SW_HIDE); }
+    void Open() const {
+        ShowWindow(m_Window, SW_SHOW);
+        SetWindowPos(m_Window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
+        Paint();
+    }
+    void Paint() const {
+        const int width = m_Place.right - m_Place.left;
+        const int height = m_Place.bottom - m_Place.top;
+        const int edge = (width - kMargin) / kInRow;
+        const RECT all = {0, 0, width, height};
+        const HDC dc = GetDC(m_Window);
+        FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
+        const HGDIOBJ before = SelectObject(dc, m_Brushes[0]);
+        for (int i = 0; i < kCells; ++i) {
+            const int left = kMargin / 2 + i % kInRow * edge;
+            const int top = height - (kCells - i + kInRow - 1) / kInRow * edge;
+            SelectObject(dc, m_Brushes[static_cast<std::size_t>(i)]);
+            Rectangle(dc, left + 1, top + 1, left + edge - 1, top + edge - 1);
+        }
+        SelectObject(dc, before);
+        ReleaseDC(m_Window, dc);
+        GdiFlush();
+    }
+
+private:
+    HWND m_Window = nullptr;
+    RECT m_Place = {};
+    std::array<HBRUSH, kCells> m_Brushes = {};
+};
+
+class Palette {
+public:
+    explicit Palette(const GridWindow& window) : m_Window(window) {
+        Empty();
+        m_Row = Add();
+    }
+    ~Palette() { Empty(); }
+    Palette(const Palette&) = delete;
+    Palette& operator=(const Palette&) = delete;
+
+    void Run() {
+        Open();
+        const BarePalette bare(OpenPalette());
+        const HWND page = PageOf(OpenPalette());
+        const auto nothing = [] {};
+        Report("palette_paint", kCells, MedianOf(kRuns, nothing, [page] { Update(page); }));
+        Hover(page);
+        Close();
+        const auto close = [this] { Close(); };
+        Report("palette_open", kCells, MedianOf(kRuns, close, [this] { Open(); }));
+        Close();
+        const auto hide = [this, &bare] {
+            bare.Hide();
+            m_Window.Settle();
+        };
+        Report("palette_open_floor", kCells, MedianOf(kRuns, hide, [&bare] { bare.Open(); }));
+        Report("palette_paint_floor", kCells, MedianOf(kRuns, nothing, [&bare] { bare.Paint(); }));
+    }
+
+private:
+    void Empty() const {
+        VARIANT nothing;
+        VariantInit(&nothing);
+        Need(m_Window.Properties()->Clear(&nothing), "Clear");
+        m_Window.Settle();
+    }
+
+    ComPtr<::_CProperty> Add() const {
+        _bstr_t name(L"Colour");
+        _variant_t value(255L);
+        BSTR key = nullptr;
+        IDispatch* source = nullptr;
+        omEditorType editor = omColorEditor;
+        ComPtr<::_CProperty> row;
+        Need(m_Window.Properties()->Add(name.GetBSTR(), &value, nullptr, &key, &source, VARIANT_TRUE, &editor, &row),
+             "Add");
+        Need(m_Window.Grid()->Refresh(), "Refresh");
+        m_Window.Settle();
+        return row;
+    }
+
+    void Open() const {
+        Need(m_Window.Grid()->StartPropertyEdit(m_Row.Get()), "StartPropertyEdit");
+        const HWND palette = OpenPalette();
+        Need(palette ? S_OK : E_FAIL, "the palette");
+        Update(palette);
+    }
+
+    void Close() const {
+        if (const HWND palette = OpenPalette())
+            SendMessageW(palette, WM_KEYDOWN, VK_ESCAPE, 0);
+        m_Window.Settle();
+    }
+
+    // From cell to cell of a row, and back.
+    static void Hover(HWND page) {
+        RECT client;
+        GetClientRect(page, &client);
+        const int edge = (client.right - kMargin) / kInRow;
+        int step = 0;
+        Report("palette_hover", kCells,
+               MedianOf(
+                   kRuns, [&step] { ++step; },
+                   [&step, page, edge] {
+                       const int x = kMargin / 2 + step % kInRow * edge + edge / 2;
+                       SendMessageW(page, WM_MOUSEMOVE, 0, MAKELPARAM(x, kMargin / 2 + edge / 2));
+                       GdiFlush();
+                   }));
+    }
+
+    const GridWindow& m_Window;
+    ComPtr<::_CProperty> m_Row;
+};
+
+} // namespace
+
+void MeasurePalette(const GridWindow& window) { Palette(window).Run(); }
+
+} // namespace ormisk::bench
