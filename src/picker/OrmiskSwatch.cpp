@@ -194,8 +194,11 @@ bool OrmiskSwatch::OnMessage(Pane&, UINT message, WPARAM wParam, LPARAM lParam, 
 void OrmiskSwatch::OnMouse(Pane&, const MouseEvent& event) {
     if (event.stage == MouseStage::Up)
         ShowButton(false);
-    if (event.stage != MouseStage::Down)
-        return;
+    if (event.stage == MouseStage::Down)
+        Press();
+}
+
+void OrmiskSwatch::Press() {
     ShowButton(true);
     ShowDropDown(true);
 }

@@ -105,6 +105,7 @@ private:
     bool OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     void OnPaint(Pane& pane, HDC dc, const Rect& clip) override;
     void OnMouse(Pane& pane, const MouseEvent& event) override;
+    void OnDblClick(Pane& /*pane*/) override { Press(); }
     void OnCaptureLost(Pane& /*pane*/) override { ShowButton(false); }
     void OnKeyDown(Pane& pane, int& keyCode, int shift) override;
     void OnKeyUp(Pane& pane, int& keyCode, int shift) override;
@@ -130,6 +131,7 @@ private:
     template <class Call> bool Tell(Call&& call);
     void ShowSettings();
     void Arrange();
+    void Press();
     void ShowButton(bool down);
     Rect ButtonPlace() const;
     Rect TextPlace();

@@ -41,9 +41,7 @@ void frmColorPicker::Unload() {
 
 void frmColorPicker::DestroyWindows() {
     m_bShown = false;
-    m_VScrollBar.SetVisible(false);
-    m_VScrollBar.Destroy();
-    m_PaletteContainer.Destroy();
+    m_PaletteContainer.Destroy(); // with the scroll bar
     m_TabContainer.Destroy();
     m_Window.Destroy();
 }

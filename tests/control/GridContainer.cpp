@@ -330,10 +330,16 @@ void GridContainer::SendMouse(DWORD flags, DWORD data, DWORD time) const {
     Pump();
 }
 
+// What has dropped down from it stays in front.
+void GridContainer::ComeToFront() const {
+    if (GetAncestor(GetForegroundWindow(), GA_ROOTOWNER) != window)
+        SetForegroundWindow(window);
+}
+
 void GridContainer::MouseTo(HWND target, long x, long y) {
     POINT point{x, y};
     ClientToScreen(target, &point);
-    SetForegroundWindow(window);
+    ComeToFront();
     SetCursorPos(point.x, point.y);
     Pump();
 }
@@ -369,7 +375,7 @@ void GridContainer::RealDrag(HWND target, POINT from, POINT to) {
 void GridContainer::RealWheel(int amount) { SendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(amount)); }
 
 void GridContainer::RealKeys(std::initializer_list<WORD> keys, WORD modifier) {
-    SetForegroundWindow(window);
+    ComeToFront();
     if (modifier)
         SendKey(modifier, 0);
     for (const WORD key : keys) {

@@ -163,6 +163,7 @@ public:
     STDMETHODIMP OnChanged(DISPID id) override { return notices.push_back(id), S_OK; }
 
 private:
+    void ComeToFront() const;
     void SendMouse(DWORD flags, DWORD data = 0, DWORD time = 0) const;
 
     MouseShield m_MouseShield;
