@@ -14,6 +14,7 @@ Const omTextEditor = 2
 Const omNumberEditor = 3
 Const omBooleanEditor = 4
 Const omListEditor = 9
+Const omColorEditor = 10
 Const omPreErase = 0
 Const omPostErase = 1
 Const omPostDraw = 2
@@ -29,6 +30,8 @@ Const kLeaf = &HE3F3E6
 Const kAmber = &H4FB8F0
 Const kGreen = &H7CC48A
 Const kPaper = &HFFFFFF
+
+Host.Include "lib\palette.vbs"
 
 Dim words, folder, part
 words = Host.Arguments
@@ -173,6 +176,7 @@ Sub MakeSheets()
     MakeDescriptions
     MakeToolbars
     MakeLists
+    MakePalettes
     MakeSchemes
     MakeDisabled
 End Sub
@@ -461,6 +465,98 @@ End Sub
 
 Sub CloseList()
     Host.Keys "{ESC}"
+End Sub
+
+' Both tabs of a palette, with what a host and a user change in them.
+Sub MakePalettes()
+    Dim own
+    StartColors &HFFFF80
+    OpenPalette "Sky"
+    Host.Keys "{RIGHT 2}{DOWN}"
+    Shot "The selected cell, and the hot one by the keys"
+    CloseList
+    StartColors &H80000007
+    OpenPalette "Sky"
+    Host.Keys "{UP 2}"
+    Shot "A system colour"
+    CloseList
+    StartColors &H80000003
+    NameColors
+    OpenPalette "Sky"
+    Shot "Names and captions of the host's"
+    CloseList
+    StartColors &H80000003
+    ExpandColors
+    OpenPalette "Sky"
+    Shot "Byte-expanded names (Unicode = True)"
+    CloseList
+    StartColors &H404040
+    For own = 1 To 5
+        Grid.Properties("Sky").Value = own
+        OpenPalette "Sky"
+        If Not FindPalette(20, 240, 250) Then Host.Quit 1
+        Host.Later "%r" & own * 50 & "%g" & 200 - own * 30 & "%b160{ENTER}", 300
+        ClickCell 0, 6, 2
+    Next
+    OpenPalette "Sky"
+    Shot "Own colours, the last one selected"
+    CloseList
+    StartColors &HC0FFFF
+    Grid.Font.Size = 12
+    OpenPalette "Sky"
+    Shot "Another font"
+    CloseList
+    Save "palettes", 3
+End Sub
+
+Sub StartColors(value)
+    Start 240, 250, True, ""
+    Add "Sky", value, "Paint", omColorEditor, ""
+    Add "Sand", &H80C0FF, "Paint", omColorEditor, ""
+    Add "Sign", &H8000000D, "Paint", omColorEditor, ""
+End Sub
+
+Sub NameColors()
+    Dim i, names
+    names = Array("Bildlaufleiste", "Desktop", "Titel, aktiv", "Titel eines Fensters, das nicht vorn ist", "Menu", "Fenster", "Rahmen", "Menutext")
+    For i = 0 To UBound(names)
+        Grid.Properties("Sky").SetEditorParam CStr(i), names(i)
+    Next
+    Grid.Properties("Sky").SetEditorParam "PaletteTabCaption", "Farben"
+    Grid.Properties("Sky").SetEditorParam "SystemTabCaption", "Windows"
+End Sub
+
+' With Unicode = True each character stands for one byte of the UTF-16 text that is meant.
+Sub ExpandColors()
+    Dim row, i, names
+    Grid.Properties.Remove "Sky"
+    Set row = Grid.Properties.Add(Expanded("Himmel"), &H80000003, "Paint", "Sky", Nothing, True, omColorEditor)
+    row.Unicode = True
+    names = Array("Bildlaufleiste", "Desktop", "Titel, aktiv", "Titel, nicht vorn", "Menu", "Fenster")
+    For i = 0 To UBound(names)
+        row.SetEditorParam CStr(i), Expanded(names(i))
+    Next
+    row.SetEditorParam "2", Letter(&H426) & Letter(&H432) & Letter(&H435) & Letter(&H442)
+End Sub
+
+Function Expanded(text)
+    Dim i
+    Expanded = ""
+    For i = 1 To Len(text)
+        Expanded = Expanded & Letter(Asc(Mid(text, i, 1)))
+    Next
+End Function
+
+Function Letter(code)
+    Letter = Chr(code And 255) & Chr(code \ 256)
+End Function
+
+Sub OpenPalette(key)
+    Set Grid.SelectedProperty = Nothing
+    Host.MoveTo 5, 200
+    SelectRow key
+    Host.Keys "{F4}"
+    Host.Pump 300
 End Sub
 
 ' All shades of the parts around the rows follow BackColor.

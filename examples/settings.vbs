@@ -1,5 +1,5 @@
-' The settings of a program for notes, in a property grid: lists, switches, limits, rows that come and go, and rows sorted by
-' the script.
+' The settings of a program for notes, in a property grid: lists, switches, limits, colours that the page takes at once, rows
+' that come and go, and rows sorted by the script.
 '
 '   ./run examples/settings.vbs
 '
@@ -16,13 +16,14 @@ Const omTextEditor = 2
 Const omNumberEditor = 3
 Const omBooleanEditor = 4
 Const omListEditor = 9
+Const omColorEditor = 10
 
 Const kNotInNames = "*?""<>|"
-Const kPageOrder = "General,Writing,Text,Spelling,Saving,Backups"
+Const kPageOrder = "General,Colours,Writing,Text,Spelling,Saving,Backups"
 
 Dim all
 Set all = Grid.Properties
-Host.Resize 380, 520
+Host.Resize 380, 600
 FillPage
 Grid.ActiveView = omCatagorized
 Grid.ColumnDividerPosition = 160
@@ -38,6 +39,7 @@ Sub FillPage()
     Grid.SetEditorParam omNumberEditor, "AllowNegative", "False"
     Grid.SetEditorParam omNumberEditor, "AllowFloatingPoint", "False"
     AddGeneral
+    AddColors
     AddWriting
     AddSaving
     Grid.LockRefresh = False
@@ -55,6 +57,12 @@ Sub AddGeneral()
     AddSwitch "start", "Open at log-in", False, "General", "Whether the program is there when you have logged in.", "Yes", "No"
     Set row = AddRow("version", "Version", "4.2", "General", omTextEditor, "Told by the program; it cannot be changed here.")
     row.ReadOnly = True
+End Sub
+
+Sub AddColors()
+    AddRow "face", "Page", &H8000000F, "Colours", omColorEditor, "Of the page, with its tabs and headings."
+    AddRow "rows", "Rows", &H80000005, "Colours", omColorEditor, "Behind names and values."
+    AddRow "ink", "Letters", &H80000012, "Colours", omColorEditor, "Of everything that is written on the page."
 End Sub
 
 Sub AddWriting()
@@ -137,6 +145,9 @@ Sub Grid_PropertyValueChanged(aProperty)
     aProperty.Bold = IsChanged(aProperty)
     Select Case aProperty.Key
     Case "theme": ShowTheme aProperty.Value
+    Case "face": SetFace aProperty.Value, aProperty.Value
+    Case "rows": Grid.PropertyBackColor = aProperty.Value
+    Case "ink": SetInk aProperty.Value
     Case "spelling": ShowRow "dictionary", aProperty.Value
     Case "backups": ShowRow "copies", aProperty.Value
     End Select
@@ -154,17 +165,27 @@ Sub ShowTheme(theme)
     End Select
 End Sub
 
-Sub SetColors(face, text, rows, categories, lines)
+' The rows of the colours show those of the theme, and change the page themselves.
+Sub SetColors(face, ink, rows, categories, lines)
     Grid.LockRefresh = True
-    Grid.BackColor = face
-    Grid.ForeColor = text
-    Grid.PropertyBackColor = rows
-    Grid.PropertyForeColor = text
-    Grid.CategoryBackColor = categories
-    Grid.CategoryForeColor = text
+    RowOf("face").Value = face
+    RowOf("rows").Value = rows
+    RowOf("ink").Value = ink
+    SetFace face, categories
     Grid.LineColor = lines
     Grid.LockRefresh = False
     Grid.Refresh
+End Sub
+
+Sub SetFace(face, categories)
+    Grid.BackColor = face
+    Grid.CategoryBackColor = categories
+End Sub
+
+Sub SetInk(ink)
+    Grid.ForeColor = ink
+    Grid.PropertyForeColor = ink
+    Grid.CategoryForeColor = ink
 End Sub
 
 ' A sort compares two rows: swap is True when the first one is to stand after the second one.
@@ -205,7 +226,9 @@ Sub ShowItself()
     Host.DoubleClick 60, LastY
     ClickOn "Theme"
     Host.Keys "%{DOWN}{DOWN}{ENTER}"
-    ClickOn "Language"
+    ClickOn "Letters"
+    Host.Keys "{F4}{RIGHT 7}{DOWN 4}{ENTER}"
+    ClickOn "Rows"
     Host.Keys "{F4}"
     Host.Pump 300
     Host.Quit 0
@@ -214,7 +237,7 @@ End Sub
 ' Clicks down the names until the row of that name is selected.
 Dim LastY
 Sub ClickOn(name)
-    For LastY = 56 To 430 Step 16
+    For LastY = 56 To 500 Step 16
         Host.Click 60, LastY
         If Not Grid.SelectedProperty Is Nothing Then
             If Grid.SelectedProperty.Name = name Then Exit Sub

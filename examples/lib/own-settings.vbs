@@ -1,4 +1,6 @@
-' A second grid at the right edge that shows its own settings, and a session that changes three of them by mouse and keyboard.
+' A second grid at the right edge that shows its own settings, and a session that changes four of them by mouse and keyboard.
+
+' Needs palette.vbs.
 
 Const kRightEdge = 4
 
@@ -14,6 +16,13 @@ Sub ChangeOwnSettings()
     DoubleClickOn "Appearance"
     Host.Keys "{ENTER}"
 
+    ' A double click on a colour row opens its palette, here with the colours of the system; the other tab has the rest.
+    Dim place, y
+    Set place = Host.Control("Settings")
+    y = DoubleClickOn("BackColor")
+    Host.Click place.Left + place.Width - 133, y + 20
+    If FindPalette(y + 20, place.Left + place.Width, y + 200) Then ClickCell 4, 0, 1
+
     ' Ctrl+Shift and a letter goes to the next row that begins with it. F4 opens its list: from dotted lines to solid ones.
     Host.Keys "{HOME}^+g{F4}{UP}{ENTER}"
 
@@ -23,8 +32,8 @@ Sub ChangeOwnSettings()
     Host.Pump 100
 End Sub
 
-' Clicks down the names until the row of that name is selected.
-Sub DoubleClickOn(name)
+' Clicks down the names until the row of that name is selected, and gives its height on the form.
+Function DoubleClickOn(name)
     Dim place, x, y
     Set place = Host.Control("Settings")
     x = place.Left + 60
@@ -33,10 +42,11 @@ Sub DoubleClickOn(name)
         If Not place.SelectedProperty Is Nothing Then
             If place.SelectedProperty.Name = name Then
                 Host.DoubleClick x, y
-                Exit Sub
+                DoubleClickOn = y
+                Exit Function
             End If
         End If
     Next
     Host.Echo "There is no row " & name & " in view."
     Host.Quit 1
-End Sub
+End Function

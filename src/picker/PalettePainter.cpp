@@ -12,7 +12,6 @@ namespace {
 
 constexpr Color kTabHighlight = 0x80000014;
 constexpr Color kTabDarkShadow = 0x80000015;
-constexpr Color kTabShadow = 0x80000010;
 constexpr UINT kNameFormat = DT_SINGLELINE | DT_NOPREFIX;
 constexpr UINT kCaptionFormat = DT_SINGLELINE; // access keys show, as in a label
 constexpr long kCorner = 2;
@@ -77,6 +76,11 @@ void PalettePainter::DrawTabs(HDC dc, const PaletteView& view) {
     SetTextColor(dc, TranslateColor(view.settings.ForeColor));
     Fill(dc, {0, 0, view.sizes.window.cx, view.sizes.TabHeight()}, TranslateColor(view.settings.BackColor));
     DrawTab(dc, view, 1 - view.activeTab);
+    {
+        const SelectGuard pen(dc, m_Resources.GetPen(TranslateColor(kTabShadow), L"TabShadow"));
+        const long bottom = view.sizes.TabHeight() - 1;
+        Line(dc, {{0, bottom}, {view.sizes.window.cx, bottom}});
+    }
     DrawTab(dc, view, view.activeTab);
 }
 

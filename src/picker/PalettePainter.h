@@ -6,6 +6,8 @@
 
 namespace ormisk {
 
+inline constexpr Color kTabShadow = 0x80000010;
+
 // What the palette window shows.
 struct PaletteView {
     SwatchSettings settings;

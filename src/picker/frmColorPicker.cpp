@@ -28,7 +28,8 @@ void frmColorPicker::Load(HWND parent) {
     if (m_VScrollBar.hWnd() && GetWindow(m_Window.hWnd(), GW_OWNER) == GetAncestor(parent, GA_ROOT))
         return;
     Unload();
-    m_Window.Create(parent, *this, {.takesFocus = true, .erases = false, .visible = false, .popup = true});
+    m_Window.Create(parent, *this, {.takesFocus = true, .visible = false, .popup = true});
+    m_Window.SetBackColor(kTabShadow); // what shows of it is a line around the page
     m_TabContainer.Create(m_Window.hWnd(), *this, {.erases = false});
     m_PaletteContainer.Create(m_Window.hWnd(), *this, {.erases = false});
     m_VScrollBar.Create(m_PaletteContainer.hWnd(), *this);
@@ -74,9 +75,10 @@ void frmColorPicker::Arrange() {
     const long top = m_View.sizes.TabHeight();
     const bool rows = m_View.activeTab == kSystemTab;
     m_TabContainer.MovePixels({0, 0, window.cx, top});
-    m_PaletteContainer.MovePixels({0, top, window.cx, window.cy});
-    m_View.area = {window.cx - (rows ? GetSystemMetrics(SM_CXVSCROLL) : 0), window.cy - top};
-    m_VScrollBar.MovePixels({m_View.area.cx, 0, window.cx, m_View.area.cy});
+    const Rect page{1, top, window.cx - 1, window.cy - 1};
+    m_PaletteContainer.MovePixels(page);
+    m_View.area = {page.Width() - (rows ? GetSystemMetrics(SM_CXVSCROLL) : 0), page.Height()};
+    m_VScrollBar.MovePixels({m_View.area.cx, 0, page.Width(), m_View.area.cy});
     m_VScrollBar.SetRange(LastScroll(m_View.area, m_View.sizes.cell), 1);
     m_VScrollBar.SetVisible(rows);
     m_View.names = m_Owner.Names();

@@ -61,7 +61,7 @@ void ClickPalette(GridContainer& host, long column, long row) {
     HWND page = GetWindow(Palette(), GW_CHILD);
     if (const HWND other = GetWindow(page, GW_HWNDNEXT); PlaceInParent(other).top > PlaceInParent(page).top)
         page = other;
-    const long edge = (ClientRect(page).right - 10) / 8;
+    const long edge = (ClientRect(Palette()).right - 10) / 8;
     host.MouseTo(page, 5 + column * edge + edge / 2, 5 + row * edge + edge / 2);
     for (const DWORD flag : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
         INPUT input{};

@@ -76,7 +76,7 @@ public:
         const bool bar = GetWindowLongPtrW(Bar(), GWL_STYLE) & WS_VISIBLE;
         return {client.right - (bar ? GetSystemMetrics(SM_CXVSCROLL) : 0), client.bottom};
     }
-    float Edge() const { return static_cast<float>(ClientRect(Page()).right - 10) / 8; }
+    float Edge() const { return static_cast<float>(ClientRect(field->PaletteWindow()).right - 10) / 8; }
     Point Middle(PaletteCell cell) const {
         const Rect place = CellRect(cell, PageSize(), Edge());
         return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};

@@ -224,6 +224,32 @@ TEST_F(GridInContainer, RowsAreNotOnScreenOrDoNotFollowTheContainersSize) {
     }
 }
 
+// The palette of a colour row is no child of the container.
+TEST_F(GridInContainer, APaletteStaysBehindItsContainer) {
+    const auto palette = [] {
+        HWND found = nullptr;
+        while ((found = FindWindowExW(nullptr, found, L"OrmiskPane", nullptr)) && !IsWindowVisible(found)) {
+        }
+        return found;
+    };
+    for (const bool byKey : {true, false}) {
+        AtlContainer host;
+        const LateBound row =
+            host.properties.Object(L"Add", {L"C", 255L, L"", L"", static_cast<IDispatch*>(nullptr), true, 10L});
+        host.grid.Call(L"StartPropertyEdit", {_variant_t(row.Dispatch())});
+        PumpMessages();
+        ASSERT_TRUE(palette());
+        if (byKey) {
+            SendMessageW(palette(), WM_KEYDOWN, VK_RIGHT, 1);
+            SendMessageW(palette(), WM_KEYDOWN, VK_RETURN, 1);
+            EXPECT_EQ(row.Call(L"Value"), _variant_t(0x0080FFL));
+        } else {
+            host.Destroy();
+        }
+        EXPECT_FALSE(palette());
+    }
+}
+
 TEST_F(GridInContainer, TheControlNeedsMoreThanItsContainerToLive) {
     AtlContainer host;
     host.FillForEdit();

@@ -1,6 +1,7 @@
 ' A grid that shows its own settings, changed by mouse and keyboard in its own rows, takes them at once.
 Option Explicit
 Host.Include "lib\common.vbs"
+Host.Include "..\..\examples\lib\palette.vbs"
 Host.Include "..\..\examples\lib\own-settings.vbs"
 
 Dim settings, appearance, lines, place
@@ -13,6 +14,7 @@ CheckEqual "the place on the form is a row, too", place.Width, settings.Properti
 ChangeOwnSettings
 CheckEqual "a list row by a double click", 1 - appearance, settings.Appearance
 CheckEqual "a list row by the keyboard", lines - 1, settings.Grid
+CheckEqual "a colour row by mouse", &HC0FFC0, settings.BackColor
 CheckEqual "a text row", "My setting", settings.NameCaption
 
 ' What is solid now was dotted: there is a grid line without gaps under a row.

@@ -8,7 +8,7 @@ Function NamesDown()
     Dim y, last, name
     NamesDown = ""
     last = ""
-    For y = FirstRow To 430 Step 16
+    For y = FirstRow To 500 Step 16
         Host.Click 60, y
         name = Selected()
         If name <> last And name <> "Nothing" Then NamesDown = NamesDown & "/" & name
@@ -26,7 +26,7 @@ FirstRow = 52
 HeaderY = 36
 
 ' The page comes up sorted: categories in the order of the page and before rows beside them, rows by name.
-CheckEqual "rows of the new page", "Language/Open at log-in/Theme/Version/Your name/Line width/Tab width/Wrap lines/" & _
+CheckEqual "rows of the new page", "Language/Open at log-in/Theme/Version/Your name/Letters/Page/Rows/Line width/Tab width/Wrap lines/" & _
     "Check spelling/Dictionary/Keep backups/Folder/Save every", NamesDown()
 
 ' Typing over a text; a limit keeps what it refuses in the editor, and ESC brings the value back.
@@ -69,7 +69,8 @@ CheckTrue "a row went", Not RowOf("dictionary").Visible
 ClickOn "Theme"
 Host.Keys "{F4}{DOWN}{ENTER}"
 CheckEqual "paper", &HC8DCE6, Host.Pixel(300, 10)
-CheckEqual "paper under a row", &HF0F8FC, Host.Pixel(370, 425)
+CheckEqual "its colour in a row", &HF0F8FC, RowOf("rows").Value
+CheckEqual "paper under a row", &HF0F8FC, Host.Pixel(370, 500)
 
 ' The read-only row opens no editor.
 ClickOn "Version"
@@ -79,10 +80,10 @@ CheckEqual "read-only", "4.2", ValueOf("version")
 ' The value header sorts by the script: changed rows first, then by name. The page is sorted already, so the first click turns
 ' the order.
 Host.Click 300, HeaderY
-CheckEqual "turned: unchanged rows first, names backwards", "Version/Open at log-in/Your name/Theme/Language/Wrap lines/" & _
+CheckEqual "turned: unchanged rows first, names backwards", "Version/Open at log-in/Your name/Theme/Language/Rows/Page/Letters/Wrap lines/" & _
     "Line width/Tab width/Check spelling/Save every/Folder/Copies/Keep backups", NamesDown()
 Host.Click 300, HeaderY
-CheckEqual "changed rows first", "Language/Theme/Your name/Open at log-in/Version/Tab width/Line width/Wrap lines/" & _
+CheckEqual "changed rows first", "Language/Theme/Your name/Open at log-in/Version/Letters/Page/Rows/Tab width/Line width/Wrap lines/" & _
     "Check spelling/Keep backups/Copies/Folder/Save every", NamesDown()
 
 Finish
