@@ -53,10 +53,9 @@ class BarePalette {
 public:
     explicit BarePalette(HWND palette) {
         GetWindowRect(palette, &m_Place);
-        m_Window =
-            CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP, m_Place.left, m_Place.top,
-                            m_Place.right - m_Place.left, m_Place.bottom - m_Place.top, GetWindow(palette, GW_OWNER),
-                            nullptr, GetModuleHandleW(nullptr), nullptr);
+        m_Window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP, m_Place.left,
+                                   m_Place.top, m_Place.right - m_Place.left, m_Place.bottom - m_Place.top,
+                                   GetWindow(palette, GW_OWNER), nullptr, GetModuleHandleW(nullptr), nullptr);
         Need(m_Window ? S_OK : E_FAIL, "a bare window");
         for (int i = 0; i < kCells; ++i)
             m_Brushes[static_cast<std::size_t>(i)] = CreateSolidBrush(RGB(i * 4, 255 - i * 4, 128));

@@ -291,7 +291,8 @@ void EditSession::ApplyValue(_CEditor* editor) {
         return;
     _variant_t value = EditorProxy(editor).Value();
     const auto same = KindOf(property->EditorType()).same;
-    if ((same ? same : ValuesEqual)(property->Value(), value) || (m_Collecting && m_Asked && ValuesEqual(*m_Asked, value)))
+    if ((same ? same : ValuesEqual)(property->Value(), value) ||
+        (m_Collecting && m_Asked && ValuesEqual(*m_Asked, value)))
         return;
     m_Asked.reset();
     if (!HoldsObject(value) && !V_ISARRAY(&value)) // these equal nothing, and are not to be kept alive here

@@ -10,8 +10,8 @@
 
 namespace ormisk {
 
-// Hears what happens in a colour field, and its keys, before the field itself. A handler may destroy the field. A failure
-// in a handler ends there.
+// Hears what happens in a colour field, and its keys, before the field itself. A handler may destroy the field. A
+// failure in a handler ends there.
 class SwatchListener : public ChildWindowListener {
 public:
     virtual void OnTabChanged() {}

@@ -21,7 +21,7 @@ public:
     bool IsModified() const;                         // by the user, since the flag was cleared
     void SetModified(bool modified);
     void PassMouse() { m_PassesMouse = true; } // to the window below it
-    void SetMaxLength(long length); // for what the user types and pastes; 0: no limit
+    void SetMaxLength(long length);            // for what the user types and pastes; 0: no limit
 
     long SelStart() const;
     long SelLength() const;

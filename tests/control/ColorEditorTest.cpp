@@ -74,14 +74,12 @@ void ClickPalette(GridContainer& host, long column, long row) {
 const std::pair<const char*, void (*)(GridContainer&)> kOpenings[] = {
     {"F4", [](GridContainer& host) { host.RealKeys({VK_F4}); }},
     {"ALT+DOWN", [](GridContainer& host) { host.RealKeys({VK_DOWN}, VK_MENU); }},
-    {"a double click on the name",
-     [](GridContainer& host) { host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2); }},
+    {"a double click on the name", [](GridContainer& host) { host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2); }},
     {"a click on the button",
      [](GridContainer& host) { host.RealClick(Field(host), ClientRect(Field(host)).right - 5, 6); }},
     {"a click on the text", [](GridContainer& host) { host.RealClick(Field(host), 40, 6); }},
     {"F4 in the field", [](GridContainer& host) { SetFocus(Field(host)), host.RealKeys({VK_F4}); }},
-    {"a call",
-     [](GridContainer& host) { EXPECT_EQ(host->StartPropertyEdit(host.Item(1L).Get()), S_OK), host.Pump(); }},
+    {"a call", [](GridContainer& host) { EXPECT_EQ(host->StartPropertyEdit(host.Item(1L).Get()), S_OK), host.Pump(); }},
 };
 
 const std::pair<const char*, void (*)(GridContainer&)> kPicks[] = {
@@ -158,7 +156,8 @@ TEST_F(GridTest, AColorOfAnyFormIsLostOrStoredAnewByAVisit) {
         host.RealKeys({VK_F4});
         ClickPalette(host, 1, 2);
         const bool system = shown[2] >= L'8';
-        EXPECT_EQ(ValueOf(row.Get()), _variant_t(static_cast<long>(system ? 0x80000002 : 0x0000FF))) << "whatever there was";
+        EXPECT_EQ(ValueOf(row.Get()), _variant_t(static_cast<long>(system ? 0x80000002 : 0x0000FF)))
+            << "whatever there was";
     }
 }
 
