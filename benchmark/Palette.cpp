@@ -11,7 +11,7 @@
 namespace ormisk::bench {
 namespace {
 
-constexpr int kRuns = 51;
+constexpr int kRuns = 101;
 constexpr int kCells = 64;
 constexpr int kInRow = 8;
 constexpr int kMargin = 10; // of the width, beside the cells
@@ -53,9 +53,14 @@ class BarePalette {
 public:
     explicit BarePalette(HWND palette) {
         GetWindowRect(palette, &m_Place);
-        m_Window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP, m_Place.left,
-                                   m_Place.top, m_Place.right - m_Place.left, m_Place.bottom - m_Place.top,
-                                   GetWindow(palette, GW_OWNER), nullptr, GetModuleHandleW(nullptr), nullptr);
+        WNDCLASSW bare{};
+        bare.lpfnWndProc = Procedure;
+        bare.hInstance = GetModuleHandleW(nullptr);
+        bare.lpszClassName = kClass;
+        RegisterClassW(&bare);
+        m_Window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kClass, L"", WS_POPUP, m_Place.left, m_Place.top,
+                                   m_Place.right - m_Place.left, m_Place.bottom - m_Place.top,
+                                   GetWindow(palette, GW_OWNER), nullptr, bare.hInstance, this);
         Need(m_Window ? S_OK : E_FAIL, "a bare window");
         for (int i = 0; i < kCells; ++i)
             m_Brushes[static_cast<std::size_t>(i)] = CreateSolidBrush(RGB(i * 4, 255 - i * 4, 128));
@@ -68,18 +73,36 @@ public:
     BarePalette(const BarePalette&) = delete;
     BarePalette& operator=(const BarePalette&) = delete;
 
+    HWND Window() const { return m_Window; }
     void Hide() const { ShowWindow(m_Window, SW_HIDE); }
     void Open() const {
-        ShowWindow(m_Window, SW_SHOW);
-        SetWindowPos(m_Window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
-        Paint();
+        SetWindowPos(m_Window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_SHOWWINDOW);
+        Update(m_Window);
     }
-    void Paint() const {
+
+private:
+    static constexpr wchar_t kClass[] = L"BarePalette";
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message == WM_NCCREATE)
+            SetWindowLongPtrW(
+                window, GWLP_USERDATA,
+                reinterpret_cast<LONG_PTR>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams));
+        if (message == WM_PAINT) {
+            PAINTSTRUCT paint;
+            const HDC dc = BeginPaint(window, &paint);
+            reinterpret_cast<const BarePalette*>(GetWindowLongPtrW(window, GWLP_USERDATA))->Paint(dc);
+            EndPaint(window, &paint);
+            return 0;
+        }
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+
+    void Paint(HDC dc) const {
         const int width = m_Place.right - m_Place.left;
         const int height = m_Place.bottom - m_Place.top;
         const int edge = (width - kMargin) / kInRow;
         const RECT all = {0, 0, width, height};
-        const HDC dc = GetDC(m_Window);
         FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
         const HGDIOBJ before = SelectObject(dc, m_Brushes[0]);
         for (int i = 0; i < kCells; ++i) {
@@ -89,11 +112,8 @@ public:
             Rectangle(dc, left + 1, top + 1, left + edge - 1, top + edge - 1);
         }
         SelectObject(dc, before);
-        ReleaseDC(m_Window, dc);
-        GdiFlush();
     }
 
-private:
     HWND m_Window = nullptr;
     RECT m_Place = {};
     std::array<HBRUSH, kCells> m_Brushes = {};
@@ -125,7 +145,7 @@ public:
             m_Window.Settle();
         };
         Report("palette_open_floor", kCells, MedianOf(kRuns, hide, [&bare] { bare.Open(); }));
-        Report("palette_paint_floor", kCells, MedianOf(kRuns, nothing, [&bare] { bare.Paint(); }));
+        Report("palette_paint_floor", kCells, MedianOf(kRuns, nothing, [&bare] { Update(bare.Window()); }));
     }
 
 private:

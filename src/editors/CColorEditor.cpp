@@ -38,11 +38,16 @@ void CColorEditor::SetValue(const VARIANT& value) {
     const bool none = V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL;
     const bool reads = none || IgnoringFailures([&] { return ReadColor(value, color); });
     m_HasValue = reads;
-    if (reads && m_Picker)
-        m_Picker->SelectedColor(color);
+    if (!reads || !m_Picker)
+        return;
+    m_Loading = true;
+    m_Picker->SelectedColor(color);
+    m_Loading = false;
 }
 
 void CColorEditor::Picked() {
+    if (m_Loading)
+        return;
     m_HasValue = true;
     BuiltInEditor::Picked();
 }

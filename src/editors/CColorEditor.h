@@ -28,6 +28,7 @@ private:
 
     OrmiskSwatch* m_Picker = nullptr;
     bool m_HasValue = false; // of the row, or of the user
+    bool m_Loading = false;  // what comes from the row is no pick
 };
 
 } // namespace ormisk

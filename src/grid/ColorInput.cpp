@@ -6,20 +6,25 @@ namespace ormisk {
 
 // The field is no pane of the control, which is held here while the host is told.
 
-// It comes twice for a new colour, and when a row is loaded: what is no change is no commit.
+// It comes twice for a new colour: what is no change is no commit. A pick is for the row that the palette was opened
+// for, where the field may serve another one by now.
 void ColorInput::OnSelectedColorChanged() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
-    m_Grid.m_Session.UserPicked(omColorEditor);
+    if (m_Grid.m_Session.Starts() == m_Start)
+        m_Grid.m_Session.UserPicked(omColorEditor);
 }
 
-void ColorInput::OnPaletteOpened() { m_Grid.m_Session.AskAnew(); }
+void ColorInput::OnPaletteOpened() {
+    m_Start = m_Grid.m_Session.Starts();
+    m_Grid.m_Session.AskAnew();
+}
 
-// Not when the user went to another window: it would come back here.
+// Not when the user went to another window, which would come back here, or the control is hidden.
 void ColorInput::OnPaletteClosed() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
-    const Panes& panes = m_Grid.m_Panes;
-    if (m_Grid.IsAlive() && GetActiveWindow() == GetAncestor(panes.m_Control.hWnd(), GA_ROOT))
-        m_Grid.m_Panes.m_picTreeContainer.TakeFocus();
+    Pane& rows = m_Grid.m_Panes.m_picTreeContainer;
+    if (m_Grid.IsAlive() && IsWindowVisible(rows.hWnd()) && GetActiveWindow() == GetAncestor(rows.hWnd(), GA_ROOT))
+        rows.TakeFocus();
 }
 
 void ColorInput::OnKeyDown(int& keyCode, int shift) {

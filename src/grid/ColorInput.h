@@ -21,6 +21,7 @@ public:
 
 private:
     Grid& m_Grid;
+    unsigned m_Start = 0; // of the editor whose palette was opened
 };
 
 } // namespace ormisk

@@ -155,8 +155,9 @@ void EditSession::FontChanged() {
 
 void EditSession::ReloadEditor(CProperty& property) {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
-    if (editor)
-        LoadEditorValue(property, editor.Get());
+    // A value that is none for the editor would be lost when the editor commits what it has.
+    if (editor && !LoadEditorValue(property, editor.Get()) && m_CurrentEditor == editor)
+        HideCurrentEditor();
 }
 
 void EditSession::ActivateEditor(bool dropDown) {
@@ -186,13 +187,13 @@ void EditSession::CloseEditor(bool keepOpen) {
     const Ref<CNode> node = m_EditNode;
     if (!editor)
         return;
-    const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get());
-    const bool leavesFocus = builtIn && builtIn->LeavesFocus() && m_Grid.m_Panes.HaveFocus();
     try {
         EditorProxy proxy(editor.Get());
         Collect(editor.Get());
         if (m_CurrentEditor != editor || m_EditNode != node)
             return; // a handler may have gone to another row
+        const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor.Get());
+        const bool leavesFocus = builtIn && builtIn->LeavesFocus() && m_Grid.m_Panes.HaveFocus();
         if (!keepOpen) {
             // Hiding takes the focus away, and a lost focus commits the editor that is current.
             m_CurrentEditor = nullptr;
@@ -290,7 +291,7 @@ void EditSession::ApplyValue(_CEditor* editor) {
     if (!property || property.Get() == m_Validated)
         return;
     _variant_t value = EditorProxy(editor).Value();
-    const auto same = KindOf(property->EditorType()).same;
+    const auto same = KindOf(property->EditorKind()).same;
     if ((same ? same : ValuesEqual)(property->Value(), value) ||
         (m_Collecting && m_Asked && ValuesEqual(*m_Asked, value)))
         return;

@@ -58,6 +58,7 @@ public:
     void TextLostFocus();
     // A built-in editor, or another type that it serves too.
     bool IsOpen(omEditorType type) const { return m_CurrentEditor && m_CurrentEditor == m_Editors.Find(type, {}); }
+    unsigned Starts() const { return m_Starts; } // of editors so far
     // The window of an editor shows what the user picked. Once refused, it is asked about again after AskAnew only.
     void UserPicked(omEditorType type);
     void AskAnew() { m_Asked.reset(); }
@@ -94,7 +95,7 @@ private:
     const CProperty* m_Validated = nullptr; // about whose new value the host is being asked; for comparing only
     std::optional<_variant_t> m_Asked;      // what the host was asked about, since a value was loaded or typed
     bool m_Collecting = false;
-    unsigned m_Starts = 0; // of editors so far
+    unsigned m_Starts = 0;
     ComPtr<CEditorListener> m_editListener;
 };
 

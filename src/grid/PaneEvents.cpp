@@ -40,8 +40,8 @@ bool PaneEvents::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lPara
     if (m_AtRunTime && m_Grid.IsAlive() && OnRunTimeMessage(pane, message, wParam, lParam, result))
         return true;
     switch (message) {
-    case WM_SHOWWINDOW:
-        if (&pane == &panes.m_Control && !wParam)
+    case WM_WINDOWPOSCHANGED:
+        if (&pane == &panes.m_Control && reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW)
             panes.m_ColorEditor.ShowDropDown(false); // which is no child of it
         return false;
     case WM_VSCROLL:

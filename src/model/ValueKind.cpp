@@ -96,6 +96,12 @@ bool ReadsAsInteger(const VARIANT& value) {
     return IgnoringFailures([&] { reads = IsIntegerText(TextOf(value)); }) && reads;
 }
 
+// The host may turn on the editor when an object is asked for its default value: not in the middle of a load.
+_variant_t LoadPlain(CProperty& property) {
+    _variant_t value;
+    return SUCCEEDED(ResolveDefault(property.Value(), value)) ? value : _variant_t(property.Value());
+}
+
 // A number may be a text, or have no sign.
 bool IsSameColor(const VARIANT& present, const VARIANT& edited) {
     std::uint32_t before = 0;
@@ -189,7 +195,11 @@ constexpr ValueKind kKinds[] = {
     {.type = omFileEditor, .accepts = IsNoObject},
     {.type = omDirectoryEditor, .accepts = IsNoObject},
     {.type = omListEditor, .objectText = TextOfObjectEntry, .plainText = TakeTextOfEntry},
-    {.type = omColorEditor, .accepts = ReadsAsInteger, .plainText = ShowHexadecimal, .same = IsSameColor},
+    {.type = omColorEditor,
+     .accepts = ReadsAsInteger,
+     .plainText = ShowHexadecimal,
+     .load = LoadPlain,
+     .same = IsSameColor},
     {.type = omPictureEditor,
      .accepts = IsNothingOr<IPicture, IPictureDisp>,
      .emptyText = NoPicturePrompt,

@@ -38,6 +38,8 @@ void OrmiskSwatch::Create(HWND parent, SwatchListener* listener) {
 
 void OrmiskSwatch::Move(int left, int top, int width, int height) {
     m_Window.MovePixels({left, top, left + width, top + height});
+    if (IsPaletteOpen())
+        PlacePalette();
 }
 
 bool OrmiskSwatch::IsVisible() const { return (GetWindowLongPtrW(hwnd(), GWL_STYLE) & WS_VISIBLE) != 0; }
@@ -133,7 +135,7 @@ void OrmiskSwatch::SetCustomColor(long index, Color color) {
 void OrmiskSwatch::ShowDropDown(bool bShow) {
     if (!bShow)
         return m_frmColorPicker.CloseForm();
-    if (!m_Window.IsAlive() || !m_Enabled)
+    if (!IsVisible() || !m_Enabled)
         return;
     const std::weak_ptr<char> life = m_Life;
     m_frmColorPicker.Load(m_Window.hWnd()); // a window of another frame is closed
@@ -142,10 +144,14 @@ void OrmiskSwatch::ShowDropDown(bool bShow) {
     m_frmColorPicker.ActiveTab(m_Settings.ActiveTab);
     m_frmColorPicker.UpdateInfo(m_Settings);
     m_frmColorPicker.RecalculateSize();
-    const Point place =
-        PlacePalette(WindowRect(m_Window.hWnd()), m_frmColorPicker.WindowSize(), GetSystemMetrics(SM_CYSCREEN));
-    SetWindowPos(m_frmColorPicker.hwnd(), nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    PlacePalette();
     m_frmColorPicker.Showform();
+}
+
+void OrmiskSwatch::PlacePalette() {
+    const Point place =
+        PlaceOfPalette(WindowRect(m_Window.hWnd()), m_frmColorPicker.WindowSize(), GetSystemMetrics(SM_CYSCREEN));
+    SetWindowPos(m_frmColorPicker.hwnd(), nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void OrmiskSwatch::OnTabChanged() {
@@ -262,6 +268,8 @@ void OrmiskSwatch::Arrange() {
 }
 
 void OrmiskSwatch::ShowSettings() {
+    if (IsPaletteOpen())
+        m_frmColorPicker.UpdateInfo(m_Settings);
     if (!m_Window.IsAlive())
         return;
     m_Window.SetBackColor(m_Settings.BackColor);

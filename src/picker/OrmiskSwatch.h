@@ -132,6 +132,7 @@ private:
     void ShowSettings();
     void Arrange();
     void Press();
+    void PlacePalette();
     void ShowButton(bool down);
     Rect ButtonPlace() const;
     Rect TextPlace();

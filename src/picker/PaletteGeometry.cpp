@@ -117,7 +117,7 @@ long ScrollFor(int row, Size area, float edge, long scroll) {
     return std::clamp(scroll, row - visible + 1, static_cast<long>(row));
 }
 
-Point PlacePalette(const Rect& control, Size window, long screenHeight) {
+Point PlaceOfPalette(const Rect& control, Size window, long screenHeight) {
     const bool up = control.bottom + window.cy >= screenHeight;
     return {control.right - window.cx, up ? control.top - window.cy : control.bottom};
 }

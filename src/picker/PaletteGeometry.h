@@ -57,6 +57,6 @@ long ScrollFor(int row, Size area, float edge, long scroll);
 
 // Where the window opens, with its right edge on that of its control: below, or above when there is no room. A control
 // at the left of the screen lets it stick out.
-Point PlacePalette(const Rect& control, Size window, long screenHeight);
+Point PlaceOfPalette(const Rect& control, Size window, long screenHeight);
 
 } // namespace ormisk

@@ -82,6 +82,12 @@ void frmColorPicker::TurnWheel(int delta) {
     m_Turned %= WHEEL_DELTA;
     if (m_View.activeTab == kSystemTab)
         m_VScrollBar.SetValue(m_VScrollBar.Value() + rows);
+    POINT mouse{}; // which has another row under it
+    GetCursorPos(&mouse);
+    ScreenToClient(m_PaletteContainer.hWnd(), &mouse);
+    const Rect page{0, 0, m_View.area.cx, m_View.area.cy};
+    if (m_View.activeTab == kSystemTab && Contains(page, {mouse.x, mouse.y}))
+        MoveTo({mouse.x, mouse.y});
 }
 
 void frmColorPicker::OnMouse(Pane& pane, const MouseEvent& event) {
@@ -107,15 +113,17 @@ void frmColorPicker::ClickTab(Point point) {
         ChangeTab(tab);
 }
 
-// Only the frames are drawn, at once: the rest stays as it is.
+// Only the frames that change are drawn, at once: the rest stays as it is.
 template <class Move> void frmColorPicker::MoveHot(Move&& move) {
     const WindowDC dc(m_PaletteContainer.hWnd());
     if (!dc)
         return;
-    m_Painter.DrawHotFrame(dc.Get(), m_View, false);
+    PalettePainter::DrawHotFrame(dc.Get(), m_View, false);
+    const PaletteCell left = m_View.hotCell;
     move();
-    m_Painter.DrawHotFrame(dc.Get(), m_View, true);
-    m_Painter.DrawSelectionFrame(dc.Get(), m_View);
+    PalettePainter::DrawHotFrame(dc.Get(), m_View, true);
+    if (m_View.selectedCell == left || m_View.selectedCell == m_View.hotCell)
+        PalettePainter::DrawSelectionFrame(dc.Get(), m_View);
 }
 
 void frmColorPicker::MoveTo(Point point) {
@@ -155,9 +163,8 @@ void frmColorPicker::PickByMouse(int button) {
         picked = (cells || m_View.hotRow >= 0) && TakeHot(color);
     } else if (button == kRight && cells && m_View.hotCell.custom && m_View.hotCell) {
         picked = true;
-        if (!AskColor())
+        if (!AskColor(color) || !m_bShown) // the user, or a handler, has gone elsewhere
             return;
-        color = m_View.settings.SelectedColor;
     }
     if (Close() && picked)
         Tell([&](PaletteOwner& owner) { owner.OnColorPicked(color); });
@@ -165,7 +172,7 @@ void frmColorPicker::PickByMouse(int button) {
 
 // The system's dialog gives a colour to the cell whose turn it is, not to the one that was clicked. False when the
 // window is gone afterwards.
-bool frmColorPicker::AskColor() {
+bool frmColorPicker::AskColor(Color& color) {
     const std::weak_ptr<char> life = m_Life;
     std::array<COLORREF, kCustomColors> kept = m_DialogColors;
     CHOOSECOLORW dialog{};
@@ -185,7 +192,7 @@ bool frmColorPicker::AskColor() {
     m_nNextCustomColor = cell + 1;
     m_View.custom[static_cast<std::size_t>(cell)] = dialog.rgbResult;
     m_View.hotCell = m_View.selectedCell = {true, cell};
-    m_View.settings.SelectedColor = dialog.rgbResult;
+    m_View.settings.SelectedColor = color = dialog.rgbResult;
     return Tell([&](PaletteOwner& owner) { owner.OnCustomColorChanged(cell, dialog.rgbResult); });
 }
 
@@ -203,7 +210,10 @@ void frmColorPicker::OnKeyDown(Pane&, int& keyCode, int) {
 // Told before the window closes, other than a pick by mouse.
 void frmColorPicker::PickByKey() {
     Color color = 0;
-    if (!TakeHot(color) || Tell([&](PaletteOwner& owner) { owner.OnColorPicked(color); }))
+    const unsigned opening = m_Openings;
+    if (TakeHot(color) && !Tell([&](PaletteOwner& owner) { owner.OnColorPicked(color); }))
+        return;
+    if (m_Openings == opening) // a handler may have opened it anew
         CloseForm();
 }
 

@@ -118,6 +118,8 @@ void PalettePainter::DrawPage(HDC dc, const PaletteView& view) {
     SelectObject(dc, Font(view));
     SetBkMode(dc, TRANSPARENT);
     Fill(dc, {0, 0, view.area.cx, view.area.cy}, view.PageColor());
+    SelectObject(dc, m_Resources.GetPen(TranslateColor(view.settings.ForeColor), L"ForecolorPen"));
+    SelectObject(dc, GetStockObject(DC_BRUSH)); // each of many swatches changes its colour
     if (view.activeTab == kSystemTab) {
         for (int row = 0; row < kSystemColors; ++row)
             DrawRow(dc, view, row);
@@ -131,14 +133,13 @@ void PalettePainter::DrawPage(HDC dc, const PaletteView& view) {
     DrawSelectionFrame(dc, view);
 }
 
-void PalettePainter::DrawSwatch(HDC dc, const PaletteView& view, const Rect& place, Color color) {
-    const SelectGuard brush(dc, m_Resources.GetBrush(TranslateColor(color), L"BackgroundBrush"));
-    const SelectGuard pen(dc, m_Resources.GetPen(TranslateColor(view.settings.ForeColor), L"ForecolorPen"));
+void PalettePainter::DrawSwatch(HDC dc, const Rect& place, Color color) {
+    SetDCBrushColor(dc, TranslateColor(color));
     Rectangle(dc, place.left, place.top, place.right, place.bottom);
 }
 
 void PalettePainter::DrawCell(HDC dc, const PaletteView& view, PaletteCell cell) {
-    DrawSwatch(dc, view, Inset(view.Place(cell), 1), view.ColorOf(cell));
+    DrawSwatch(dc, Inset(view.Place(cell), 1), view.ColorOf(cell));
 }
 
 void PalettePainter::DrawRow(HDC dc, const PaletteView& view, int row) {
@@ -149,7 +150,7 @@ void PalettePainter::DrawRow(HDC dc, const PaletteView& view, int row) {
     if (selected)
         Fill(dc, place, TranslateColor(view.settings.HighlightColor));
     const Rect swatch{place.left, place.top, place.left + place.Height(), place.bottom};
-    DrawSwatch(dc, view, Inset(swatch, 2), SystemColor(row));
+    DrawSwatch(dc, Inset(swatch, 2), SystemColor(row));
 
     SetTextColor(dc, TranslateColor(selected ? view.settings.HighlightForeColor : view.settings.ForeColor));
     RECT text = ToRect({swatch.right, place.top, place.right, place.bottom});
@@ -158,14 +159,12 @@ void PalettePainter::DrawRow(HDC dc, const PaletteView& view, int row) {
 }
 
 void PalettePainter::Outline(HDC dc, const Rect& place, Color color) {
-    const SelectGuard pen(dc, m_Resources.GetPen(color, L"RectangleBorder"));
+    const SelectGuard pen(dc, GetStockObject(DC_PEN));
+    SetDCPenColor(dc, color);
     const long right = place.right - 1;
     const long bottom = place.bottom - 1;
-    MoveToEx(dc, place.left, place.top, nullptr);
-    LineTo(dc, place.left, bottom);
-    LineTo(dc, right, bottom);
-    LineTo(dc, right, place.top);
-    LineTo(dc, place.left, place.top);
+    Line(dc,
+         {{place.left, place.top}, {place.left, bottom}, {right, bottom}, {right, place.top}, {place.left, place.top}});
 }
 
 // Without it, a frame has the colour of what lies under it.

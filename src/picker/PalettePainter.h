@@ -42,16 +42,16 @@ public:
     void DrawTabs(HDC dc, const PaletteView& view);
     void DrawPage(HDC dc, const PaletteView& view);
     // The frame of the cell or row that the mouse or the keys have come to, or have left.
-    void DrawHotFrame(HDC dc, const PaletteView& view, bool hot);
-    void DrawSelectionFrame(HDC dc, const PaletteView& view);
+    static void DrawHotFrame(HDC dc, const PaletteView& view, bool hot);
+    static void DrawSelectionFrame(HDC dc, const PaletteView& view);
 
 private:
     void DrawTab(HDC dc, const PaletteView& view, int tab);
     void DrawCell(HDC dc, const PaletteView& view, PaletteCell cell);
     void DrawRow(HDC dc, const PaletteView& view, int row);
-    void DrawSwatch(HDC dc, const PaletteView& view, const Rect& place, Color color);
+    static void DrawSwatch(HDC dc, const Rect& place, Color color);
     void Fill(HDC dc, const Rect& place, Color color);
-    void Outline(HDC dc, const Rect& place, Color color);
+    static void Outline(HDC dc, const Rect& place, Color color);
 
     CResourceMgr m_Resources;
 };

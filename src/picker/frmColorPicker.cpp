@@ -27,7 +27,8 @@ frmColorPicker::frmColorPicker(PaletteOwner& owner) : m_Owner(owner) {
 void frmColorPicker::Load(HWND parent) {
     if (m_VScrollBar.hWnd() && GetWindow(m_Window.hWnd(), GW_OWNER) == GetAncestor(parent, GA_ROOT))
         return;
-    Unload();
+    if (!Unload() || m_Window.IsAlive()) // or made anew meanwhile
+        return;
     m_Window.Create(parent, *this, {.takesFocus = true, .visible = false, .popup = true});
     m_Window.SetBackColor(kTabShadow); // what shows of it is a line around the page
     m_TabContainer.Create(m_Window.hWnd(), *this, {.erases = false});
@@ -35,13 +36,18 @@ void frmColorPicker::Load(HWND parent) {
     m_VScrollBar.Create(m_PaletteContainer.hWnd(), *this);
 }
 
-void frmColorPicker::Unload() {
-    if (Close())
+bool frmColorPicker::Unload() {
+    const HWND window = m_Window.hWnd();
+    if (!Close())
+        return false;
+    if (m_Window.hWnd() == window)
         DestroyWindows();
+    return true;
 }
 
 void frmColorPicker::DestroyWindows() {
     m_bShown = false;
+    m_Tooltip.Destroy();
     m_PaletteContainer.Destroy(); // with the scroll bar
     m_TabContainer.Destroy();
     m_Window.Destroy();
@@ -50,6 +56,7 @@ void frmColorPicker::DestroyWindows() {
 void frmColorPicker::UpdateInfo(const SwatchSettings& settings) {
     m_View.settings = settings;
     FindSelection();
+    m_PaletteContainer.Invalidate(false);
 }
 
 void frmColorPicker::RecalculateSize() {
@@ -61,7 +68,9 @@ void frmColorPicker::RecalculateSize() {
     m_View.sizes = MeasurePalette(m_Painter.CaptionSize(dc.Get(), m_View), m_Painter.LineHeight(dc.Get()), screen);
     const Size size = m_View.sizes.window;
     SetWindowPos(m_Window.hWnd(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    Arrange();
+    m_Tooltip.hFont(m_Painter.Font(m_View));
+    if (m_bShown)
+        Arrange();
 }
 
 void frmColorPicker::FindSelection() {
@@ -101,17 +110,15 @@ bool frmColorPicker::Showform() {
     m_Tooltip.Unicode(m_View.settings.Unicode);
     ActiveTab(IsSystemColor(m_View.settings.SelectedColor) ? kSystemTab : kPaletteTab);
     m_bShown = true;
+    ++m_Openings;
     Arrange();
     if (!Tell([](PaletteOwner& owner) { owner.OnPaletteOpened(); }) || !IsShown())
         return false;
     // The window that was active hears of it, too.
     const HWND window = m_Window.hWnd();
     const std::weak_ptr<char> life = m_Life;
-    ShowWindow(window, SW_SHOW);
-    if (life.expired() || !IsShown())
-        return false;
-    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
-    return true;
+    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_SHOWWINDOW);
+    return !life.expired() && IsShown();
 }
 
 void frmColorPicker::CloseForm() { Close(); }

@@ -37,7 +37,7 @@ public:
 
     // Makes the window, unless there is one for the frame that the parent is in. Raises the system's error.
     void Load(HWND parent);
-    void Unload(); // closes and destroys it
+    bool Unload(); // closes and destroys it; false when this object is gone afterwards
     HWND hwnd() const { return m_Window.hWnd(); }
 
     void UpdateInfo(const SwatchSettings& settings);
@@ -78,7 +78,7 @@ private:
     bool TakeHot(Color& color);
     void PickByKey();
     void PickByMouse(int button);
-    bool AskColor();
+    bool AskColor(Color& color);
 
     void ShowTip(int row);
     bool PlaceTip();
@@ -97,6 +97,7 @@ private:
     PaletteView m_View;
     bool m_bShown = false;
     bool m_bColorDialogOpen = false;
+    unsigned m_Openings = 0; // so far
     int m_nLastToolTip = -1; // the row that the tip is about
     int m_nNextCustomColor = 0;
     int m_Turned = 0;                                     // of the wheel, less than a notch

@@ -155,7 +155,8 @@ bool Pane::HandlePainting(UINT message, WPARAM wParam) {
 // The messages of a button come by three (down, up, double click), and those of the left, the right and the middle one
 // follow each other.
 bool Pane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
-    MouseEvent event{MouseStage::Move, ButtonsDown(wParam), ShiftState(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    MouseEvent event{MouseStage::Move, ButtonsDown(wParam), ShiftStateOf(wParam), GET_X_LPARAM(lParam),
+                     GET_Y_LPARAM(lParam)};
     if (message == WM_MOUSEMOVE) {
         m_Listener->OnMouse(*this, event);
         return true;

@@ -34,16 +34,16 @@ std::wstring Trimmed(const std::wstring& text) {
 
 } // namespace
 
-CTooltip::~CTooltip() {
+void CTooltip::Destroy() {
     if (hwnd())
         DestroyWindow(m_hWnd);
+    m_hWnd = nullptr;
 }
 
 void CTooltip::init(HWND hParent) {
     const INITCOMMONCONTROLSEX all{sizeof all, 0xFF};
     InitCommonControlsEx(&all);
-    if (hwnd())
-        DestroyWindow(m_hWnd);
+    Destroy();
     m_hWndParent = hParent;
     m_hWnd = Checked(CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, TTS_NOANIMATE | TTS_ALWAYSTIP | TTS_NOPREFIX,
                                      CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hParent, nullptr,

@@ -20,10 +20,11 @@ public:
     CTooltip() = default;
     CTooltip(const CTooltip&) = delete;
     CTooltip& operator=(const CTooltip&) = delete;
-    ~CTooltip();
+    ~CTooltip() { Destroy(); }
 
     // Makes the window, over all others and active. Raises the system's error.
     void init(HWND hParent);
+    void Destroy();
     HWND hwnd() const { return IsWindow(m_hWnd) ? m_hWnd : nullptr; }
 
     bool BallonStyle() const;

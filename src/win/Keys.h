@@ -11,4 +11,9 @@ inline int ShiftState() {
     return (IsKeyDown(VK_SHIFT) ? 1 : 0) | (IsKeyDown(VK_CONTROL) ? 2 : 0) | (IsKeyDown(VK_MENU) ? 4 : 0);
 }
 
+// The same for a mouse message, which tells two of them.
+inline int ShiftStateOf(WPARAM mouseKeys) {
+    return (mouseKeys & MK_SHIFT ? 1 : 0) | (mouseKeys & MK_CONTROL ? 2 : 0) | (IsKeyDown(VK_MENU) ? 4 : 0);
+}
+
 } // namespace ormisk

@@ -5,6 +5,8 @@
 #include "editors/CColorEditor.h"
 #include "picker/OrmiskSwatch.h"
 
+#include <algorithm>
+
 namespace ormisk::test {
 namespace {
 
@@ -57,7 +59,7 @@ void GoTo(GridContainer& host, _CProperty* property) {
     host.Heard();
 }
 
-void ClickPalette(GridContainer& host, long column, long row) {
+void ClickPalette(GridContainer& host, long column, long row, bool right = false) {
     HWND page = GetWindow(Palette(), GW_CHILD);
     if (const HWND other = GetWindow(page, GW_HWNDNEXT); PlaceInParent(other).top > PlaceInParent(page).top)
         page = other;
@@ -65,7 +67,7 @@ void ClickPalette(GridContainer& host, long column, long row) {
     host.MouseTo(page, 5 + column * edge + edge / 2, 5 + row * edge + edge / 2);
     for (const DWORD flag : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
         INPUT input{};
-        input.mi.dwFlags = flag;
+        input.mi.dwFlags = right ? flag * (MOUSEEVENTF_RIGHTDOWN / MOUSEEVENTF_LEFTDOWN) : flag;
         SendInput(1, &input, sizeof input);
         host.Pump();
     }
@@ -277,6 +279,129 @@ TEST_F(GridTest, AHandlerThatClearsTheGridEndsThePickBadly) {
                 EXPECT_TRUE(done);
                 EXPECT_FALSE(Palette());
             }
+}
+
+std::function<void()> s_InDialog;
+HWND Dialog() {
+    const HWND dialog = FindWindowW(L"#32770", nullptr);
+    return dialog && IsWindowVisible(dialog) ? dialog : nullptr;
+}
+void CALLBACK OnDialogTimer(HWND, UINT, UINT_PTR timer, DWORD) {
+    if (!Dialog())
+        return;
+    KillTimer(nullptr, timer);
+    s_InDialog();
+    PostMessageW(Dialog(), WM_COMMAND, IDOK, 0);
+}
+
+TEST_F(GridTest, APickGoesToTheRowThatCameMeanwhile) {
+    const auto select = [](GridContainer& host) { host.Select(host.Item(2L).Get()); };
+    const std::pair<const char*, std::function<void(GridContainer&)>> ways[] = {
+        {"the dialog",
+         [&](GridContainer& host) {
+             s_InDialog = [&] { select(host); };
+             SetTimer(nullptr, 0, 10, OnDialogTimer);
+             ClickPalette(host, 3, 7, true);
+         }},
+        {"ValidateValue",
+         [&](GridContainer& host) {
+             host.events.on[L"ValidateValue"] = [&](const EventCall&) { select(host); };
+             ClickPalette(host, 2, 2);
+         }},
+        {"PropertyValueChanged",
+         [&](GridContainer& host) {
+             host.events.on[L"PropertyValueChanged"] = [&](const EventCall&) { select(host); };
+             host.RealKeys({VK_RIGHT, VK_RETURN});
+         }},
+    };
+    for (const auto& [way, use] : ways)
+        for (const _variant_t& other : {Null(), _variant_t(), _variant_t(5L), _variant_t(L"99999999999")}) {
+            SCOPED_TRACE(way);
+            GridContainer host;
+            const auto row = AddColor(host, L"A", 0x0000FFL);
+            const auto next = AddColor(host, L"C", other);
+            GoTo(host, row.Get());
+            host.RealKeys({VK_F4});
+            EXPECT_TRUE(Palette());
+            use(host);
+            EXPECT_EQ(host.Selected(), L"C");
+            EXPECT_FALSE(Palette());
+            host.events.on.clear();
+            const _variant_t left = ValueOf(next.Get());
+            EXPECT_EQ(V_VT(&left), V_VT(&other));
+            EXPECT_TRUE(V_VT(&other) == VT_NULL || left == other);
+        }
+}
+
+TEST_F(GridTest, APaletteThatAHandlerOpensIsClosedAgain) {
+    GridContainer host;
+    const auto row = AddColor(host, L"A", 0x0000FFL);
+    const auto next = AddColor(host, L"C", 5L);
+    for (const auto& [way, pick] : kPicks) {
+        SCOPED_TRACE(way);
+        row->put_Value(_variant_t(0x0000FFL));
+        GoTo(host, row.Get());
+        host.events.on[L"PropertyValueChanged"] = [&](const EventCall&) { host->StartPropertyEdit(next.Get()); };
+        host.RealKeys({VK_F4});
+        pick(host);
+        EXPECT_TRUE(Palette());
+        host.events.on.clear();
+        host.RealKeys({VK_ESCAPE});
+        EXPECT_FALSE(Palette());
+    }
+    // Nor does one open over a field that is gone.
+    GoTo(host, row.Get());
+    SetFocus(Field(host));
+    host.events.on[L"KeyDown"] = [&](const EventCall&) { host.Clear(); };
+    host.RealKeys({VK_F4});
+    EXPECT_FALSE(Palette());
+    EXPECT_EQ(host.Count(), 0);
+}
+
+TEST_F(GridTest, AValueSetByCodeIsUndoneByTheOpenColorEditor) {
+    GridContainer host;
+    const auto row = AddColor(host, L"A", 0x0000FFL);
+    host.Add(L"B");
+    for (const _variant_t& value : {_variant_t(0x0080FFL), _variant_t(L"red"), _variant_t(1.5), _variant_t(true)}) {
+        GoTo(host, nullptr);
+        row->put_Value(_variant_t(0x0000FFL));
+        GoTo(host, row.Get());
+        row->put_Value(value);
+        host.Heard();
+        host.Select(host.Item(2L).Get());
+        EXPECT_EQ(host.Heard(), L"SelChanged B");
+        EXPECT_EQ(ValueOf(row.Get()), value);
+    }
+    // The open palette follows.
+    row->put_Value(_variant_t(0x0000FFL));
+    GoTo(host, row.Get());
+    host.RealKeys({VK_F4});
+    row->put_Value(_variant_t(0x0080FFL));
+    host.Heard();
+    host.RealKeys({VK_RETURN});
+    EXPECT_EQ(host.Heard(), L"");
+    // A load is no commit, though nothing equals Null.
+    GoTo(host, AddColor(host, L"C", Null()).Get());
+    host.events.on[L"ValidateValue"] = [](const EventCall& call) { call.Set(2, true); };
+    host.RealKeys({VK_F4});
+    ClickPalette(host, 2, 2);
+    EXPECT_EQ(host.Heard(), L"ValidateValue C 33023 False");
+    SetFocus(Field(host));
+    host.RealKeys({VK_ESCAPE});
+    EXPECT_EQ(host.Heard(), L"");
+    EXPECT_EQ(Shown(host), L"&H00000000&");
+}
+
+TEST_F(GridTest, AHiddenControlWithAPaletteBecomesActiveAgain) {
+    GridContainer host;
+    const auto row = AddColor(host, L"A", 0x0000FFL);
+    GoTo(host, row.Get());
+    host.RealKeys({VK_F4});
+    host.log.clear();
+    EXPECT_EQ(host->DoVerb(OLEIVERB_HIDE, nullptr, &host, 0, host.window, nullptr), S_OK);
+    host.Pump();
+    EXPECT_FALSE(Palette());
+    EXPECT_EQ(std::count(host.log.begin(), host.log.end(), "OnUIActivate"), 0);
 }
 
 TEST_F(GridTest, AColorRowTakesTheFocusFromAnotherWindow) {

@@ -271,6 +271,11 @@ TEST_F(PaletteTest, SystemColorsAreOutOfReachOrPickedWrongly) {
     in.Mouse(MOUSEEVENTF_WHEEL, WHEEL_DELTA);
     GetScrollInfo(in.Bar(), SB_CTL, &info);
     EXPECT_EQ(info.nPos, info.nMax - 3);
+    in.Mouse(MOUSEEVENTF_LEFTDOWN);
+    in.Mouse(MOUSEEVENTF_LEFTUP);
+    EXPECT_EQ(in->SelectedColor(), SystemColor(RowAt(in.MiddleOfRow(0), in.PageSize(), in.Edge(), info.nPos)))
+        << "what the list has under the mouse";
+    in.Open();
     SendMessageW(in.Page(), WM_VSCROLL, SB_TOP, reinterpret_cast<LPARAM>(in.Bar()));
     in.Click(in.Page(), in.MiddleOfRow(0));
     EXPECT_EQ(in->SelectedColor(), 0x80000000U);

@@ -180,11 +180,11 @@ TEST(PaletteGeometry, RowsScrollTooFarOrTooLittle) {
 
 TEST(PaletteGeometry, ThePaletteHidesItsFieldOrLeavesTheScreenBelow) {
     const Size window{135, 160};
-    EXPECT_EQ(PlacePalette({300, 100, 500, 120}, window, 768), (Point{365, 120}));
-    EXPECT_EQ(PlacePalette({300, 700, 500, 720}, window, 768), (Point{365, 540})) << "upward, on its top";
-    EXPECT_EQ(PlacePalette({300, 588, 500, 608}, window, 768), (Point{365, 428})) << "it would touch the edge";
-    EXPECT_EQ(PlacePalette({300, 587, 500, 607}, window, 768), (Point{365, 607}));
-    EXPECT_EQ(PlacePalette({0, 100, 50, 120}, window, 768), (Point{-85, 120})) << "out at the left";
+    EXPECT_EQ(PlaceOfPalette({300, 100, 500, 120}, window, 768), (Point{365, 120}));
+    EXPECT_EQ(PlaceOfPalette({300, 700, 500, 720}, window, 768), (Point{365, 540})) << "upward, on its top";
+    EXPECT_EQ(PlaceOfPalette({300, 588, 500, 608}, window, 768), (Point{365, 428})) << "it would touch the edge";
+    EXPECT_EQ(PlaceOfPalette({300, 587, 500, 607}, window, 768), (Point{365, 607}));
+    EXPECT_EQ(PlaceOfPalette({0, 100, 50, 120}, window, 768), (Point{-85, 120})) << "out at the left";
 }
 
 } // namespace
