@@ -99,20 +99,12 @@ TEST_F(TooltipTest, OneSettingMovesAnotherOrIsLost) {
     tip.BallonStyle(false);
     EXPECT_EQ(GetWindowLongPtrW(tip.hwnd(), GWL_STYLE), style);
 
-    tip.BackColor(0x8000000F);
-    EXPECT_EQ(tip.BackColor(), GetSysColor(COLOR_BTNFACE));
-    tip.ForeColor(0x123456);
-    EXPECT_EQ(tip.ForeColor(), 0x123456U);
     tip.InitialDelay(111);
     tip.ReshowDelay(22);
     tip.AutopopDelay(3333);
     EXPECT_EQ(tip.InitialDelay(), 111);
     EXPECT_EQ(tip.ReshowDelay(), 22);
     EXPECT_EQ(tip.AutopopDelay(), 3333);
-    tip.Title(L"Title");
-    tip.Icon(1);
-    EXPECT_EQ(tip.Title(), L"Title");
-    EXPECT_EQ(tip.Icon(), 1);
     RECT rect{10, 10, 50, 20};
     tip.AdjustRect(rect);
     EXPECT_LE(rect.left, 10);
