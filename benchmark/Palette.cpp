@@ -16,20 +16,11 @@ constexpr int kCells = 64;
 constexpr int kInRow = 8;
 constexpr int kMargin = 10; // of the width, beside the cells
 
-// The palette of this thread while it is open, else null.
+// The palette while it is open, else null.
 HWND OpenPalette() {
     HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM result) -> BOOL {
-            wchar_t name[32] = L"";
-            GetClassNameW(window, name, 32);
-            const bool palette = IsWindowVisible(window) && std::wstring(name) == L"OrmiskPane";
-            if (palette)
-                *reinterpret_cast<HWND*>(result) = window;
-            return !palette;
-        },
-        reinterpret_cast<LPARAM>(&found));
+    while ((found = FindWindowExW(nullptr, found, L"OrmiskPane", nullptr)) && !IsWindowVisible(found)) {
+    }
     return found;
 }
 
@@ -48,7 +39,7 @@ void Update(HWND window) {
     GdiFlush();
 }
 
-// A window over the same place that paints the same cells with what it has made before.
+// A window of the same size, beside it, that paints the same cells with what it has made before.
 class BarePalette {
 public:
     explicit BarePalette(HWND palette) {
@@ -58,7 +49,7 @@ public:
         bare.hInstance = GetModuleHandleW(nullptr);
         bare.lpszClassName = kClass;
         RegisterClassW(&bare);
-        m_Window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kClass, L"", WS_POPUP, m_Place.left, m_Place.top,
+        m_Window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kClass, L"", WS_POPUP, m_Place.right, m_Place.top,
                                    m_Place.right - m_Place.left, m_Place.bottom - m_Place.top,
                                    GetWindow(palette, GW_OWNER), nullptr, bare.hInstance, this);
         Need(m_Window ? S_OK : E_FAIL, "a bare window");
@@ -74,6 +65,7 @@ public:
     BarePalette& operator=(const BarePalette&) = delete;
 
     HWND Window() const { return m_Window; }
+    void ShowBeside() const { ShowWindow(m_Window, SW_SHOWNA); } // the palette stays open
     void Hide() const { ShowWindow(m_Window, SW_HIDE); }
     void Open() const {
         SetWindowPos(m_Window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_SHOWWINDOW);
@@ -133,19 +125,22 @@ public:
         Open();
         const BarePalette bare(OpenPalette());
         const HWND page = PageOf(OpenPalette());
-        const auto nothing = [] {};
-        Report("palette_paint", kCells, MedianOf(kRuns, nothing, [page] { Update(page); }));
         Hover(page);
-        Close();
-        const auto close = [this] { Close(); };
-        Report("palette_open", kCells, MedianOf(kRuns, close, [this] { Open(); }));
-        Close();
-        const auto hide = [this, &bare] {
+        bare.ShowBeside();
+        const auto nothing = [] {};
+        const auto paints =
+            MediansOf(kRuns, {{nothing, [page] { Update(page); }}, {nothing, [&bare] { Update(bare.Window()); }}});
+        bare.Hide();
+        const auto close = [this, &bare] {
             bare.Hide();
-            m_Window.Settle();
+            Close();
         };
-        Report("palette_open_floor", kCells, MedianOf(kRuns, hide, [&bare] { bare.Open(); }));
-        Report("palette_paint_floor", kCells, MedianOf(kRuns, nothing, [&bare] { Update(bare.Window()); }));
+        const auto opens = MediansOf(kRuns, {{close, [this] { Open(); }}, {close, [&bare] { bare.Open(); }}});
+        close();
+        Report("palette_paint", kCells, paints[0]);
+        Report("palette_paint_floor", kCells, paints[1]);
+        Report("palette_open", kCells, opens[0]);
+        Report("palette_open_floor", kCells, opens[1]);
     }
 
 private:

@@ -67,7 +67,8 @@ void frmColorPicker::RecalculateSize() {
     const Size screen{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
     m_View.sizes = MeasurePalette(m_Painter.CaptionSize(dc.Get(), m_View), m_Painter.LineHeight(dc.Get()), screen);
     const Size size = m_View.sizes.window;
-    SetWindowPos(m_Window.hWnd(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (m_Window.ClientSize() != size)
+        SetWindowPos(m_Window.hWnd(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     m_Tooltip.hFont(m_Painter.Font(m_View));
     if (m_bShown)
         Arrange();

@@ -25,15 +25,8 @@ std::wstring ClassOf(HWND window) {
 // The palette on screen, of whichever grid; null when there is none.
 HWND Palette() {
     HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM result) -> BOOL {
-            const bool palette = IsWindowVisible(window) && ClassOf(window) == L"OrmiskPane";
-            if (palette)
-                *reinterpret_cast<HWND*>(result) = window;
-            return !palette;
-        },
-        reinterpret_cast<LPARAM>(&found));
+    while ((found = FindWindowExW(nullptr, found, L"OrmiskPane", nullptr)) && !IsWindowVisible(found)) {
+    }
     return found;
 }
 
