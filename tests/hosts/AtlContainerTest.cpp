@@ -136,6 +136,14 @@ public:
         PumpMessages();
     }
 
+    // A colour row, and its palette open.
+    LateBound OpenPalette() const {
+        LateBound row = properties.Object(L"Add", {L"C", 255L, L"", L"", static_cast<IDispatch*>(nullptr), true, 10L});
+        grid.Call(L"StartPropertyEdit", {_variant_t(row.Dispatch())});
+        PumpMessages();
+        return row;
+    }
+
     // Reads and calls whatever a host might: each call succeeds or fails, and comes back.
     void UseEverything() const {
         for (const wchar_t* name : {L"ActiveView", L"Font", L"Picture", L"SelectedProperty", L"Version", L"hwnd",
@@ -187,6 +195,7 @@ protected:
         // The system keeps windows and drawing handles of its own from their first use on.
         for (int i = 0; i < 2; ++i) {
             AtlContainer warm;
+            warm.OpenPalette();
             warm.FillForEdit();
             warm.UseEverything();
         }
@@ -234,10 +243,7 @@ TEST_F(GridInContainer, APaletteStaysBehindItsContainer) {
     };
     for (const bool byKey : {true, false}) {
         AtlContainer host;
-        const LateBound row =
-            host.properties.Object(L"Add", {L"C", 255L, L"", L"", static_cast<IDispatch*>(nullptr), true, 10L});
-        host.grid.Call(L"StartPropertyEdit", {_variant_t(row.Dispatch())});
-        PumpMessages();
+        const LateBound row = host.OpenPalette();
         ASSERT_TRUE(palette());
         if (byKey) {
             SendMessageW(palette(), WM_KEYDOWN, VK_RIGHT, 1);
