@@ -2,6 +2,8 @@
 set(RULE_SOURCES
   grid/ChromeLayout.cpp
   grid/RowLayout.cpp
+  editors/DateRules.cpp
+  editors/DialogRules.cpp
   editors/TextRules.cpp
   listbox/ListPlace.cpp
   listbox/TypeAhead.cpp

@@ -133,6 +133,8 @@ protected:
     // A window of the control has taken the focus, or the focus has left the control's windows.
     void UiActivate();
     void FocusLost();
+    // Of the container, while the control is active in it; else null.
+    ComPtr<IOleInPlaceFrame> ContainerFrame() const { return m_Session.Frame(); }
     // Lets the window be destroyed and the events end. Once, from FinalRelease.
     void CloseForever();
 

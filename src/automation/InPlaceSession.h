@@ -20,6 +20,7 @@ public:
 
     bool IsActive() const { return m_Site.Get() != nullptr; }
     bool IsUiActive() const { return m_UiActive; }
+    ComPtr<IOleInPlaceFrame> Frame() const { return m_Frame; } // null when the host has none
 
     // S_OK when the session stands. A failure leaves none.
     HRESULT Begin(IOleClientSite* site, Place& place);

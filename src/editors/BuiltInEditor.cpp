@@ -4,8 +4,8 @@
 
 namespace ormisk {
 
-void BuiltInEditor::Attach(const EditorWindows& windows) {
-    Borrow(windows);
+void BuiltInEditor::Attach(const EditorTools& tools) {
+    Borrow(tools);
     if (!Window())
         m_Listener = nullptr;
 }

@@ -5,15 +5,30 @@
 
 namespace ormisk {
 
+class ChildWindowListener;
+class DialogHost;
 class OrmiskListBox;
 class OrmiskSwatch;
 class TextBox;
 
-// The windows of the control that built-in editors borrow; they outlive the registry's Clear.
-struct EditorWindows {
+// Whom the button of a custom dialog row tells that it was pressed.
+class CCusDialogListener {
+public:
+    virtual void RaiseCustomDialogEvent() = 0;
+
+protected:
+    ~CCusDialogListener() = default;
+};
+
+// What built-in editors borrow of the control: windows, and for those with windows of their own whoever hears their
+// keys and stands behind their dialogs. All of it outlives the registry's Clear.
+struct EditorTools {
     TextBox* TextEditor = nullptr;
     OrmiskListBox* ListEditor = nullptr;
     OrmiskSwatch* ColorEditor = nullptr;
+    ChildWindowListener* Keys = nullptr;
+    DialogHost* Dialogs = nullptr;
+    CCusDialogListener* CustomDialog = nullptr;
 };
 
 // An editor of the library's own: it stands over the cell in one window, in pixels, and reports to the listener of the
@@ -21,10 +36,12 @@ struct EditorWindows {
 // beside the contract; EditorRegistry::BuiltIn finds them for an editor.
 class BuiltInEditor : public CEditor {
 public:
-    // Lends the editor the windows of the control; empty ones when the control takes them back.
-    void Attach(const EditorWindows& windows);
+    // Lends the editor what it needs of the control; nothing when the control takes it back.
+    void Attach(const EditorTools& tools);
     // Copies the font into the editor's window. False: this editor, in a row of this type, takes a handle instead.
     virtual bool TakeFont(omEditorType /*type*/, const FontDescription& /*font*/) { return false; }
+    // The font of the control, for rows that get none of their own.
+    virtual void TakeControlFont(const FontDescription& /*font*/) {}
     // The editor has just been given the focus on the user's demand: by Alt+Down or F4 (drop down) or a double click.
     virtual void Activate(bool /*dropDown*/) {}
     // A key typed on the row is about to be replayed in the editor.
@@ -35,11 +52,17 @@ public:
     virtual void KeyPress(int& /*keyAscii*/) {}
     // Whether the user changed the text since the last load.
     virtual bool IsModified() const { return false; }
+    // What it drops down closes.
+    virtual void CloseUp() {}
+    // Of the control; windows of the control's own know it already.
+    virtual void SetEnabled(bool /*enabled*/) {}
+    // Whether its value is this object.
+    virtual bool Holds(const IUnknown* /*object*/) const { return false; }
     // Its window is there for the mouse and for what it drops down: after a commit the rows have the focus again.
     virtual bool LeavesFocus() const { return false; }
 
 protected:
-    virtual void Borrow(const EditorWindows& /*windows*/) {}
+    virtual void Borrow(const EditorTools& /*tools*/) {}
     // Takes what the row sets. Whatever is asked of the property may call the host, and another row be here then.
     virtual void ReadRow(_CProperty* property) = 0;
 

@@ -20,6 +20,11 @@ void CColorEditor::Activate(bool) {
         m_Picker->ShowDropDown(true);
 }
 
+void CColorEditor::CloseUp() {
+    if (m_Picker)
+        m_Picker->ShowDropDown(false);
+}
+
 void CColorEditor::KeyPress(int& keyAscii) {
     const ComPtr<_CEditor> self(this);
     if (keyAscii != VK_RETURN && keyAscii != VK_ESCAPE)

@@ -12,10 +12,11 @@ public:
     void Activate(bool dropDown) override; // opens the palette in any case
     void KeyPress(int& keyAscii) override; // ENTER and ESC give the focus to the rows; never cleared, raises nothing
     void Picked() override;
+    void CloseUp() override;
     bool LeavesFocus() const override { return true; }
 
 private:
-    void Borrow(const EditorWindows& windows) override { m_Picker = windows.ColorEditor; }
+    void Borrow(const EditorTools& tools) override { m_Picker = tools.ColorEditor; }
     _variant_t Value() const override;
     // Empty and Null count as 0. What is no colour leaves the field as it is: there is nothing to commit then until the
     // user picks something.

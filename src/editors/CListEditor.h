@@ -11,12 +11,13 @@ class CListEditor final : public BuiltInEditor {
 public:
     // A Boolean row keeps the font that the list has.
     bool TakeFont(omEditorType type, const FontDescription& font) override;
+    void TakeControlFont(const FontDescription& font) override { TakeFont(omListEditor, font); }
     // Opens the list, or goes on to the next entry and commits it.
     void Activate(bool dropDown) override;
     void KeyPress(int& keyAscii) override; // ENTER and ESC end the edit; never cleared, raises nothing
 
 private:
-    void Borrow(const EditorWindows& windows) override { m_ListBox = windows.ListEditor; }
+    void Borrow(const EditorTools& tools) override { m_ListBox = tools.ListEditor; }
     _variant_t Value() const override;
     // A value that no entry has becomes an entry of its own, the first one, until the next Reset.
     void SetValue(const VARIANT& value) override;

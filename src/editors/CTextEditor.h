@@ -16,7 +16,7 @@ public:
     bool IsModified() const override;
 
 private:
-    void Borrow(const EditorWindows& windows) override { m_TextBox = windows.TextEditor; }
+    void Borrow(const EditorTools& tools) override { m_TextBox = tools.TextEditor; }
     _variant_t Value() const override;
     void SetValue(const VARIANT& value) override;
     HWND Window() const override;

@@ -1,7 +1,12 @@
 #include "editors/EditorRegistry.h"
 
 #include "editors/CColorEditor.h"
+#include "editors/CCustomDialog.h"
+#include "editors/CDateEditor.h"
+#include "editors/CDirectoryEditor.h"
+#include "editors/CFontEditor.h"
 #include "editors/CListEditor.h"
+#include "editors/CPictureEditor.h"
 #include "editors/CTextEditor.h"
 #include "model/NumberText.h"
 
@@ -25,19 +30,24 @@ struct BuiltInKind {
 // In the order of their making.
 constexpr BuiltInKind kBuiltInKinds[] = {
     {omTextEditor, Make<CTextEditor>, {}},
+    {omDateEditor, Make<CDateEditor>, {}},
     {omNumberEditor, Make<CTextEditor>, {}},
     {omListEditor, Make<CListEditor>, omBooleanEditor},
+    {omFontEditor, Make<CFontEditor>, {}},
     {omColorEditor, Make<CColorEditor>, {}},
+    {omCustomDialog, Make<CCustomDialog>, {}},
+    {omDirectoryEditor, Make<CDirectoryEditor>, omFileEditor},
+    {omPictureEditor, Make<CPictureEditor>, {}},
 };
 
 } // namespace
 
-void EditorRegistry::CreateBuiltInEditors(HWND treeWindow, const EditorWindows& windows) {
+void EditorRegistry::CreateBuiltInEditors(HWND treeWindow, const EditorTools& tools) {
     for (const BuiltInKind& kind : kBuiltInKinds) {
         const ComPtr<BuiltInEditor> made = kind.Make();
         EditorProxy editor(made.Get());
         editor.Init(treeWindow);
-        made->Attach(windows);
+        made->Attach(tools);
         m_BuiltIn.push_back({kind.Type, made});
         if (kind.Also)
             m_BuiltIn.push_back({*kind.Also, made});
@@ -81,6 +91,20 @@ void EditorRegistry::Clear() {
     for (const BuiltInEntry& entry : std::exchange(m_BuiltIn, {}))
         entry.Editor->Attach({});
     m_Custom.TakeAll();
+}
+
+void EditorRegistry::TakeControlFont(const FontDescription& font) const {
+    for (const BuiltInEntry& entry : m_BuiltIn)
+        entry.Editor->TakeControlFont(font);
+}
+
+void EditorRegistry::SetEnabled(bool enabled) const {
+    for (const BuiltInEntry& entry : m_BuiltIn)
+        entry.Editor->SetEnabled(enabled);
+}
+
+bool EditorRegistry::Holds(const IUnknown* object) const {
+    return std::ranges::any_of(m_BuiltIn, [&](const BuiltInEntry& entry) { return entry.Editor->Holds(object); });
 }
 
 ComPtr<_CEditor> EditorRegistry::Find(omEditorType type, const std::wstring& editorKey) const {

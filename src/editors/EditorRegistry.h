@@ -14,7 +14,7 @@ namespace ormisk {
 class EditorRegistry {
 public:
     // Makes the built-in editors, each told its parent window, given its windows, filed and hidden.
-    void CreateBuiltInEditors(HWND treeWindow, const EditorWindows& windows);
+    void CreateBuiltInEditors(HWND treeWindow, const EditorTools& tools);
 
     // Files an editor of the host under its key, after `init` with the parent window, and hides it. Nothing is passed
     // over. Raises InvalidKey for a blank key, EditorKeyPresent for a key in use whatever its case, and what the editor
@@ -25,6 +25,13 @@ public:
     // The host has done with the control. Its editors go, and one that is being registered is not filed any more.
     void EndUse() noexcept;
     unsigned Uses() const { return m_Uses; } // that have ended so far
+
+    // The font of the control is this one by now.
+    void TakeControlFont(const FontDescription& font) const;
+    // The control's windows take keys, or take none.
+    void SetEnabled(bool enabled) const;
+    // Whether an editor of ours has this object as its value.
+    bool Holds(const IUnknown* object) const;
 
     // The editor of a row, null when there is none. The key counts for custom editors only.
     ComPtr<_CEditor> Find(omEditorType type, const std::wstring& editorKey) const;

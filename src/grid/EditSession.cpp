@@ -1,7 +1,7 @@
 #include "grid/EditSession.h"
 
 #include "grid/Grid.h"
-#include "grid/Meanwhile.h"
+#include "win/Meanwhile.h"
 #include "model/ValueKind.h"
 #include "model/ValueRules.h"
 
@@ -12,7 +12,12 @@ EditSession::EditSession(Grid& grid) : m_Grid(grid), m_Place(grid), m_editListen
 void EditSession::CreateEditors() {
     m_Editors.CreateBuiltInEditors(m_Grid.m_Panes.TreeWnd(), {.TextEditor = &m_Grid.m_Panes.m_TextEditor,
                                                               .ListEditor = &m_Grid.m_Panes.m_ListEditor,
-                                                              .ColorEditor = &m_Grid.m_Panes.m_ColorEditor});
+                                                              .ColorEditor = &m_Grid.m_Panes.m_ColorEditor,
+                                                              .Keys = &m_Grid.m_FieldInput,
+                                                              .Dialogs = &m_Grid.m_FieldInput,
+                                                              .CustomDialog = &m_Grid.m_FieldInput});
+    m_Editors.TakeControlFont(m_Grid.m_State.font);
+    m_Grid.m_Panes.m_picHeaderContainer.BringToTop(); // above them
 }
 
 void EditSession::Release() {
@@ -24,7 +29,7 @@ void EditSession::Release() {
 
 // A text stays in its box as the user left it.
 void EditSession::LetObjectsGo() {
-    if (!m_Editors.BuiltIn(m_CurrentEditor.Get()) || IsOpen(omListEditor))
+    if (!m_Editors.BuiltIn(m_CurrentEditor.Get()) || IsOpen(omListEditor) || IsOpen(omCustomDialog))
         HideCurrentEditor();
     m_Grid.m_Panes.m_ListEditor.Clear();
     m_Editors.EndUse();
@@ -140,10 +145,17 @@ void EditSession::Scrolled() {
         return;
     CloseEditor(true);
     FollowRow();
-    m_Grid.m_Panes.m_picHeaderContainer.BringToTop();
+    m_Editors.TakeControlFont(m_Grid.m_State.font);
+    m_Grid.m_Panes.m_picHeaderContainer.BringToTop(); // above them
+}
+
+void EditSession::CloseUp() {
+    if (BuiltInEditor* builtIn = m_Editors.BuiltIn(m_CurrentEditor.Get()))
+        builtIn->CloseUp();
 }
 
 void EditSession::FontChanged() {
+    m_Editors.TakeControlFont(m_Grid.m_State.font);
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     const Ref<CNode> node = m_EditNode;
     const CProperty* property = node ? node->Property() : nullptr;

@@ -46,6 +46,7 @@ public:
     void FollowRow();
     void Scrolled();
     void FontChanged();
+    void CloseUp(); // what the open editor has dropped down
     // After the selected property changed: shows what it kept.
     void ReloadEditor(CProperty& property);
     void CommitAndHide();

@@ -1,7 +1,7 @@
 #include "grid/Grid.h"
 
 #include "automation/ComPtr.h"
-#include "grid/Meanwhile.h"
+#include "win/Meanwhile.h"
 
 #include <cstdint>
 
@@ -21,7 +21,7 @@ Grid::Grid(GridHost& host)
     : m_Host(host), m_Events(host.Sinks()), m_CProperties(MakeObject<CProperties>()), m_Properties(*this),
       m_ModelView(*this), m_ObjectLoader(*this), m_PaneEvents(*this), m_Panes(*this), m_RowLook(*this),
       m_RowPainter(*this), m_ChromeMetrics(*this), m_ChromePainter(*this), m_RecordToolbar(*this), m_Input(*this),
-      m_ListInput(*this), m_ColorInput(*this), m_FocusOrder(*this), m_Selection(*this), m_Session(*this) {
+      m_ListInput(*this), m_ColorInput(*this), m_FieldInput(*this), m_FocusOrder(*this), m_Selection(*this), m_Session(*this) {
     INITCOMMONCONTROLSEX classes{};
     classes.dwSize = sizeof classes;
     classes.dwICC = kControlClasses;
@@ -72,9 +72,12 @@ void Grid::LetObjectsGo() {
 
 bool Grid::OwnsReferences(ULONG count) const {
     const ULONG rows = m_CProperties ? m_CProperties->ControlReferences() : 0;
+    if (count <= rows)
+        return count == rows;
     const OrmiskListBox& list = m_Panes.m_ListEditor;
-    return count == rows || (count > rows && count - rows <= static_cast<ULONG>(list.ListCount()) &&
-                             count - rows == list.CountOf(m_Host.Outer()));
+    const ULONG others = count - rows;
+    return others <= static_cast<ULONG>(list.ListCount()) + 1 &&
+           others == list.CountOf(m_Host.Outer()) + (m_Session.m_Editors.Holds(m_Host.Outer()) ? 1 : 0);
 }
 
 void Grid::ReportTrappedError(const AutomationError& error) {
@@ -86,6 +89,7 @@ void Grid::ReportTrappedError(const AutomationError& error) {
         return;
     const std::wstring text = error.source + L" : " + error.description + L" : " +
                               std::to_wstring(static_cast<std::int64_t>(error.number) - kErrorBase);
+    const ModalScope modal(m_FieldInput);
     MessageBoxW(m_Panes.m_Control.hWnd(), text.c_str(), kLibraryTitle, MB_OK);
 }
 

@@ -5,6 +5,7 @@
 #include "grid/ChromePainter.h"
 #include "grid/ColorInput.h"
 #include "grid/EditSession.h"
+#include "grid/FieldInput.h"
 #include "grid/FocusOrder.h"
 #include "grid/GridEvents.h"
 #include "grid/GridProperties.h"
@@ -34,6 +35,7 @@ public:
     virtual bool UserMode() = 0;
     virtual void NotifyChanged(DISPID id) = 0;
     virtual ConnectionPoints& Sinks() = 0;
+    virtual ComPtr<IOleInPlaceFrame> ContainerFrame() = 0; // null without one
     virtual void FocusEntered() = 0;      // a window of the control took the focus
     virtual void AccessKeysChanged() = 0; // the container should ask for them anew
 
@@ -99,6 +101,7 @@ public:
     Input m_Input;
     ListInput m_ListInput;
     ColorInput m_ColorInput;
+    FieldInput m_FieldInput;
     FocusOrder m_FocusOrder;
     Selection m_Selection;
     EditSession m_Session;

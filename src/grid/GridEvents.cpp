@@ -20,6 +20,7 @@ enum EventId : DISPID {
     kSelChanged = 10,
     kHelpRequested = 11,
     kValidateValue = 12,
+    kShowEditorDialog = 13,
     kActiveViewChanged = 14,
     kDisplayError = 15,
 };
@@ -152,6 +153,10 @@ void GridEvents::HelpRequested(CProperty& property, bool& processDefault) {
 void GridEvents::ValidateValue(CProperty& property, const VARIANT& newValue, bool& cancel) {
     VARIANT_BOOL flag = VARIANT_FALSE;
     cancel = Ask(kValidateValue, {Object(&property), newValue, FlagReference(flag)}, cancel, flag);
+}
+
+void GridEvents::ShowEditorDialog(CProperty& property, VARIANT& value) {
+    Tell(kShowEditorDialog, {Object(&property), Pointer(VT_BYREF | VT_VARIANT, &value)});
 }
 
 void GridEvents::ActiveViewChanged() { Tell(kActiveViewChanged, {}); }

@@ -28,6 +28,8 @@ public:
     void SelChanged(CProperty* property); // null for a category row or no selection
     void HelpRequested(CProperty& property, bool& processDefault);
     void ValidateValue(CProperty& property, const VARIANT& newValue, bool& cancel);
+    // Whatever the host puts in place of the value is the caller's.
+    void ShowEditorDialog(CProperty& property, VARIANT& value);
     void ActiveViewChanged();
     void DisplayError(const std::wstring& message, long number, bool& showMessageBox);
     void KeyUp(int& keyCode, int& shift);

@@ -3,16 +3,13 @@
 #include "grid/Grid.h"
 #include "platform/AccessKey.h"
 #include "platform/Rounding.h"
+#include "win/Keys.h"
 
 #include <algorithm>
 
 namespace ormisk {
 
 namespace {
-
-constexpr int kShiftKey = 1;
-constexpr int kCtrlKey = 2;
-constexpr int kAltKey = 4;
 
 wchar_t FirstUpper(const std::wstring& text) { return text.empty() ? L'\0' : SystemUpper(text.front()); }
 

@@ -1,7 +1,7 @@
 #include "grid/ObjectLoader.h"
 
 #include "grid/Grid.h"
-#include "grid/Meanwhile.h"
+#include "win/Meanwhile.h"
 
 namespace ormisk {
 

@@ -205,8 +205,10 @@ STDMETHODIMP OrmiskGrid::StartPropertyEdit(_CProperty* property) {
 }
 
 STDMETHODIMP OrmiskGrid::ShowAbout() {
-    return Run(
-        [&] { ShowAboutWindow(Window(), kLibraryTitle, VersionText(kVersionMajor, kVersionMinor, kVersionRevision)); });
+    return Run([&] {
+        const ModalScope modal(m_Grid.m_FieldInput);
+        ShowAboutWindow(Window(), kLibraryTitle, VersionText(kVersionMajor, kVersionMinor, kVersionRevision));
+    });
 }
 
 STDMETHODIMP OrmiskGrid::get_Version(BSTR* value) {

@@ -139,6 +139,7 @@ private:
     bool UserMode() override { return ControlCore::UserMode(); }
     void NotifyChanged(DISPID id) override { ControlCore::NotifyChanged(id); }
     ConnectionPoints& Sinks() override { return *this; }
+    ComPtr<IOleInPlaceFrame> ContainerFrame() override { return ControlCore::ContainerFrame(); }
     void FocusEntered() override { UiActivate(); }
     void AccessKeysChanged() override { NotifyAccessKeysChanged(); }
     // ControlFontListener

@@ -42,7 +42,7 @@ bool PaneEvents::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lPara
     switch (message) {
     case WM_WINDOWPOSCHANGED:
         if (&pane == &panes.m_Control && reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW)
-            panes.m_ColorEditor.ShowDropDown(false); // which is no child of it
+            m_Grid.m_Session.CloseUp(); // palettes and calendars are no children of it
         return false;
     case WM_VSCROLL:
         return &pane == &panes.m_picTreeContainer && panes.m_VScroll.HandleScroll(wParam, lParam);

@@ -20,7 +20,6 @@ void Panes::Create(HWND parent) {
     m_VScroll.Create(TreeWnd(), m_Grid.m_PaneEvents);
     m_TextEditor.Create(TreeWnd(), &m_Grid.m_Input);
     m_ListEditor.Create(TreeWnd(), &m_Grid.m_ListInput);
-    m_ListEditor.SetFont(m_Grid.m_State.font);
     m_ColorEditor.InitProperties(m_Grid.m_State.font);
     m_ColorEditor.Create(TreeWnd(), &m_Grid.m_ColorInput);
     m_picHeaderContainer.BringToTop();
@@ -62,7 +61,6 @@ void Panes::FontChanged() {
     UpdateHeaderMetrics();
     RecalcRowHeight();
     RecalcLayout();
-    m_ListEditor.SetFont(m_Grid.m_State.font); // Boolean rows get none of their own
     // What keeps its size shows the font too, also while refresh is locked.
     for (Pane* pane : {&m_picNameHeader, &m_picValueHeader, &m_picDescPane, &m_picTabContainer})
         pane->Invalidate(true);
@@ -179,6 +177,7 @@ void Panes::ApplyEnabled() {
     m_Grid.m_RecordToolbar.m_txtRecordNo.SetEnabled(enabled);
     m_ListEditor.SetEnabled(enabled);
     m_ColorEditor.SetEnabled(enabled);
+    m_Grid.m_Session.m_Editors.SetEnabled(enabled);
 }
 
 void Panes::ApplyShowDescription() {

@@ -87,12 +87,9 @@ INT_PTR CALLBACK AboutProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
 
 void ShowAboutWindow(HWND owner, const std::wstring& product, const std::wstring& version) {
     AboutState state{owner ? GetAncestor(owner, GA_ROOT) : nullptr, product, version, {}};
-    const HWND focus = GetFocus();
     if (DialogBoxParamW(ThisModule(), MAKEINTRESOURCEW(kDialog), state.Owner, AboutProc,
                         reinterpret_cast<LPARAM>(&state)) == -1)
         ThrowLastError();
-    if (IsWindow(focus))
-        SetFocus(focus);
 }
 
 } // namespace ormisk

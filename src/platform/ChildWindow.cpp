@@ -25,9 +25,12 @@ void ChildWindow::Destroy() {
 // window property for each.
 void ChildWindow::Subclass(HWND window) {
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    std::erase_if(m_Before, [&](const auto& gone) { return gone.first == window; }); // numbers come again
     m_Before.emplace_back(window, reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC)));
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProc));
+}
+
+void ChildWindow::Forget(HWND window) {
+    std::erase_if(m_Before, [&](const auto& before) { return before.first == window; });
 }
 
 WNDPROC ChildWindow::ProcedureBefore(HWND window) const {
@@ -65,18 +68,23 @@ void ChildWindow::SetForeColor(Color color) {
     Repaint();
 }
 
-HBRUSH ChildWindow::OnCtlColor(HDC dc) {
-    const Color background = TranslateColor(m_BackColor);
-    m_Background.UpdateInfo(background);
-    SetTextColor(dc, m_Enabled ? TranslateColor(m_ForeColor) : GetSysColor(COLOR_GRAYTEXT));
-    SetBkColor(dc, background);
+HBRUSH ChildWindow::BackBrush() {
+    m_Background.UpdateInfo(BackColor());
     return m_Background.hBrush();
+}
+
+HBRUSH ChildWindow::OnCtlColor(HDC dc) {
+    SetTextColor(dc, m_Enabled ? ForeColor() : GetSysColor(COLOR_GRAYTEXT));
+    SetBkColor(dc, BackColor());
+    return BackBrush();
 }
 
 void ChildWindow::SetFont(const FontDescription& font) {
     IgnoringFailures([&] { m_Font.UpdateInfo(font); }); // a name that is too long leaves the system's font
-    Ask(WM_SETFONT, reinterpret_cast<WPARAM>(m_Font.hFont()), TRUE);
+    SetFontHandle(m_Font.hFont());
 }
+
+void ChildWindow::SetFontHandle(HFONT font) { Ask(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
 
 void ChildWindow::Repaint() {
     if (m_hWnd)
@@ -117,6 +125,8 @@ LRESULT CALLBACK ChildWindow::WindowProc(HWND window, UINT message, WPARAM wPara
         if (!life.expired() && self.m_Depth == 0)
             self.OnSettled();
     });
+    if (message == WM_NCDESTROY && !life.expired())
+        self.Forget(window);
     return result;
 }
 

@@ -36,6 +36,7 @@ public:
     HWND hWnd() const { return m_hWnd; }
     HWND Parent() const { return m_hWnd ? GetParent(m_hWnd) : nullptr; }
 
+    void Destroy();         // the listener hears nothing of it
     bool IsVisible() const; // its own flag, whatever its parent's
     virtual void SetVisible(bool visible);
     virtual void Move(int left, int top, int width, int height); // the z-order stays
@@ -48,6 +49,7 @@ public:
     void SetForeColor(Color color);
     HBRUSH OnCtlColor(HDC dc); // null for want of a brush
     virtual void SetFont(const FontDescription& font);
+    virtual void SetFontHandle(HFONT font); // stays the caller's
 
 protected:
     ChildWindow() = default;
@@ -55,7 +57,6 @@ protected:
 
     // Makes the window, hidden. The listener is borrowed, and may be null. Raises the system's error.
     void Create(const wchar_t* className, DWORD style, HWND parent, ChildWindowListener* listener);
-    void Destroy();             // the listener hears nothing of it
     void Subclass(HWND window); // another window whose messages come to OnMessage
 
     // A message, of which the system's own part is done by Default. Here the keys and the focus are told.
@@ -77,6 +78,10 @@ protected:
     }
     bool TellKey(UINT message, WPARAM& key); // false also when the key goes no further
     void Repaint();
+    // The colours as they are now, and a brush of the one behind; null for want of one.
+    Color BackColor() const { return TranslateColor(m_BackColor); }
+    Color ForeColor() const { return TranslateColor(m_ForeColor); }
+    HBRUSH BackBrush();
 
     const std::shared_ptr<char> m_Life =
         std::make_shared<char>(); // tells callers of callbacks whether the object is gone
@@ -87,6 +92,7 @@ private:
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     WNDPROC ProcedureBefore(HWND window) const;
+    void Forget(HWND window);
 
     HWND m_hWnd = nullptr;
     std::vector<std::pair<HWND, WNDPROC>> m_Before; // the procedures of the windows subclassed

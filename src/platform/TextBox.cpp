@@ -66,6 +66,8 @@ void TextBox::SetMaxLength(long length) {
     SendMessageW(hWnd(), EM_SETLIMITTEXT, static_cast<WPARAM>(std::max(length, 0L)), 0);
 }
 
+void TextBox::SetReadOnly(bool readOnly) { SendMessageW(hWnd(), EM_SETREADONLY, readOnly, 0); }
+
 long TextBox::SelStart() const {
     DWORD start = 0;
     SendMessageW(hWnd(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
@@ -95,8 +97,8 @@ void TextBox::SetLeftMargin(int pixels) {
 }
 
 // The system makes margins of its own from a font.
-void TextBox::SetFont(const FontDescription& font) {
-    ChildWindow::SetFont(font);
+void TextBox::SetFontHandle(HFONT font) {
+    ChildWindow::SetFontHandle(font);
     SetLeftMargin(m_LeftMargin);
 }
 

@@ -21,6 +21,7 @@ public:
     bool IsModified() const;                         // by the user, since the flag was cleared
     void SetModified(bool modified);
     void PassMouse() { m_PassesMouse = true; } // to the window below it
+    void SetReadOnly(bool readOnly);           // the text can be read and copied
     void SetMaxLength(long length);            // for what the user types and pastes; 0: no limit
 
     long SelStart() const;
@@ -29,7 +30,7 @@ public:
     void SelectAll(); // the very long text stays as it is
 
     void SetLeftMargin(int pixels); // whatever the font
-    void SetFont(const FontDescription& font) override;
+    void SetFontHandle(HFONT font) override;
 
 private:
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -6,14 +6,24 @@ namespace ormisk {
 
 inline bool IsKeyDown(int key) { return GetKeyState(key) < 0; }
 
-// Modifier keys held down now: 1 Shift, 2 Ctrl, 4 Alt.
+// Modifier keys, as events tell them in a sum.
+inline constexpr int kShiftKey = 1;
+inline constexpr int kCtrlKey = 2;
+inline constexpr int kAltKey = 4;
+
+// Those held down now.
 inline int ShiftState() {
-    return (IsKeyDown(VK_SHIFT) ? 1 : 0) | (IsKeyDown(VK_CONTROL) ? 2 : 0) | (IsKeyDown(VK_MENU) ? 4 : 0);
+    return (IsKeyDown(VK_SHIFT) ? kShiftKey : 0) | (IsKeyDown(VK_CONTROL) ? kCtrlKey : 0) |
+           (IsKeyDown(VK_MENU) ? kAltKey : 0);
 }
+
+// Whether a key asks for what an editor drops down or opens.
+inline bool OpensEditor(int key, int shift) { return key == VK_F4 || (key == VK_DOWN && (shift & kAltKey) != 0); }
 
 // The same for a mouse message, which tells two of them.
 inline int ShiftStateOf(WPARAM mouseKeys) {
-    return (mouseKeys & MK_SHIFT ? 1 : 0) | (mouseKeys & MK_CONTROL ? 2 : 0) | (IsKeyDown(VK_MENU) ? 4 : 0);
+    return (mouseKeys & MK_SHIFT ? kShiftKey : 0) | (mouseKeys & MK_CONTROL ? kCtrlKey : 0) |
+           (IsKeyDown(VK_MENU) ? kAltKey : 0);
 }
 
 } // namespace ormisk

@@ -1,0 +1,74 @@
+#include "editors/DialogEditor.h"
+
+#include "win/Keys.h"
+#include "win/Meanwhile.h"
+
+namespace ormisk {
+void DialogEditor::Borrow(const EditorTools& tools) {
+    m_Dialogs = tools.Dialogs;
+    WindowEditor::Borrow(tools);
+}
+
+bool DialogEditor::Confirmed(const std::function<bool()>& dialog) {
+    if (m_bInDialog || !m_Dialogs || !Window())
+        return false;
+    const unsigned row = Row();
+    const Meanwhile inDialog(m_bInDialog, true);
+    bool confirmed = false;
+    {
+        const ModalScope modal(*m_Dialogs);
+        confirmed = dialog();
+    }
+    return confirmed && Serves(row);
+}
+
+void DialogEditor::ReadColors(_CProperty* property) {
+    OLE_COLOR backColor = 0;
+    OLE_COLOR foreColor = 0;
+    Check(property->get_BackColor(&backColor));
+    Check(property->get_ForeColor(&foreColor));
+    m_Field.SetColors(backColor, foreColor);
+}
+
+void DialogEditor::Arrange(const FieldPlaces& places) {
+    const Rect& field = places.Field;
+    m_Field.Move(field.left, field.top, field.Width(), field.Height());
+    m_Field.Arrange(places.Box, places.Button);
+}
+
+void DialogEditor::KeyDown(int& key, int shift) {
+    if (!OpensEditor(key, shift))
+        return;
+    key = 0;
+    ShowDialog();
+}
+
+// The keys that follow are for the field, not for its button.
+void DialogEditor::OnButton() {
+    const ComPtr<_CEditor> self(this);
+    m_Field.SetFocus();
+    if (IsVisible())
+        ShowDialog();
+}
+
+bool CaptionEditor::IsForRows(int key, int shift) const {
+    switch (key) {
+    case VK_UP:
+    case VK_DOWN:
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_HOME:
+    case VK_END:
+    case VK_PRIOR:
+    case VK_NEXT:
+        return shift == 0;
+    default:
+        return false;
+    }
+}
+
+void CaptionEditor::Place(int left, int top, int width, int height) {
+    Arrange(PlaceCaption({left, top, left + width, top + height}, GetSystemMetrics(SM_CXVSCROLL)));
+}
+
+} // namespace ormisk

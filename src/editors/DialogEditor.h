@@ -1,0 +1,51 @@
+#pragma once
+
+#include "editors/DialogRules.h"
+#include "editors/WindowEditor.h"
+#include "platform/ModalScope.h"
+
+#include <functional>
+
+namespace ormisk {
+
+// An editor that shows its value in a field with a "..." button and does the work in a dialog, at most one at a time.
+// What the user confirms in it counts only for the row that it was opened for.
+class DialogEditor : public WindowEditor {
+public:
+    void Activate(bool /*dropDown*/) override { ShowDialog(); }
+
+protected:
+    explicit DialogEditor(DialogField::Content content) : WindowEditor(m_Field), m_Content(content) {}
+
+    // Opens the dialog of this editor and does what is to be done when it is confirmed.
+    virtual void ShowDialog() = 0;
+    // Runs a dialog; true when it was confirmed and the editor still serves the row.
+    bool Confirmed(const std::function<bool()>& dialog);
+    HWND Owner() const { return Window(); }
+
+    DialogField& Field() { return m_Field; }
+    void ReadColors(_CProperty* property);
+    void Arrange(const FieldPlaces& places);
+    void KeyDown(int& key, int shift) override;
+    void OnButton() override;
+
+    void Create(HWND parent) override { m_Field.Create(parent, this, m_Content); }
+    void DestroyWindows() override { m_Field.Destroy(); }
+    void Borrow(const EditorTools& tools) override;
+
+private:
+    DialogField m_Field;
+    DialogField::Content m_Content;
+    DialogHost* m_Dialogs = nullptr; // borrowed
+    bool m_bInDialog = false;
+};
+
+// One that shows its value in a caption, which has no use for the keys that move among the rows.
+class CaptionEditor : public DialogEditor {
+protected:
+    CaptionEditor() : DialogEditor(DialogField::Content::Caption) {}
+    bool IsForRows(int key, int shift) const override;
+    void Place(int left, int top, int width, int height) override;
+};
+
+} // namespace ormisk

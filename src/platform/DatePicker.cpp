@@ -1,0 +1,232 @@
+#include "platform/DatePicker.h"
+
+#include "win/Gdi.h"
+#include "win/Keys.h"
+#include "win/Rects.h"
+
+#include <algorithm>
+#include <commctrl.h>
+
+namespace ormisk {
+namespace {
+
+constexpr UINT kCloseMonthCal = DTM_FIRST + 13; // not in the headers of every toolchain
+constexpr std::size_t kLongestFormat = 80;      // more than any picture of a date
+
+SYSTEMTIME Today() {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return now;
+}
+
+bool IsSameDay(const SYSTEMTIME& a, const SYSTEMTIME& b) {
+    return a.wYear == b.wYear && a.wMonth == b.wMonth && a.wDay == b.wDay;
+}
+
+DATE DateOf(SYSTEMTIME day) {
+    day.wHour = day.wMinute = day.wSecond = day.wMilliseconds = 0;
+    DATE date = 0;
+    SystemTimeToVariantTime(&day, &date);
+    return date;
+}
+
+// By what an arrow or page key moves in the calendar; nothing for another key.
+std::optional<DATE> Moved(DATE date, WPARAM key) {
+    switch (key) {
+    case VK_LEFT:
+        return date - 1;
+    case VK_RIGHT:
+        return date + 1;
+    case VK_UP:
+        return date - 7;
+    case VK_DOWN:
+        return date + 7;
+    case VK_PRIOR:
+        return date - 28;
+    case VK_NEXT:
+        return date + 28;
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+void DatePicker::Create(HWND parent, ChildWindowListener* listener, bool checkBox) {
+    if (hWnd())
+        Destroy();
+    INITCOMMONCONTROLSEX classes{sizeof classes, ICC_DATE_CLASSES};
+    InitCommonControlsEx(&classes);
+    const DWORD style = DTS_RIGHTALIGN | (checkBox ? DTS_SHOWNONE : 0U);
+    ChildWindow::Create(DATETIMEPICK_CLASSW, style, parent, listener);
+    SetWindowLongPtrW(hWnd(), GWL_EXSTYLE, 0);
+    SetWindowPos(hWnd(), nullptr, 0, 0, 0, 0,
+                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetFontHandle(m_FontHandle);
+    if (const auto calendar = reinterpret_cast<HWND>(Ask(DTM_GETMONTHCAL)))
+        Subclass(calendar);
+}
+
+bool DatePicker::HasCheckBox() const { return hWnd() && GetWindowLongPtrW(hWnd(), GWL_STYLE) & DTS_SHOWNONE; }
+
+void DatePicker::SetFormat(const std::wstring& format) {
+    const std::wstring fitting = format.substr(0, kLongestFormat);
+    Ask(DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(fitting.empty() ? nullptr : fitting.c_str()));
+}
+
+void DatePicker::SetCalendarColors() {
+    const std::pair<int, COLORREF> colors[] = {
+        {MCSC_MONTHBK, BackColor()},
+        {MCSC_TEXT, ForeColor()},
+        {MCSC_TITLEBK, GetSysColor(COLOR_HIGHLIGHT)},
+        {MCSC_TITLETEXT, GetSysColor(COLOR_HIGHLIGHTTEXT)},
+        {MCSC_TRAILINGTEXT, GetSysColor(COLOR_GRAYTEXT)},
+    };
+    for (const auto& [part, color] : colors)
+        Ask(DTM_SETMCCOLOR, static_cast<WPARAM>(part), static_cast<LPARAM>(color));
+}
+
+void DatePicker::SetFontHandle(HFONT font) {
+    m_FontHandle = font;
+    ChildWindow::SetFontHandle(font);
+    Ask(DTM_SETMCFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+bool DatePicker::SetDate(std::optional<DATE> date) {
+    if (!date && HasCheckBox())
+        return Ask(DTM_SETSYSTEMTIME, GDT_NONE) != 0;
+    SYSTEMTIME day = Today();
+    const bool known = date && VariantTimeToSystemTime(*date, &day) != 0;
+    const auto show = [&](SYSTEMTIME& shown) {
+        shown.wMilliseconds = 0;
+        Ask(DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&shown));
+        SYSTEMTIME now{};
+        return Ask(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&now)) == GDT_VALID && IsSameDay(now, shown);
+    };
+    if (show(day))
+        return known;
+    SYSTEMTIME today = Today(); // not the day of whatever was shown before
+    show(today);
+    return false;
+}
+
+std::optional<DATE> DatePicker::Date() const {
+    SYSTEMTIME day{};
+    if (!hWnd() || SendMessageW(hWnd(), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&day)) != GDT_VALID)
+        return {};
+    return DateOf(day);
+}
+
+HWND DatePicker::OpenCalendar() const {
+    const HWND calendar = hWnd() ? reinterpret_cast<HWND>(SendMessageW(hWnd(), DTM_GETMONTHCAL, 0, 0)) : nullptr;
+    return calendar && IsWindowVisible(calendar) ? calendar : nullptr;
+}
+
+// By the button, which every system's picker has; not every one knows a key for it.
+void DatePicker::DropDown() {
+    if (!hWnd() || OpenCalendar())
+        return;
+    Click(std::max(ClientRect(hWnd()).right - 4, 0L));
+}
+
+void DatePicker::Click(long x) {
+    const LPARAM at = MAKELPARAM(x, ClientRect(hWnd()).bottom / 2);
+    Ask(WM_LBUTTONDOWN, MK_LBUTTON, at);
+    Ask(WM_LBUTTONUP, 0, at);
+}
+
+// Digits go to the part of the date that is selected; without the mouse not every system selects one.
+void DatePicker::OnFocusChanged(bool gained) {
+    constexpr long kInFirstPart = 4;
+    constexpr long kLeastBox = 18;
+    const long box = HasCheckBox() ? std::max(ClientRect(hWnd()).bottom, kLeastBox) : 0;
+    if (gained && !IsKeyDown(VK_LBUTTON) && !OpenCalendar())
+        Click(box + kInFirstPart);
+}
+
+// As it does when the focus goes.
+void DatePicker::TakeTyped() {
+    if (!hWnd() || GetFocus() != hWnd())
+        return;
+    Default(hWnd(), WM_KILLFOCUS, 0, 0);
+    Default(hWnd(), WM_SETFOCUS, 0, 0);
+}
+
+void DatePicker::CloseUp() {
+    if (!OpenCalendar())
+        return;
+    Ask(kCloseMonthCal);
+    if (const HWND calendar = OpenCalendar())
+        ShowWindow(calendar, SW_HIDE);
+}
+
+void DatePicker::Move(int left, int top, int width, int height) {
+    if (PlaceInParent(hWnd()) != Rect{left, top, left + width, top + height})
+        CloseUp();
+    ChildWindow::Move(left, top, width, height);
+}
+
+void DatePicker::SetVisible(bool visible) {
+    if (!visible)
+        CloseUp();
+    ChildWindow::SetVisible(visible);
+}
+
+LRESULT DatePicker::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (window != hWnd())
+        return OnCalendar(window, message, wParam, lParam);
+    if (message == WM_ERASEBKGND) {
+        const RECT client = ToRect(ClientRect(window));
+        FillRect(reinterpret_cast<HDC>(wParam), &client, BackBrush());
+        return 1;
+    }
+    return ChildWindow::OnMessage(window, message, wParam, lParam);
+}
+
+// Of a calendar that takes the focus; on other systems the picker keeps it, and does all this itself.
+LRESULT DatePicker::OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+        return OnCalendarKey(calendar, wParam) ? 0 : Default(calendar, message, wParam, lParam);
+    case WM_ACTIVATE:
+        if (LOWORD(wParam) == WA_INACTIVE && !IsUnderMouse()) // a press on the picker closes the calendar by itself
+            CloseUp();
+        break;
+    case WM_WINDOWPOSCHANGED:
+        if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW && GetFocus() == calendar)
+            SetFocus();
+        break;
+    default:
+        break;
+    }
+    return Default(calendar, message, wParam, lParam);
+}
+
+bool DatePicker::IsUnderMouse() const {
+    POINT mouse{};
+    GetCursorPos(&mouse);
+    const RECT own = ToRect(WindowRect(hWnd()));
+    return PtInRect(&own, mouse) != FALSE;
+}
+
+bool DatePicker::OnCalendarKey(HWND calendar, WPARAM key) {
+    SYSTEMTIME day{};
+    if (key == VK_ESCAPE || key == VK_F4) {
+        CloseUp();
+        return true;
+    }
+    if (!SendMessageW(calendar, MCM_GETCURSEL, 0, reinterpret_cast<LPARAM>(&day)))
+        return false;
+    if (key == VK_RETURN) {
+        SetDate(DateOf(day));
+        CloseUp();
+        return true;
+    }
+    const std::optional<DATE> moved = Moved(DateOf(day), key);
+    if (moved && VariantTimeToSystemTime(*moved, &day))
+        SendMessageW(calendar, MCM_SETCURSEL, 0, reinterpret_cast<LPARAM>(&day));
+    return moved.has_value();
+}
+
+} // namespace ormisk

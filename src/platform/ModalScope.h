@@ -1,0 +1,34 @@
+#pragma once
+
+#include "automation/ComPtr.h"
+
+#include <oleidl.h>
+
+namespace ormisk {
+
+// Whose dialogs are opened: a control in a container.
+class DialogHost {
+public:
+    virtual IUnknown* Keeper() = 0;                   // held while a dialog is up
+    virtual ComPtr<IOleInPlaceFrame> Container() = 0; // the frame around the control; null without one
+
+protected:
+    ~DialogHost() = default;
+};
+
+// The life of a dialog of a control: the control lives as long, the windows of its container that know no dialog are
+// out of use, and in the end the window that had the focus has it again, if the user is still in its frame.
+class ModalScope {
+public:
+    explicit ModalScope(DialogHost& host);
+    ModalScope(const ModalScope&) = delete;
+    ModalScope& operator=(const ModalScope&) = delete;
+    ~ModalScope();
+
+private:
+    ComPtr<IUnknown> m_Keeper;
+    ComPtr<IOleInPlaceFrame> m_Container;
+    HWND m_Focus = GetFocus();
+};
+
+} // namespace ormisk
