@@ -14,7 +14,7 @@ class TextBox;
 // Whom the button of a custom dialog row tells that it was pressed.
 class CCusDialogListener {
 public:
-    virtual void RaiseCustomDialogEvent() = 0;
+    virtual bool RaiseCustomDialogEvent() = 0; // false after a failure, which was reported
 
 protected:
     ~CCusDialogListener() = default;
@@ -52,8 +52,13 @@ public:
     virtual void KeyPress(int& /*keyAscii*/) {}
     // Whether the user changed the text since the last load.
     virtual bool IsModified() const { return false; }
-    // What it drops down closes.
+    // What it has dropped down, which is no child of it; null when there is none.
+    virtual HWND DropDownWindow() const { return nullptr; }
     virtual void CloseUp() {}
+    // Where TAB brings the focus.
+    virtual HWND TabStop() const { return Window(); }
+    // How often the user has been at work in its windows: the same value, given anew, is another one.
+    unsigned Picks() const { return m_Picks; }
     // Of the control; windows of the control's own know it already.
     virtual void SetEnabled(bool /*enabled*/) {}
     // Whether its value is this object.
@@ -77,11 +82,13 @@ protected:
     bool Reports() const { return Window() && m_Listener; }
     // Raises what the control's side of it raises.
     void Notify(HRESULT (STDMETHODCALLTYPE _CEditorListener::*notify)(_CEditor*));
+    void NotePick() { ++m_Picks; }
     void FocusRows() const;
     // A parameter of the row, "" when it is not set; raises what the property raises.
     static std::wstring Param(_CProperty* property, const wchar_t* name);
 
 private:
+    unsigned m_Picks = 0;
     _CEditorListener* m_Listener = nullptr; // not counted: the control holds it
 };
 

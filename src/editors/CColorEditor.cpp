@@ -20,6 +20,8 @@ void CColorEditor::Activate(bool) {
         m_Picker->ShowDropDown(true);
 }
 
+HWND CColorEditor::DropDownWindow() const { return m_Picker ? m_Picker->PaletteWindow() : nullptr; }
+
 void CColorEditor::CloseUp() {
     if (m_Picker)
         m_Picker->ShowDropDown(false);

@@ -12,6 +12,7 @@ public:
     void Activate(bool dropDown) override; // opens the palette in any case
     void KeyPress(int& keyAscii) override; // ENTER and ESC give the focus to the rows; never cleared, raises nothing
     void Picked() override;
+    HWND DropDownWindow() const override;
     void CloseUp() override;
     bool LeavesFocus() const override { return true; }
 

@@ -47,11 +47,13 @@ void CCustomDialog::KeyDown(int& key, int shift) {
 
 void CCustomDialog::ShowDialog() {
     const ComPtr<_CEditor> self(this);
+    bool fine = true;
     Confirmed([&] {
-        if (m_DialogListener)
-            m_DialogListener->RaiseCustomDialogEvent();
+        fine = !m_DialogListener || m_DialogListener->RaiseCustomDialogEvent();
         return false;
     });
+    if (!fine)
+        FocusRows();
 }
 
 } // namespace ormisk

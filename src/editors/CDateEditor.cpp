@@ -30,7 +30,11 @@ double DateFrom(const VARIANT& value) {
 
 } // namespace
 
-void CDateEditor::Activate(bool) { m_Picker.DropDown(); }
+void CDateEditor::Activate(bool) {
+    const ComPtr<_CEditor> self(this);
+    NotePick();
+    m_Picker.DropDown();
+}
 
 void CDateEditor::KeyDown(int& key, int shift) {
     if (key == VK_RETURN) {
@@ -40,7 +44,7 @@ void CDateEditor::KeyDown(int& key, int shift) {
         CancelAndLeave();
     } else if (OpensEditor(key, shift)) {
         m_Picker.DropDown();
-        key = 0;
+        key = 0; // not every picker leaves the calendar open then
     }
 }
 
@@ -71,16 +75,13 @@ _variant_t CDateEditor::Value() const {
 }
 
 void CDateEditor::SetValue(const VARIANT& value) {
-    const bool none = V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL || IsMissing(value);
+    const _variant_t plain = Plain(value);
+    const bool none = V_VT(&plain) == VT_EMPTY || V_VT(&plain) == VT_NULL || IsMissing(plain);
+    const bool maybe = V_VT(&plain) == VT_DATE || V_VT(&plain) == VT_BSTR;
     std::optional<DATE> date;
-    if (!none && !IgnoringFailures([&] { date = DateFrom(value); })) {
-        SYSTEMTIME today{};
-        GetLocalTime(&today);
-        date.emplace();
-        SystemTimeToVariantTime(&today, &*date);
-    }
+    const bool reads = none || (maybe && IgnoringFailures([&] { date = DateFrom(plain); }));
     m_InPlace.reset();
-    if (!m_Picker.SetDate(date))
+    if (!(reads ? m_Picker.SetDate(date) : m_Picker.SetToday()))
         m_InPlace = m_Picker.Date();
 }
 

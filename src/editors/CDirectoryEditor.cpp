@@ -40,14 +40,21 @@ void CDirectoryEditor::ReadRow(_CProperty* property) {
 
 void CDirectoryEditor::Show(const std::wstring& path) {
     m_sValue = path;
+    m_HasValue = true;
     Field().SetText(path);
 }
 
-// A value without a text, such as an array, leaves the path of the row before: nothing may be made of that.
+// A value without a text, such as an array, has nothing to commit until the user chooses a path.
 void CDirectoryEditor::SetValue(const VARIANT& value) {
     std::wstring text;
-    IgnoringFailures([&] { text = TextOf(value); });
+    const bool hasText = IgnoringFailures([&] { text = TextOf(value); });
     Show(text);
+    m_HasValue = hasText;
+}
+
+void CDirectoryEditor::CommitEdit() {
+    if (m_HasValue)
+        DialogEditor::CommitEdit();
 }
 
 void CDirectoryEditor::KeyDown(int& key, int shift) {
@@ -74,7 +81,8 @@ void CDirectoryEditor::Character(int& keyAscii) {
 void CDirectoryEditor::OnButton() {
     const ComPtr<_CEditor> self(this);
     const unsigned row = Row();
-    if (IsVisible())
+    Field().FocusBox();
+    if (Takes(row))
         ShowDialog();
     if (Serves(row))
         Field().FocusBox();

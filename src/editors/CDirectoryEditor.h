@@ -20,6 +20,7 @@ private:
     void ReadRow(_CProperty* property) override;
     _variant_t Value() const override { return ToVariant(CutAtZero(m_sValue)); }
     void SetValue(const VARIANT& value) override;
+    void CommitEdit() override;
     void SetFont(HFONT /*font*/) override {}
     void KeyDown(int& key, int shift) override;
     void Character(int& keyAscii) override;
@@ -28,6 +29,7 @@ private:
     void Show(const std::wstring& path);
 
     std::wstring m_sValue;
+    bool m_HasValue = false;
     PathDialog m_Dialog;
 };
 

@@ -19,6 +19,7 @@ bool DialogEditor::Confirmed(const std::function<bool()>& dialog) {
         const ModalScope modal(*m_Dialogs);
         confirmed = dialog();
     }
+    NotePick();
     return confirmed && Serves(row);
 }
 
@@ -39,15 +40,17 @@ void DialogEditor::Arrange(const FieldPlaces& places) {
 void DialogEditor::KeyDown(int& key, int shift) {
     if (!OpensEditor(key, shift))
         return;
-    key = 0;
+    if (key == VK_F4)
+        key = 0; // the system has to see the other one: it would take ALT for a key pressed alone
     ShowDialog();
 }
 
 // The keys that follow are for the field, not for its button.
 void DialogEditor::OnButton() {
     const ComPtr<_CEditor> self(this);
+    const unsigned row = Row();
     m_Field.SetFocus();
-    if (IsVisible())
+    if (Takes(row))
         ShowDialog();
 }
 

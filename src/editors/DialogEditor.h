@@ -13,6 +13,7 @@ namespace ormisk {
 class DialogEditor : public WindowEditor {
 public:
     void Activate(bool /*dropDown*/) override { ShowDialog(); }
+    HWND TabStop() const override { return m_Field.KeyWindow(); }
 
 protected:
     explicit DialogEditor(DialogField::Content content) : WindowEditor(m_Field), m_Content(content) {}

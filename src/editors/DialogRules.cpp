@@ -45,7 +45,7 @@ std::wstring DialogFilter(const std::wstring& filter) {
 
 std::wstring FileBuffer(const std::wstring& name) {
     std::wstring buffer = CutAtZero(name);
-    if (buffer.size() >= kFileBuffer)
+    if (buffer.size() >= kFileBuffer - 1)
         buffer.clear();
     buffer.resize(kFileBuffer);
     return buffer;

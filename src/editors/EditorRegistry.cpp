@@ -98,8 +98,9 @@ void EditorRegistry::TakeControlFont(const FontDescription& font) const {
         entry.Editor->TakeControlFont(font);
 }
 
+// What closes then gives the focus away, which the host hears of.
 void EditorRegistry::SetEnabled(bool enabled) const {
-    for (const BuiltInEntry& entry : m_BuiltIn)
+    for (const BuiltInEntry& entry : std::vector(m_BuiltIn))
         entry.Editor->SetEnabled(enabled);
 }
 

@@ -35,17 +35,21 @@ void WindowEditor::OnKeyDown(int& keyCode, int shift) {
         SendMessageW(rows, WM_KEYDOWN, static_cast<WPARAM>(std::exchange(keyCode, 0)), 1);
         return;
     }
+    const unsigned row = m_Row;
     if (m_Keys)
         m_Keys->OnKeyDown(keyCode, shift);
-    if (keyCode != 0 && IsVisible())
-        KeyDown(keyCode, shift);
+    if (keyCode == 0 || !Takes(row))
+        return;
+    NotePick();
+    KeyDown(keyCode, shift);
 }
 
 void WindowEditor::OnKeyPress(int& keyAscii) {
     const ComPtr<_CEditor> self(this);
+    const unsigned row = m_Row;
     if (m_Keys)
         m_Keys->OnKeyPress(keyAscii);
-    if (keyAscii != 0 && IsVisible())
+    if (keyAscii != 0 && Takes(row))
         Character(keyAscii);
 }
 

@@ -31,6 +31,8 @@ protected:
     // somebody else.
     unsigned Row() const { return m_Row; }
     bool Serves(unsigned row) const { return m_Row == row && IsVisible(); }
+    // The same, and the control is not disabled.
+    bool Takes(unsigned row) const { return Serves(row) && m_Own.IsEnabled(); }
     void CommitAndLeave();
     void CancelAndLeave();
 

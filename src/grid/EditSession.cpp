@@ -37,6 +37,16 @@ void EditSession::LetObjectsGo() {
 
 void EditSession::FocusTree() { m_Grid.m_Panes.m_picTreeContainer.TakeFocus(); }
 
+HWND EditSession::TabStop() const {
+    const BuiltInEditor* builtIn = m_Editors.BuiltIn(m_CurrentEditor.Get());
+    return builtIn ? builtIn->TabStop() : EditorWindow();
+}
+
+HWND EditSession::DropDownWindow() const {
+    const BuiltInEditor* builtIn = m_Editors.BuiltIn(m_CurrentEditor.Get());
+    return builtIn ? builtIn->DropDownWindow() : nullptr;
+}
+
 HWND EditSession::EditorWindow() const {
     HWND window = nullptr;
     if (m_CurrentEditor)
@@ -145,8 +155,7 @@ void EditSession::Scrolled() {
         return;
     CloseEditor(true);
     FollowRow();
-    m_Editors.TakeControlFont(m_Grid.m_State.font);
-    m_Grid.m_Panes.m_picHeaderContainer.BringToTop(); // above them
+    m_Grid.m_Panes.m_picHeaderContainer.BringToTop();
 }
 
 void EditSession::CloseUp() {
@@ -176,9 +185,10 @@ void EditSession::ActivateEditor(bool dropDown) {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     if (!editor)
         return;
+    const unsigned start = m_Starts;
     SetFocus(EditorProxy(editor.Get()).Hwnd());
-    // A handler of the focus change may have closed the editor.
-    BuiltInEditor* builtIn = m_CurrentEditor == editor ? m_Editors.BuiltIn(editor.Get()) : nullptr;
+    // A handler of the focus change may have closed the editor, or gone to another row.
+    BuiltInEditor* builtIn = m_CurrentEditor == editor && m_Starts == start ? m_Editors.BuiltIn(editor.Get()) : nullptr;
     if (builtIn)
         builtIn->Activate(dropDown);
 }
@@ -219,7 +229,7 @@ void EditSession::CloseEditor(bool keepOpen) {
         if (m_Grid.IsReporting())
             Abandon(editor.Get());
         else
-            ReportAndAbandon(editor.Get());
+            ReportAndAbandon(editor.Get(), node);
     }
 }
 
@@ -238,8 +248,7 @@ void EditSession::HideUnused(_CEditor* editor) {
 }
 
 // Inside a catch block: the edit ends whatever becomes of the report.
-void EditSession::ReportAndAbandon(_CEditor* editor) {
-    const Ref<CNode> node = m_EditNode;
+void EditSession::ReportAndAbandon(_CEditor* editor, const Ref<CNode>& node) {
     try {
         m_Grid.ReportTrappedError(CurrentError());
     } catch (...) {
@@ -286,13 +295,14 @@ void EditSession::Collect(_CEditor* editor) {
 void EditSession::ApplyEditorValue(_CEditor* editor, bool cancel) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer()); // the host's editor calls from where it likes
     const ComPtr<_CEditor> held(editor);
+    const Ref<CNode> node = m_EditNode;
     try {
         if (!cancel)
             ApplyValue(editor);
         else if (CProperty* property = m_EditNode ? m_EditNode->Property() : nullptr)
             LoadEditorValue(*property, editor);
     } catch (...) {
-        ReportAndAbandon(editor);
+        ReportAndAbandon(editor, node);
     }
 }
 
@@ -303,14 +313,16 @@ void EditSession::ApplyValue(_CEditor* editor) {
     if (!property || property.Get() == m_Validated)
         return;
     _variant_t value = EditorProxy(editor).Value();
+    const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
+    const unsigned picks = builtIn ? builtIn->Picks() : 0;
     const auto same = KindOf(property->EditorKind()).same;
     if ((same ? same : ValuesEqual)(property->Value(), value) ||
-        (m_Collecting && m_Asked && ValuesEqual(*m_Asked, value)))
+        (m_Collecting && m_Asked && m_AskedPicks == picks && ValuesEqual(*m_Asked, value)))
         return;
     m_Asked.reset();
+    m_AskedPicks = picks;
     if (!HoldsObject(value) && !V_ISARRAY(&value)) // these equal nothing, and are not to be kept alive here
         m_Asked = value;
-    const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
     bool typed = !builtIn || builtIn->IsModified();
     const unsigned start = m_Starts;
     bool cancel = false;

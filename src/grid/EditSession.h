@@ -28,6 +28,8 @@ public:
     bool IsEditorOpen() const { return m_CurrentEditor != nullptr; }
     ComPtr<_CEditor> CurrentEditor() const { return m_CurrentEditor; } // null when none is open
     HWND EditorWindow() const;                                         // of the open editor, or null
+    HWND TabStop() const;                                              // of the open editor, or null
+    HWND DropDownWindow() const;                                       // that it has dropped down, or null
     void StartEditor();                                                // of the selected row, if it has one
     void ActivateEditor(bool dropDown);
     void OpenAndActivate(bool dropDown) {
@@ -84,7 +86,7 @@ private:
     void Collect(_CEditor* editor);
     void ApplyEditorValue(_CEditor* editor, bool cancel);
     void ApplyValue(_CEditor* editor);
-    void ReportAndAbandon(_CEditor* editor);
+    void ReportAndAbandon(_CEditor* editor, const Ref<CNode>& node);
     void Abandon(_CEditor* editor);
     void HideCurrentEditor();
     void FocusTree();
@@ -95,6 +97,7 @@ private:
     EditorPlace m_Place;
     const CProperty* m_Validated = nullptr; // about whose new value the host is being asked; for comparing only
     std::optional<_variant_t> m_Asked;      // what the host was asked about, since a value was loaded or typed
+    unsigned m_AskedPicks = 0;              // of the editor at that time
     bool m_Collecting = false;
     unsigned m_Starts = 0;
     ComPtr<CEditorListener> m_editListener;

@@ -31,9 +31,12 @@ private:
 };
 
 bool IsOther(const VARIANT& present, const VARIANT& answer) {
+    if (HoldsObject(present) || HoldsObject(answer))
+        return HoldsObject(present) != HoldsObject(answer) || !SameObject(ObjectOf(present), ObjectOf(answer));
     if (V_ISARRAY(&present) || V_ISARRAY(&answer))
         return AreOtherBytes(LockedBytes(present).Get(), LockedBytes(answer).Get());
-    return CompareValues(present, answer) != Comparison::Equal;
+    const bool bothNull = V_VT(&present) == VT_NULL && V_VT(&answer) == VT_NULL;
+    return !bothNull && CompareValues(present, answer) != Comparison::Equal;
 }
 
 // Into the default member of the object that is there.
@@ -77,33 +80,34 @@ IUnknown* FieldInput::Keeper() { return m_Grid.m_Host.Outer(); }
 
 ComPtr<IOleInPlaceFrame> FieldInput::Container() { return m_Grid.m_Host.ContainerFrame(); }
 
-void FieldInput::RaiseCustomDialogEvent() {
+HWND FieldInput::Window() { return m_Grid.m_Panes.m_Control.hWnd(); }
+
+bool FieldInput::RaiseCustomDialogEvent() {
     const EditSession& session = m_Grid.m_Session;
     const ComPtr<_CEditor> editor = session.CurrentEditor();
     const ComPtr<CProperty> property(m_Grid.m_Selection.SelectedProperty());
     if (!editor || !property)
-        return;
+        return true;
     const unsigned start = session.Starts();
-    const auto trap = [&](const auto& step) {
-        if (!m_Grid.Trapped(step) && m_Grid.IsAlive())
-            m_Grid.m_Panes.m_picTreeContainer.TakeFocus();
-    };
-    _variant_t answer = EditorProxy(editor.Get()).Value();
-    trap([&] { m_Grid.m_Events.ShowEditorDialog(*property.Get(), answer); });
+    const _variant_t given = EditorProxy(editor.Get()).Value();
+    _variant_t answer = given;
+    bool fine = m_Grid.Trapped([&] { m_Grid.m_Events.ShowEditorDialog(*property.Get(), answer); });
     // The answer is for the row that was asked about.
     if (m_Grid.IsAlive() && session.CurrentEditor() == editor && session.Starts() == start)
-        trap([&] { TakeAnswer(editor.Get(), Plain(answer)); });
+        fine = m_Grid.Trapped([&] { TakeAnswer(editor.Get(), given, Plain(answer)); }) && fine;
+    return fine;
 }
 
-void FieldInput::TakeAnswer(_CEditor* editor, const _variant_t& answer) {
+// A host that gave no answer may have set the value of the row itself.
+void FieldInput::TakeAnswer(_CEditor* editor, const _variant_t& given, const _variant_t& answer) {
     EditorProxy proxy(editor);
     const _variant_t present = proxy.Value();
-    if (!HoldsObject(answer)) {
-        if (HoldsObject(present) || IsOther(present, answer))
-            proxy.SetValue(answer);
-    } else if (!HoldsObject(present) || !SameObject(ObjectOf(present), ObjectOf(answer))) {
+    if (!IsOther(given, answer) || !IsOther(present, answer))
+        return;
+    if (HoldsObject(answer))
         PutIntoDefault(present, answer);
-    }
+    else
+        proxy.SetValue(answer);
 }
 
 } // namespace ormisk

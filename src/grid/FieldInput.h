@@ -21,11 +21,12 @@ public:
 
     IUnknown* Keeper() override;
     ComPtr<IOleInPlaceFrame> Container() override;
+    HWND Window() override;
 
-    void RaiseCustomDialogEvent() override;
+    bool RaiseCustomDialogEvent() override;
 
 private:
-    void TakeAnswer(_CEditor* editor, const _variant_t& answer);
+    void TakeAnswer(_CEditor* editor, const _variant_t& given, const _variant_t& answer);
 
     Grid& m_Grid;
 };

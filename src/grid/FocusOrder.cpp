@@ -20,7 +20,7 @@ bool IsWithin(HWND window, HWND ancestor) {
 std::vector<HWND> FocusOrder::Stops(bool shown) const {
     const Panes& panes = m_Grid.m_Panes;
     const GridState& state = m_Grid.m_State;
-    const HWND editor = m_Grid.m_Session.EditorWindow();
+    const HWND editor = m_Grid.m_Session.TabStop();
     const std::pair<HWND, bool> places[] = {
         {panes.m_picTabContainer.hWnd(), state.showTabs},
         {panes.m_picHeaderContainer.hWnd(), state.headers != omHeadersNone},
@@ -58,7 +58,7 @@ bool FocusOrder::Uses(int keyCode) const {
     const HWND focus = GetFocus();
     const bool headers = IsWithin(focus, panes.m_picHeaderContainer.hWnd());
     const bool rows = IsWithin(focus, panes.TreeWnd()) && !headers;
-    return rows || IsWithin(focus, panes.m_ColorEditor.PaletteWindow()) ||
+    return rows || IsWithin(focus, m_Grid.m_Session.DropDownWindow()) ||
            focus == m_Grid.m_RecordToolbar.m_txtRecordNo.hWnd() || (headers && keyCode == VK_RETURN);
 }
 

@@ -35,13 +35,19 @@ LRESULT PaneEvents::NotifyHookedEvent(int nHookType, int, WPARAM wParam, LPARAM 
     return 0;
 }
 
+namespace {
+
+bool LeavesItsPlace(const WINDOWPOS& change) { return change.flags & SWP_HIDEWINDOW || !(change.flags & SWP_NOMOVE); }
+
+} // namespace
+
 bool PaneEvents::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     Panes& panes = m_Grid.m_Panes;
     if (m_AtRunTime && m_Grid.IsAlive() && OnRunTimeMessage(pane, message, wParam, lParam, result))
         return true;
     switch (message) {
     case WM_WINDOWPOSCHANGED:
-        if (&pane == &panes.m_Control && reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW)
+        if (&pane == &panes.m_Control && LeavesItsPlace(*reinterpret_cast<const WINDOWPOS*>(lParam)))
             m_Grid.m_Session.CloseUp(); // palettes and calendars are no children of it
         return false;
     case WM_VSCROLL:

@@ -295,7 +295,7 @@ void Panes::Refresh() {
 bool Panes::HaveFocus() const {
     const HWND focus = GetFocus();
     const HWND top = focus ? GetAncestor(focus, GA_ROOT) : nullptr;
-    return focus && (IsChild(m_Control.hWnd(), focus) || top == m_ColorEditor.PaletteWindow());
+    return focus && (IsChild(m_Control.hWnd(), focus) || top == m_Grid.m_Session.DropDownWindow());
 }
 
 bool Panes::EnsureRowVisible(const CNode& node) {

@@ -76,6 +76,8 @@ void TakeTextOfEntry(CProperty& property, std::size_t longest, std::wstring& tex
 // Font rows: a row never shares the editor's font.
 
 Stored StoreCopyOfFont(const CProperty&, const VARIANT& edited, bool) {
+    if (!HoldsObject(edited)) // of another editor: the row became one of fonts meanwhile
+        Raise(ErrorCode::InvalidPropertyValue);
     const ComPtr<IFontDisp> copy = NewFont(L"Arial", 80000);
     ApplyFont(DescribeFont(ObjectOf(edited)), copy.Get());
     return ObjectValue(copy.Get());
@@ -156,10 +158,12 @@ std::wstring TextOfPicture(CProperty& property, IUnknown* object) {
 _variant_t LoadPrompt(CProperty& property) {
     if (!HoldsObject(property.Value()))
         property.SetValue(ObjectValue(nullptr));
-    const ComPtr<IPicture> picture = Query<IPicture>(ObjectOf(property.Value()));
+    const ComPtr<IUnknown> picture(ObjectOf(property.Value()));
     if (!picture)
         return ToVariant(property.ParamOr(L"EmptyPrompt", L"(none)"));
-    return ToVariant(HasImage(picture.Get()) ? PicturePrompt(property) : NoPicturePrompt(property));
+    short type = PICTYPE_UNINITIALIZED; // also of one that does not tell: it is not to be lost
+    IgnoringFailures([&] { type = PictureTypeOf(picture.Get()); });
+    return ToVariant(type != PICTYPE_NONE ? PicturePrompt(property) : NoPicturePrompt(property));
 }
 
 // Null when there is none to be had.

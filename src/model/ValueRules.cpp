@@ -29,6 +29,10 @@ VARTYPE ReferenceType(VARTYPE type) {
     }
 }
 
+template <class... Interfaces> bool IsOneOf(const ComPtr<IUnknown>& object) {
+    return (Query<Interfaces>(object) || ...);
+}
+
 bool SamePicture(const VARIANT& a, const VARIANT& b) {
     _variant_t handleOfA;
     _variant_t handleOfB;
@@ -73,9 +77,9 @@ bool ValuesEqual(const VARIANT& a, const VARIANT& b) {
     // They are asked, and may do anything, also to whoever has them as a value.
     const ComPtr<IUnknown> first(ObjectOf(a));
     const ComPtr<IUnknown> second(ObjectOf(b));
-    if (Query<IFont>(first) && Query<IFont>(second))
+    if (IsOneOf<IFont, IFontDisp>(first) && IsOneOf<IFont, IFontDisp>(second))
         return DescribeFont(first.Get()) == DescribeFont(second.Get());
-    if (Query<IPicture>(first) && Query<IPicture>(second))
+    if (IsOneOf<IPicture, IPictureDisp>(first) && IsOneOf<IPicture, IPictureDisp>(second))
         return SamePicture(_variant_t(a), _variant_t(b));
     return false;
 }

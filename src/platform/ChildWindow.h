@@ -43,6 +43,7 @@ public:
     void SetFocus();
     // A disabled window takes no keys, but keeps the focus; its text is gray.
     virtual void SetEnabled(bool enabled);
+    bool IsEnabled() const { return m_Enabled; }
 
     // OLE colours. The parent answers the requests of this window for colours with the result of OnCtlColor.
     void SetBackColor(Color color);

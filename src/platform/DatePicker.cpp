@@ -2,6 +2,7 @@
 
 #include "win/Gdi.h"
 #include "win/Keys.h"
+#include "win/Meanwhile.h"
 #include "win/Rects.h"
 
 #include <algorithm>
@@ -63,8 +64,11 @@ void DatePicker::Create(HWND parent, ChildWindowListener* listener, bool checkBo
     SetWindowPos(hWnd(), nullptr, 0, 0, 0, 0,
                  SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     SetFontHandle(m_FontHandle);
-    if (const auto calendar = reinterpret_cast<HWND>(Ask(DTM_GETMONTHCAL)))
-        Subclass(calendar);
+    m_Calendar = reinterpret_cast<HWND>(Ask(DTM_GETMONTHCAL));
+    if (m_Calendar)
+        Subclass(m_Calendar);
+    for (HWND box = GetWindow(hWnd(), GW_CHILD); box; box = GetWindow(box, GW_HWNDNEXT))
+        Subclass(box); // the check box may be a window, with the keys
 }
 
 bool DatePicker::HasCheckBox() const { return hWnd() && GetWindowLongPtrW(hWnd(), GWL_STYLE) & DTS_SHOWNONE; }
@@ -92,21 +96,22 @@ void DatePicker::SetFontHandle(HFONT font) {
     Ask(DTM_SETMCFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
+bool DatePicker::Show(SYSTEMTIME day) {
+    day.wMilliseconds = 0;
+    Ask(DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&day));
+    SYSTEMTIME now{}; // it says that it took days which it does not know
+    return Ask(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&now)) == GDT_VALID && IsSameDay(now, day);
+}
+
+bool DatePicker::SetToday() { return Show(Today()); }
+
 bool DatePicker::SetDate(std::optional<DATE> date) {
     if (!date && HasCheckBox())
         return Ask(DTM_SETSYSTEMTIME, GDT_NONE) != 0;
-    SYSTEMTIME day = Today();
-    const bool known = date && VariantTimeToSystemTime(*date, &day) != 0;
-    const auto show = [&](SYSTEMTIME& shown) {
-        shown.wMilliseconds = 0;
-        Ask(DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&shown));
-        SYSTEMTIME now{};
-        return Ask(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&now)) == GDT_VALID && IsSameDay(now, shown);
-    };
-    if (show(day))
-        return known;
-    SYSTEMTIME today = Today(); // not the day of whatever was shown before
-    show(today);
+    SYSTEMTIME day{};
+    if (date && VariantTimeToSystemTime(*date, &day) && Show(day))
+        return true;
+    SetToday(); // not the day of whatever was shown before
     return false;
 }
 
@@ -124,7 +129,7 @@ HWND DatePicker::OpenCalendar() const {
 
 // By the button, which every system's picker has; not every one knows a key for it.
 void DatePicker::DropDown() {
-    if (!hWnd() || OpenCalendar())
+    if (!IsWindowVisible(hWnd()) || !IsWindowEnabled(GetAncestor(hWnd(), GA_PARENT)) || !IsEnabled() || OpenCalendar())
         return;
     Click(std::max(ClientRect(hWnd()).right - 4, 0L));
 }
@@ -140,7 +145,9 @@ void DatePicker::OnFocusChanged(bool gained) {
     constexpr long kInFirstPart = 4;
     constexpr long kLeastBox = 18;
     const long box = HasCheckBox() ? std::max(ClientRect(hWnd()).bottom, kLeastBox) : 0;
-    if (gained && !IsKeyDown(VK_LBUTTON) && !OpenCalendar())
+    const long button = ClientRect(hWnd()).right - GetSystemMetrics(SM_CXVSCROLL);
+    const bool byKey = gained && GetFocus() == hWnd() && !IsKeyDown(VK_LBUTTON) && !OpenCalendar();
+    if (byKey && box + kInFirstPart < button)
         Click(box + kInFirstPart);
 }
 
@@ -172,10 +179,16 @@ void DatePicker::SetVisible(bool visible) {
     ChildWindow::SetVisible(visible);
 }
 
+void DatePicker::SetEnabled(bool enabled) {
+    if (!enabled)
+        CloseUp();
+    ChildWindow::SetEnabled(enabled);
+}
+
 LRESULT DatePicker::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (window != hWnd())
+    if (window == m_Calendar)
         return OnCalendar(window, message, wParam, lParam);
-    if (message == WM_ERASEBKGND) {
+    if (message == WM_ERASEBKGND && window == hWnd()) {
         const RECT client = ToRect(ClientRect(window));
         FillRect(reinterpret_cast<HDC>(wParam), &client, BackBrush());
         return 1;
@@ -190,11 +203,14 @@ LRESULT DatePicker::OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARA
     case WM_SYSKEYDOWN:
         return OnCalendarKey(calendar, wParam) ? 0 : Default(calendar, message, wParam, lParam);
     case WM_ACTIVATE:
-        if (LOWORD(wParam) == WA_INACTIVE && !IsUnderMouse()) // a press on the picker closes the calendar by itself
+        if (LOWORD(wParam) == WA_INACTIVE && !IsPressed()) { // a press on the picker closes the calendar by itself
+            const Meanwhile leaving(m_Leaving, true);
             CloseUp();
+        }
         break;
     case WM_WINDOWPOSCHANGED:
-        if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW && GetFocus() == calendar)
+        if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW && !m_Leaving &&
+            GetFocus() == calendar && IsWindowVisible(hWnd()))
             SetFocus();
         break;
     default:
@@ -203,11 +219,11 @@ LRESULT DatePicker::OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARA
     return Default(calendar, message, wParam, lParam);
 }
 
-bool DatePicker::IsUnderMouse() const {
+bool DatePicker::IsPressed() const {
     POINT mouse{};
     GetCursorPos(&mouse);
     const RECT own = ToRect(WindowRect(hWnd()));
-    return PtInRect(&own, mouse) != FALSE;
+    return IsKeyDown(VK_LBUTTON) && PtInRect(&own, mouse);
 }
 
 bool DatePicker::OnCalendarKey(HWND calendar, WPARAM key) {

@@ -23,25 +23,31 @@ public:
     // Shows a day, or none. False when something else is shown: without a check box there is always a day, and the
     // system knows none before 1601.
     bool SetDate(std::optional<DATE> date);
+    bool SetToday();
     std::optional<DATE> Date() const;
     void TakeTyped(); // digits of a part that is not complete, which are not in the date before
 
     // The calendar is a window of its own; the focus may go to it.
-    void DropDown();
+    void DropDown(); // unless it is hidden or disabled
+    HWND OpenCalendar() const; // null while it is closed
     void CloseUp();
     void Move(int left, int top, int width, int height) override; // the calendar does not go along: it closes
     void SetVisible(bool visible) override;                       // hidden, it has no calendar
+    void SetEnabled(bool enabled) override;                       // nor disabled
 
 private:
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnFocusChanged(bool gained) override;
     LRESULT OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARAM lParam);
     bool OnCalendarKey(HWND calendar, WPARAM key);
-    HWND OpenCalendar() const; // null while it is closed
-    bool IsUnderMouse() const;
+    bool IsPressed() const;
     void Click(long x);
 
+    bool Show(SYSTEMTIME day);
+
     HFONT m_FontHandle = nullptr;
+    HWND m_Calendar = nullptr; // where the picker keeps one all the time
+    bool m_Leaving = false;    // the user has gone to another window
 };
 
 } // namespace ormisk

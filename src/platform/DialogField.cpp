@@ -19,6 +19,7 @@ void DialogField::Create(HWND parent, DialogFieldListener* listener, Content con
     }
     m_Button = Checked(CreateWindowExW(0, L"BUTTON", L"...", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
                                        hWnd(), nullptr, ThisModule(), nullptr));
+    Subclass(m_Button);
 }
 
 // A caption draws all of its text at each repaint.
@@ -56,6 +57,8 @@ void DialogField::SetFontHandle(HFONT font) {
 }
 
 LRESULT DialogField::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (window == m_Button)
+        return OnButtonMessage(message, wParam, lParam);
     switch (message) {
     case WM_COMMAND:
         if (HIWORD(wParam) == BN_CLICKED && m_FieldListener && (!lParam || reinterpret_cast<HWND>(lParam) == m_Button))
@@ -79,6 +82,16 @@ LRESULT DialogField::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
         break;
     }
     return ChildWindow::OnMessage(window, message, wParam, lParam);
+}
+
+// Let go beside the button, the mouse leaves the focus there: the keys are for the field.
+LRESULT DialogField::OnButtonMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const std::weak_ptr<char> life = m_Life;
+    const HWND button = m_Button;
+    const LRESULT result = Default(button, message, wParam, lParam);
+    if (message == WM_LBUTTONUP && !life.expired() && GetFocus() == button)
+        SetFocus();
+    return result;
 }
 
 void DialogField::OnFocusChanged(bool /*gained*/) { Repaint(); }

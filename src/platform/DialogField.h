@@ -25,6 +25,7 @@ public:
 
     void SetText(const std::wstring& text);
     bool BoxHasFocus() const { return m_Box.hWnd() && GetFocus() == m_Box.hWnd(); }
+    HWND KeyWindow() const { return m_Box.hWnd() ? m_Box.hWnd() : hWnd(); }
     void FocusBox() { m_Box.SetFocus(); }
     // The box and the button in the field.
     void Arrange(const Rect& box, const Rect& button);
@@ -36,6 +37,7 @@ public:
 
 private:
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT OnButtonMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnFocusChanged(bool gained) override;
     void DrawFocus() const;
 

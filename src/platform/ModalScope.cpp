@@ -2,7 +2,7 @@
 
 namespace ormisk {
 
-ModalScope::ModalScope(DialogHost& host) : m_Keeper(host.Keeper()), m_Container(host.Container()) {
+ModalScope::ModalScope(DialogHost& host) : m_Keeper(host.Keeper()), m_Container(host.Container()), m_Window(host.Window()) {
     if (m_Container)
         m_Container->EnableModeless(FALSE);
 }
@@ -10,8 +10,13 @@ ModalScope::ModalScope(DialogHost& host) : m_Keeper(host.Keeper()), m_Container(
 ModalScope::~ModalScope() {
     if (m_Container)
         m_Container->EnableModeless(TRUE);
-    // A frame that is activated again takes the focus itself.
-    if (IsWindow(m_Focus) && IsWindowVisible(m_Focus) && GetActiveWindow() == GetAncestor(m_Focus, GA_ROOT))
+    if (!IsWindowVisible(m_Focus))
+        return;
+    // A frame that is activated again has the focus itself, or gives it to the control as a whole.
+    const HWND frame = GetAncestor(m_Focus, GA_ROOT);
+    const HWND focus = GetFocus();
+    const bool astray = !focus || focus == frame || focus == m_Window || IsChild(m_Window, focus);
+    if (astray && GetActiveWindow() == frame)
         SetFocus(m_Focus);
 }
 

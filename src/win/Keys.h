@@ -18,7 +18,10 @@ inline int ShiftState() {
 }
 
 // Whether a key asks for what an editor drops down or opens.
-inline bool OpensEditor(int key, int shift) { return key == VK_F4 || (key == VK_DOWN && (shift & kAltKey) != 0); }
+inline bool OpensEditor(int key, int shift) {
+    const bool alt = (shift & kAltKey) != 0;
+    return alt ? key == VK_DOWN : key == VK_F4;
+}
 
 // The same for a mouse message, which tells two of them.
 inline int ShiftStateOf(WPARAM mouseKeys) {

@@ -1,5 +1,7 @@
 #include "GridContainer.h"
 
+#include "DialogTools.h"
+
 #include "Eventually.h"
 
 #include "automation/Error.h"
@@ -442,6 +444,15 @@ void GridTest::WarmUp() {
             }
             container->StartPropertyEdit(choice.Get());
             container.RealKeys({VK_DOWN, VK_F4, VK_ESCAPE});
+            for (const omEditorType type : {omFontEditor, omDateEditor, omFileEditor, omDirectoryEditor, omPictureEditor}) {
+                const auto row = container.Add(std::to_wstring(type), kNothing, L"", type);
+                InDialog dialog;
+                if (type == omDateEditor || type == omFileEditor || type == omDirectoryEditor)
+                    row->put_Value(_variant_t(L"1/1/2000"));
+                container->StartPropertyEdit(row.Get());
+                container.Pump();
+                container->putref_SelectedProperty(nullptr);
+            }
             container->put_Enabled(VARIANT_FALSE);
             container.Pump();
             container.Paint();
