@@ -316,7 +316,7 @@ void EditSession::ApplyValue(_CEditor* editor) {
     const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
     const unsigned picks = builtIn ? builtIn->Picks() : 0;
     const auto same = KindOf(property->EditorKind()).same;
-    if ((same ? same : ValuesEqual)(property->Value(), value) ||
+    if ((same ? same(*property.Get(), value) : ValuesEqual(property->Value(), value)) ||
         (m_Collecting && m_Asked && m_AskedPicks == picks && ValuesEqual(*m_Asked, value)))
         return;
     m_Asked.reset();

@@ -105,7 +105,8 @@ _variant_t LoadPlain(CProperty& property) {
 }
 
 // A number may be a text, or have no sign.
-bool IsSameColor(const VARIANT& present, const VARIANT& edited) {
+bool IsSameColor(CProperty& property, const VARIANT& edited) {
+    const _variant_t present = property.Value();
     std::uint32_t before = 0;
     std::uint32_t now = 0;
     return V_VT(&present) != VT_NULL && SUCCEEDED(ReadColor(present, before)) && SUCCEEDED(ReadColor(edited, now)) &&
@@ -166,6 +167,11 @@ _variant_t LoadPrompt(CProperty& property) {
     return ToVariant(type != PICTYPE_NONE ? PicturePrompt(property) : NoPicturePrompt(property));
 }
 
+// What the row was loaded with.
+bool IsPromptOfPicture(CProperty& property, const VARIANT& edited) {
+    return HoldsObject(property.Value()) && !HoldsObject(edited) && TextOf(edited) == TextOf(LoadPrompt(property));
+}
+
 // Null when there is none to be had.
 ComPtr<IPictureDisp> LoadPictureFile(const std::wstring& path) {
     // Not every system has the call that does both.
@@ -209,6 +215,7 @@ constexpr ValueKind kKinds[] = {
      .emptyText = NoPicturePrompt,
      .objectText = TextOfPicture,
      .load = LoadPrompt,
+     .same = IsPromptOfPicture,
      .store = StorePicture},
 };
 constexpr ValueKind kAnyValue;

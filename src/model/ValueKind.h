@@ -28,7 +28,7 @@ struct ValueKind {
     // the text.
     _variant_t (*load)(CProperty& property) = nullptr;
     // Whether the value that the editor gives is the one that the row has, in whatever form; without it, equal values.
-    bool (*same)(const VARIANT& present, const VARIANT& edited) = nullptr;
+    bool (*same)(CProperty& property, const VARIANT& edited) = nullptr;
     std::optional<_variant_t> (*store)(const CProperty& property, const VARIANT& edited, bool typed) = nullptr;
 };
 

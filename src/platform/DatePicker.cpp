@@ -6,6 +6,7 @@
 #include "win/Rects.h"
 
 #include <algorithm>
+#include <utility>
 #include <commctrl.h>
 
 namespace ormisk {
@@ -93,7 +94,6 @@ void DatePicker::SetCalendarColors() {
 void DatePicker::SetFontHandle(HFONT font) {
     m_FontHandle = font;
     ChildWindow::SetFontHandle(font);
-    Ask(DTM_SETMCFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
 bool DatePicker::Show(SYSTEMTIME day) {
@@ -106,9 +106,9 @@ bool DatePicker::Show(SYSTEMTIME day) {
 bool DatePicker::SetToday() { return Show(Today()); }
 
 bool DatePicker::SetDate(std::optional<DATE> date) {
-    if (!date && HasCheckBox())
-        return Ask(DTM_SETSYSTEMTIME, GDT_NONE) != 0;
-    SYSTEMTIME day{};
+    SYSTEMTIME day = Today();
+    if (!date && HasCheckBox()) // which wants a day all the same
+        return Ask(DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&day)) != 0;
     if (date && VariantTimeToSystemTime(*date, &day) && Show(day))
         return true;
     SetToday(); // not the day of whatever was shown before
@@ -147,8 +147,10 @@ void DatePicker::OnFocusChanged(bool gained) {
     const long box = HasCheckBox() ? std::max(ClientRect(hWnd()).bottom, kLeastBox) : 0;
     const long button = ClientRect(hWnd()).right - GetSystemMetrics(SM_CXVSCROLL);
     const bool byKey = gained && GetFocus() == hWnd() && !IsKeyDown(VK_LBUTTON) && !OpenCalendar();
-    if (byKey && box + kInFirstPart < button)
-        Click(box + kInFirstPart);
+    if (!byKey || box + kInFirstPart >= button)
+        return;
+    UpdateWindow(hWnd()); // where its parts are it knows when it has drawn them
+    Click(box + kInFirstPart);
 }
 
 // As it does when the focus goes.
@@ -176,6 +178,8 @@ void DatePicker::Move(int left, int top, int width, int height) {
 void DatePicker::SetVisible(bool visible) {
     if (!visible)
         CloseUp();
+    else if (m_Calendar) // which was made when the picker was in another frame
+        SetWindowLongPtrW(m_Calendar, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(GetAncestor(hWnd(), GA_ROOT)));
     ChildWindow::SetVisible(visible);
 }
 
@@ -208,9 +212,13 @@ LRESULT DatePicker::OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARA
             CloseUp();
         }
         break;
-    case WM_WINDOWPOSCHANGED:
-        if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW && !m_Leaving &&
-            GetFocus() == calendar && IsWindowVisible(hWnd()))
+    case WM_WINDOWPOSCHANGING:
+        if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW)
+            m_GivesBack = !m_Leaving && GetFocus() == calendar;
+        break;
+    case WM_WINDOWPOSCHANGED: // the focus has gone to the frame by now
+        if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW && std::exchange(m_GivesBack, false) &&
+            IsWindowVisible(hWnd()))
             SetFocus();
         break;
     default:

@@ -47,7 +47,8 @@ private:
 
     HFONT m_FontHandle = nullptr;
     HWND m_Calendar = nullptr; // where the picker keeps one all the time
-    bool m_Leaving = false;    // the user has gone to another window
+    bool m_Leaving = false;    // the user goes to another window
+    bool m_GivesBack = false;  // the calendar has the focus while it closes
 };
 
 } // namespace ormisk

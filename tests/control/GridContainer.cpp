@@ -68,7 +68,7 @@ void SendKey(WORD key, DWORD flags) {
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
     input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
+    input.ki.dwFlags = flags | (key >= VK_PRIOR && key <= VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0);
     SendInput(1, &input, sizeof input);
 }
 
@@ -444,12 +444,15 @@ void GridTest::WarmUp() {
             }
             container->StartPropertyEdit(choice.Get());
             container.RealKeys({VK_DOWN, VK_F4, VK_ESCAPE});
-            for (const omEditorType type : {omFontEditor, omDateEditor, omFileEditor, omDirectoryEditor, omPictureEditor}) {
-                const auto row = container.Add(std::to_wstring(type), kNothing, L"", type);
-                InDialog dialog;
-                if (type == omDateEditor || type == omFileEditor || type == omDirectoryEditor)
-                    row->put_Value(_variant_t(L"1/1/2000"));
-                container->StartPropertyEdit(row.Get());
+            const std::pair<omEditorType, _variant_t> kinds[] = {{omFontEditor, kNothing},
+                                                                 {omDateEditor, L"1/1/2000"},
+                                                                 {omFileEditor, L""},
+                                                                 {omDirectoryEditor, L""},
+                                                                 {omPictureEditor, kNothing}};
+            for (const auto& [type, value] : kinds) {
+                const InDialog dialog;
+                container->StartPropertyEdit(
+                    container.Add(L"Kind " + std::to_wstring(type), value, L"", type).Get());
                 container.Pump();
                 container->putref_SelectedProperty(nullptr);
             }
