@@ -1,6 +1,7 @@
 // ormisk-bench: measures the grid as a host uses it. One JSON line a case; "us" is the median of one whole operation in
 // microseconds.
 
+#include "Editors.h"
 #include "GdiFloor.h"
 #include "GridWindow.h"
 #include "Inspection.h"
@@ -196,6 +197,7 @@ void RunAll() {
         GridWindow window;
         window.Settle();
         MeasureInspection(window);
+        MeasureEditors(window);
         MeasurePalette(window);
         for (const int count : kSizes)
             Cases(window, count).Run();

@@ -41,6 +41,7 @@ void CDateEditor::KeyDown(int& key, int shift) {
         m_InPlace.reset(); // what the picker shows is the user's word now
         CommitAndLeave();
     } else if (key == VK_ESCAPE) {
+        m_Picker.TakeTyped(); // or it would come when the focus goes
         CancelAndLeave();
     } else if (OpensEditor(key, shift)) {
         m_Picker.DropDown();

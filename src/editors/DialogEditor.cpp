@@ -54,7 +54,9 @@ void DialogEditor::OnButton() {
         ShowDialog();
 }
 
-bool CaptionEditor::IsForRows(int key, int shift) const {
+bool DialogEditor::IsForRows(int key, int shift) const {
+    if (m_Field.BoxHasFocus())
+        return false;
     switch (key) {
     case VK_UP:
     case VK_DOWN:

@@ -27,6 +27,7 @@ protected:
     DialogField& Field() { return m_Field; }
     void ReadColors(_CProperty* property);
     void Arrange(const FieldPlaces& places);
+    bool IsForRows(int key, int shift) const override; // a caption has no use for these
     void KeyDown(int& key, int shift) override;
     void OnButton() override;
 
@@ -41,11 +42,10 @@ private:
     bool m_bInDialog = false;
 };
 
-// One that shows its value in a caption, which has no use for the keys that move among the rows.
+// One that shows its value in a caption.
 class CaptionEditor : public DialogEditor {
 protected:
     CaptionEditor() : DialogEditor(DialogField::Content::Caption) {}
-    bool IsForRows(int key, int shift) const override;
     void Place(int left, int top, int width, int height) override;
 };
 

@@ -36,6 +36,13 @@ void DialogField::Arrange(const Rect& box, const Rect& button) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// The system takes the focus from a window that it hides, but not from those in it.
+void DialogField::SetVisible(bool visible) {
+    if (!visible && IsChild(hWnd(), GetFocus()))
+        ::SetFocus(Parent());
+    ChildWindow::SetVisible(visible);
+}
+
 void DialogField::SetEnabled(bool enabled) {
     ChildWindow::SetEnabled(enabled);
     m_Box.SetEnabled(enabled);

@@ -30,6 +30,7 @@ public:
     // The box and the button in the field.
     void Arrange(const Rect& box, const Rect& button);
 
+    void SetVisible(bool visible) override;
     void SetEnabled(bool enabled) override;
     void SetColors(Color back, Color fore);
     void SetFontHandle(HFONT font) override;

@@ -446,8 +446,8 @@ void GridTest::WarmUp() {
             container.RealKeys({VK_DOWN, VK_F4, VK_ESCAPE});
             const std::pair<omEditorType, _variant_t> kinds[] = {{omFontEditor, kNothing},
                                                                  {omDateEditor, L"1/1/2000"},
-                                                                 {omFileEditor, L""},
-                                                                 {omDirectoryEditor, L""},
+                                                                 {omFileEditor, L"C:\\windows\\win.ini"},
+                                                                 {omDirectoryEditor, L"C:\\windows"},
                                                                  {omPictureEditor, kNothing}};
             for (const auto& [type, value] : kinds) {
                 const InDialog dialog;
