@@ -13,6 +13,6 @@ Host.Resize 760, 520
 AddOwnSettings 400
 FillGrid
 If Not Host.Interactive Then
-    ChangeOwnSettings
+    ChangeOwnSettings Host.ScriptFolder & "\pictures"
     Host.Quit 0
 End If
