@@ -233,7 +233,8 @@ _variant_t HostObject::AddToSheet(const CallArguments& arguments) {
     return {};
 }
 
-// From one tick of the timer to the next the screen shows more of what the windows have drawn.
+// A dialog may still be coming up. From one tick of the timer to the next the screen shows more of it, and the caret
+// may get into another window.
 _variant_t HostObject::LaterShot(const CallArguments& arguments) {
     struct Shot {
         std::optional<HiddenCaret> still;
@@ -243,13 +244,16 @@ _variant_t HostObject::LaterShot(const CallArguments& arguments) {
     const std::wstring caption = arguments.Text(0);
     m_Parts.input.Later(
         [this, shot, caption] {
-            if (!shot->still) {
+            const ULONGLONG now = GetTickCount64();
+            if (!shot->begun)
+                shot->begun = now;
+            const bool patient = now - shot->begun < kPatience;
+            if (patient && !(shot->still && shot->still->IsCurrent())) {
                 shot->still.emplace();
-                shot->begun = GetTickCount64();
                 return false;
             }
             const RECT part = m_Parts.window.ScreenRect();
-            if (GetTickCount64() - shot->begun < kPatience && !ScreenIsCurrent(part))
+            if (patient && !ScreenIsCurrent(part))
                 return false;
             m_Sheet.Add(CopyScreen(part), caption);
             shot->still.reset();
