@@ -570,8 +570,8 @@ Sub MakeDialogs()
     Next
     ShotOfDialog "Font", 540, 480, "The system's font dialog"
     ShotOfDialog "File", 540, 480, "The system's file dialog, with Filter and DialogCaption"
-    ShotOfDialog "Folder", 540, 540, "The system's folder dialog"
-    ShotOfDialog "Picture", 540, 540, "The file dialog of a picture row"
+    ShotOfDialog "Folder", 540, 560, "The system's folder dialog"
+    ShotOfDialog "Picture", 540, 560, "The file dialog of a picture row"
     ShotOfDialog "Custom dialog", 690, 420, "A dialog of the script's own"
     Save "dialogs", 2
 End Sub
