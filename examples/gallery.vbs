@@ -10,11 +10,17 @@ Option Explicit
 ' What the script uses of the control's enumerations.
 Const omAlphabetic = 0
 Const omCatagorized = 1
+Const omCustomDialog = 0
 Const omTextEditor = 2
 Const omNumberEditor = 3
 Const omBooleanEditor = 4
+Const omFontEditor = 5
+Const omDateEditor = 6
+Const omFileEditor = 7
+Const omDirectoryEditor = 8
 Const omListEditor = 9
 Const omColorEditor = 10
+Const omPictureEditor = 11
 Const omPreErase = 0
 Const omPostErase = 1
 Const omPostDraw = 2
@@ -175,8 +181,10 @@ Sub MakeSheets()
     MakeFonts
     MakeDescriptions
     MakeToolbars
+    MakeEditors
     MakeLists
     MakePalettes
+    MakeDialogs
     MakeSchemes
     MakeDisabled
 End Sub
@@ -442,6 +450,39 @@ Sub MakeToolbars()
     Save "toolbar", 3
 End Sub
 
+' A row of each kind, selected in turn.
+Sub MakeEditors()
+    Dim names, i
+    names = Array("Text", "Number", "Boolean", "List", "Colour", "Date", "Font", "Picture", "File", "Folder", "Custom dialog")
+    Start 220, 204, True, ""
+    FillKinds
+    For i = 0 To UBound(names)
+        SelectRow names(i)
+        Shot names(i)
+    Next
+    Save "editors", 4
+End Sub
+
+Sub FillKinds()
+    Add "Text", "Harbour mole", "", omTextEditor, ""
+    Add "Number", 52.46, "", omNumberEditor, ""
+    AddSwitch "Boolean", True, "", "", "Yes", "No"
+    AddChoice "List", "kn", "", "", Array("ms", "metres per second", "kn", "knots")
+    Add "Colour", &HC08040, "", omColorEditor, ""
+    Add "Date", #2020-02-15#, "", omDateEditor, ""
+    Add "Font", NewFont("Tahoma", 10), "", omFontEditor, ""
+    Add "Picture", Host.Picture("pictures/flag.bmp"), "", omPictureEditor, ""
+    Add "File", "C:\windows\win.ini", "", omFileEditor, ""
+    Add "Folder", "C:\windows", "", omDirectoryEditor, ""
+    Add "Custom dialog", "12 knots for 10 minutes", "", omCustomDialog, ""
+End Sub
+
+Function NewFont(name, size)
+    Set NewFont = CreateObject("StdFont")
+    NewFont.Name = name
+    NewFont.Size = size
+End Function
+
 Sub MakeLists()
     Start 220, 190, True, "few"
     SelectRow "Sensors_Wind unit"
@@ -507,6 +548,54 @@ Sub MakePalettes()
     Shot "Another font"
     CloseList
     Save "palettes", 3
+End Sub
+
+' The foot of a calendar tells today's date: the picture ends above it, so that it is the same every day.
+Sub MakeDialogs()
+    Dim row, i
+    For i = 0 To 3
+        Start 260, 145, True, ""
+        Set row = Add("Since", #2020-02-15#, "", omDateEditor, "")
+        If i = 1 Then
+            row.BackColor = &HD0F0D8
+            row.ForeColor = &H206020
+        End If
+        If i = 2 Then row.SetEditorParam "DateFormat", "d MMMM yyyy"
+        If i = 3 Then row.SetEditorParam "CheckBox", "True"
+        SelectRow "Since"
+        Host.Keys "{F4}"
+        Host.Pump 300
+        Shot Pick(i, Array("A calendar", "In the colours of its row", "In a format of its own (DateFormat)", "A date that may be none (CheckBox)"))
+        Host.Keys "{ESC}"
+    Next
+    ShotOfDialog "Font", 540, 480, "The system's font dialog"
+    ShotOfDialog "File", 540, 480, "The system's file dialog, with Filter and DialogCaption"
+    ShotOfDialog "Folder", 540, 560, "The system's folder dialog"
+    ShotOfDialog "Picture", 540, 560, "The file dialog of a picture row"
+    ShotOfDialog "Custom dialog", 690, 420, "A dialog of the script's own"
+    Save "dialogs", 2
+End Sub
+
+' The call that opens a dialog comes back when it is closed: picture and ESC are made ready before.
+Sub ShotOfDialog(key, width, height, caption)
+    Start width, height, True, ""
+    FillKinds
+    Grid.Properties("File").Value = ""
+    Grid.Properties("File").SetEditorParam "InitialDir", Host.ScriptFolder & "\pictures"
+    Grid.Properties("File").SetEditorParam "Filter", "Bitmaps (*.bmp)|*.bmp|Icons (*.ico)|*.ico"
+    Grid.Properties("File").SetEditorParam "DialogCaption", "A sign for the station"
+    Grid.Properties("Picture").SetEditorParam "InitialDir", Host.ScriptFolder & "\pictures"
+    Grid.ColumnDividerPosition = 100
+    Host.Click 20, 10
+    SelectRow key
+    Host.LaterShot caption, 2000
+    Host.Later "{ESC}", 2000
+    Host.Keys "{F4}"
+    Host.Keys "+{TAB}"
+End Sub
+
+Sub Grid_ShowEditorDialog(aProperty, value)
+    If MsgBox("Sound the alarm at " & value & "?", vbYesNoCancel + vbQuestion, "Harbour mole") = vbNo Then value = "never"
 End Sub
 
 Sub StartColors(value)

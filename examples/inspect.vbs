@@ -10,6 +10,8 @@ Const omAlphabetic = 0
 Const omCatagorized = 1
 Const kRightEdge = 4
 
+Host.Include "lib\own-looks.vbs"
+
 Dim inspector, objects
 Set inspector = Host.AddControl("Ormisk.OrmiskGrid", "Inspector", 0, 0, 400, 100)
 ' The rows of a member do not keep its object: whoever shows an object keeps it, here for as long as the script runs.
@@ -74,12 +76,21 @@ Sub Inspector_DisplayError(message, number, showBox)
     showBox = Host.Interactive
 End Sub
 
-' ---- A short session for when nobody is there: the last object in the list ends up with another name and size ----
+' ---- A short session for when nobody is there: every object is shown, and the grid at the right changes its own looks ----
 
 Sub ShowItself()
+    Dim i
     Host.Control("Grid").SetFocus
-    Host.Keys "{DOWN}{END}{HOME}"
-    Host.Keys "{DOWN 3}"
+    For i = 1 To Grid.Properties.Count
+        Host.Keys "{DOWN}"
+    Next
+    Do Until Grid.SelectedProperty.Key = "This grid"
+        Host.Keys "{UP}"
+    Loop
+    inspector.SetFocus
+    ChangeOwnLooks inspector, Host.ScriptFolder & "\pictures"
+    Host.Control("Grid").SetFocus
+    Host.Keys "{HOME}"
     Host.Pump 100
     Host.Quit 0
 End Sub

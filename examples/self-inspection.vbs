@@ -7,12 +7,13 @@ Option Explicit
 
 Host.Include "lib\file-rows.vbs"
 Host.Include "lib\palette.vbs"
+Host.Include "lib\own-looks.vbs"
 Host.Include "lib\own-settings.vbs"
 
 Host.Resize 760, 520
 AddOwnSettings 400
 FillGrid
 If Not Host.Interactive Then
-    ChangeOwnSettings
+    ChangeOwnSettings Host.ScriptFolder & "\pictures"
     Host.Quit 0
 End If

@@ -1,5 +1,6 @@
-' The settings of a program for notes, in a property grid: lists, switches, limits, colours that the page takes at once, rows
-' that come and go, and rows sorted by the script.
+' The settings of a program for notes, in a property grid, with a row of each kind: texts, numbers, switches, lists, a date with
+' limits, files and folders, a question of the script's own, and colours, a font and a picture that the page takes at once. Rows
+' come and go, and the script sorts them.
 '
 '   ./run examples/settings.vbs
 '
@@ -12,18 +13,31 @@ Option Explicit
 Const omAlphabetic = 0
 Const omCatagorized = 1
 Const omDescending = 1
+Const omCustomDialog = 0
 Const omTextEditor = 2
 Const omNumberEditor = 3
 Const omBooleanEditor = 4
+Const omFontEditor = 5
+Const omDateEditor = 6
+Const omFileEditor = 7
+Const omDirectoryEditor = 8
 Const omListEditor = 9
 Const omColorEditor = 10
+Const omPictureEditor = 11
+Const omTile = 2
+
+' Where the short session looks for rows.
+Const kTopRow = 56
+Const kBottomRow = 600
+Const kStep = 16
 
 Const kNotInNames = "*?""<>|"
-Const kPageOrder = "General,Colours,Writing,Text,Spelling,Saving,Backups"
+Const kPageOrder = "General,Looks,Writing,Text,Spelling,Saving,Backups"
 
-Dim all
+Dim all, LastY
 Set all = Grid.Properties
-Host.Resize 380, 600
+LastY = kTopRow - kStep
+Host.Resize 400, 680
 FillPage
 Grid.ActiveView = omCatagorized
 Grid.ColumnDividerPosition = 160
@@ -39,7 +53,7 @@ Sub FillPage()
     Grid.SetEditorParam omNumberEditor, "AllowNegative", "False"
     Grid.SetEditorParam omNumberEditor, "AllowFloatingPoint", "False"
     AddGeneral
-    AddColors
+    AddLooks
     AddWriting
     AddSaving
     Grid.LockRefresh = False
@@ -55,14 +69,32 @@ Sub AddGeneral()
     AddList "theme", "Theme", 0, "General", "Colours of the program. This page shows them at once.", _
         Array(0, "Light", 1, "Paper", 2, "Dark")
     AddSwitch "start", "Open at log-in", False, "General", "Whether the program is there when you have logged in.", "Yes", "No"
+    Set row = AddRow("remind", "Remind from", #2026-01-01#, "General", omDateEditor, _
+        "The first day on which the program may remind you of a note, from 2020 to 2035.")
+    row.Format = "yyyy-mm-dd"
+    row.SetEditorParam "DateFormat", "yyyy-MM-dd"
+    row.SetEditorParam "EnableMinValueCheck", "True"
+    row.SetEditorParam "MinValue", "2020-01-01"
+    row.SetEditorParam "EnableMaxValueCheck", "True"
+    row.SetEditorParam "MaxValue", "2036-01-01" ' the first day that is too late
+    Set row = AddRow("sign", "Sign", "", "General", omFileEditor, "File of the icon that stands for the program beside the clock.")
+    row.SetEditorParam "Filter", "Icons (*.ico)|*.ico|All files (*.*)|*.*"
+    row.SetEditorParam "InitialDir", Host.ScriptFolder & "\pictures"
+    row.SetEditorParam "DialogCaption", "The sign of the program"
     Set row = AddRow("version", "Version", "4.2", "General", omTextEditor, "Told by the program; it cannot be changed here.")
     row.ReadOnly = True
 End Sub
 
-Sub AddColors()
-    AddRow "face", "Page", &H8000000F, "Colours", omColorEditor, "Of the page, with its tabs and headings."
-    AddRow "rows", "Rows", &H80000005, "Colours", omColorEditor, "Behind names and values."
-    AddRow "ink", "Letters", &H80000012, "Colours", omColorEditor, "Of everything that is written on the page."
+Sub AddLooks()
+    Dim row
+    AddRow "face", "Page", &H8000000F, "Looks", omColorEditor, "Colour of the page, with its tabs and headings."
+    AddRow "rows", "Rows", &H80000005, "Looks", omColorEditor, "Colour behind names and values."
+    AddRow "ink", "Letters", &H80000012, "Looks", omColorEditor, "Colour of everything that is written on the page."
+    AddRow "font", "Font", Grid.Font, "Looks", omFontEditor, "Of everything that is written on the page."
+    Set row = AddRow("paper", "Picture", Nothing, "Looks", omPictureEditor, "Lies behind the rows. Delete and ENTER take it away.")
+    row.SetEditorParam "Filter", "Pictures|*.bmp;*.gif;*.jpg;*.png"
+    row.SetEditorParam "InitialDir", Host.ScriptFolder & "\pictures"
+    row.SetEditorParam "NoPicturePrompt", "(plain)"
 End Sub
 
 Sub AddWriting()
@@ -76,7 +108,10 @@ Sub AddWriting()
 End Sub
 
 Sub AddSaving()
-    AddRow "folder", "Folder", "C:\Notes", "Saving", omTextEditor, "Where new notes go. The script refuses " & kNotInNames & "."
+    AddRow "title", "Title", "Note", "Saving", omTextEditor, "What a new note is called. The script refuses " & kNotInNames & "."
+    AddRow("folder", "Folder", "C:\Notes", "Saving", omDirectoryEditor, "Where new notes go.").SetEditorParam "DialogCaption", _
+        "Where new notes go"
+    AddRow "old", "Old notes", "Stay", "Saving", omCustomDialog, "What becomes of notes that nobody opens for a year. The script asks."
     AddNumber "every", "Save every", 5, "Saving", "Minutes between two savings, from 1 to 60.", 1, 60
     AddSwitch "backups", "Keep backups", False, "Saving|Backups", "Whether older versions are kept. Shows the rows that say how.", _
         "Keep", "Discard"
@@ -84,11 +119,25 @@ Sub AddSaving()
     ShowRow "copies", False
 End Sub
 
-' The default of a row is kept in its Tag.
+' The default of a row is kept in its Tag, as a value that can be compared.
 Function AddRow(key, name, value, category, editor, help)
     Set AddRow = all.Add(name, value, category, key, Nothing, True, editor)
     AddRow.Help = help
-    AddRow.Tag = value
+    AddRow.Tag = Told(AddRow)
+End Function
+
+Function Told(row)
+    Select Case row.EditorType
+    Case omFontEditor: Told = TextOfFont(row.Value)
+    Case omPictureEditor: Told = Not row.Value Is Nothing
+    Case Else: Told = row.Value
+    End Select
+End Function
+
+Function TextOfFont(font)
+    TextOfFont = font.Name & " " & font.Size
+    If font.Bold Then TextOfFont = TextOfFont & ", bold"
+    If font.Italic Then TextOfFont = TextOfFont & ", italic"
 End Function
 
 ' The editor takes values from the lower limit on, and below the upper one.
@@ -132,7 +181,7 @@ End Sub
 
 Sub Grid_ValidateValue(aProperty, newValue, cancel)
     Dim i
-    If aProperty.Key <> "folder" Then Exit Sub
+    If aProperty.Key <> "title" Then Exit Sub
     For i = 1 To Len(kNotInNames)
         If InStr(newValue, Mid(kNotInNames, i, 1)) > 0 Then cancel = True
     Next
@@ -148,13 +197,23 @@ Sub Grid_PropertyValueChanged(aProperty)
     Case "face": SetFace aProperty.Value, aProperty.Value
     Case "rows": Grid.PropertyBackColor = aProperty.Value
     Case "ink": SetInk aProperty.Value
+    Case "font": SetFont aProperty.Value
+    Case "paper": SetPaper aProperty.Value
     Case "spelling": ShowRow "dictionary", aProperty.Value
     Case "backups": ShowRow "copies", aProperty.Value
     End Select
 End Sub
 
+' A row of type omCustomDialog leaves the dialog to the script: what is in value at the end waits in the row for ENTER.
+Sub Grid_ShowEditorDialog(aProperty, value)
+    Select Case MsgBox("Shall notes that nobody opens for a year go to the archive?", vbYesNoCancel + vbQuestion, aProperty.Name)
+    Case vbYes: value = "Go to the archive"
+    Case vbNo: value = "Stay"
+    End Select
+End Sub
+
 Function IsChanged(row)
-    IsChanged = row.Value <> row.Tag
+    IsChanged = Told(row) <> row.Tag
 End Function
 
 Sub ShowTheme(theme)
@@ -188,6 +247,20 @@ Sub SetInk(ink)
     Grid.CategoryForeColor = ink
 End Sub
 
+' The font of the page stays its own: it takes what the row's has.
+Sub SetFont(font)
+    Host.Echo "font:", TextOfFont(font)
+    Grid.Font.Name = font.Name
+    Grid.Font.Size = font.Size
+    Grid.Font.Bold = font.Bold
+    Grid.Font.Italic = font.Italic
+End Sub
+
+Sub SetPaper(picture)
+    Set Grid.Picture = picture
+    Grid.PictureLayout = omTile
+End Sub
+
 ' A sort compares two rows: swap is True when the first one is to stand after the second one.
 Sub Grid_PropertyCompare(first, second, byName, swap)
     Dim order
@@ -217,27 +290,44 @@ End Sub
 ' ---- A short session for when nobody is there ----
 
 Sub ShowItself()
+    ClickOn "Remind from"
+    Host.Keys "{F4}{RIGHT 9}{ENTER}{ENTER}"
+    InDialog "Sign", "screen.ico{ENTER}"
+    ClickOn "Theme"
+    Host.Keys "%{DOWN}{DOWN}{ENTER}"
     ClickOn "Your name"
     Host.Keys "B. Reader{ENTER}"
+    InDialog "Font", "%y{DOWN}{ENTER}"
+    ClickOn "Letters"
+    Host.Keys "{F4}{RIGHT 7}{DOWN 4}{ENTER}"
+    InDialog "Picture", "weave.bmp{ENTER}"
     ClickOn "Tab width"
     Host.Keys "17{ENTER}{ESC}"
     Host.Keys "2{ENTER}"
     ClickOn "Check spelling"
     Host.DoubleClick 60, LastY
-    ClickOn "Theme"
-    Host.Keys "%{DOWN}{DOWN}{ENTER}"
-    ClickOn "Letters"
-    Host.Keys "{F4}{RIGHT 7}{DOWN 4}{ENTER}"
+    InDialog "Folder", "{ESC}"
+    InDialog "Old notes", "y"
+    Host.Keys "{ENTER}"
     ClickOn "Rows"
     Host.Keys "{F4}"
     Host.Pump 300
     Host.Quit 0
 End Sub
 
-' Clicks down the names until the row of that name is selected.
-Dim LastY
+' Opens the dialog of that row, where the keys are typed when it is up.
+Sub InDialog(name, keys)
+    ClickOn name
+    Host.Later keys, 700
+    Host.Keys "{F4}"
+End Sub
+
+' Clicks on the names, down the page and again from its top, until the row of that name is selected.
 Sub ClickOn(name)
-    For LastY = 56 To 500 Step 16
+    Dim i
+    For i = 0 To (kBottomRow - kTopRow) / kStep
+        LastY = LastY + kStep
+        If LastY > kBottomRow Then LastY = kTopRow
         Host.Click 60, LastY
         If Not Grid.SelectedProperty Is Nothing Then
             If Grid.SelectedProperty.Name = name Then Exit Sub

@@ -15,12 +15,15 @@
 #include <cwchar>
 #include <exception>
 #include <iterator>
+#include <memory>
+#include <optional>
 
 namespace ormisk {
 namespace {
 
 constexpr int kAnyNumber = 1000;
 constexpr int kLargestSize = 32000; // of a window, in pixels
+constexpr ULONGLONG kPatience = 3000;
 
 // What a call answers while the run is ending. The engine unwinds the script with it; nobody reports it.
 constexpr HRESULT kEnding = HRESULT_FROM_WIN32(ERROR_CANCELLED);
@@ -86,8 +89,9 @@ const HostObject::Member HostObject::kMembers[] = {
     {L"Resize", 2, 2, &HostObject::Resize},           // width, height of the grid
     {L"Screenshot", 1, 1, &HostObject::Screenshot},   // file
     {L"AddToSheet", 0, 1, &HostObject::AddToSheet},   // [caption]: keeps a picture
-    {L"SaveSheet", 1, 2, &HostObject::SaveSheet},     // file [, columns]: those kept, side by side
-    {L"Pixel", 2, 2, &HostObject::Pixel},             // (x, y): the colour on screen
+    {L"LaterShot", 1, 2, &HostObject::LaterShot},   // caption [, milliseconds]: the same by a timer, in modal loops too
+    {L"SaveSheet", 1, 2, &HostObject::SaveSheet},   // file [, columns]: those kept, side by side
+    {L"Pixel", 2, 2, &HostObject::Pixel},           // (x, y): the colour on screen
     {L"FillCell", 6, 6, &HostObject::FillCell},     // context, left, top, width, height, colour: draws in PropertyDraw
     {L"WriteCell", 7, 7, &HostObject::WriteCell},   // the same, text, colour
     {L"Picture", 1, 1, &HostObject::Picture},       // (file), relative to the script's folder: a picture object
@@ -226,6 +230,36 @@ _variant_t HostObject::Screenshot(const CallArguments& arguments) {
 _variant_t HostObject::AddToSheet(const CallArguments& arguments) {
     const std::wstring caption = arguments.Text(0, L"");
     m_Sheet.Add(GridOnScreen(), caption);
+    return {};
+}
+
+// A dialog may still be coming up. From one tick of the timer to the next the screen shows more of it, and the caret
+// may get into another window.
+_variant_t HostObject::LaterShot(const CallArguments& arguments) {
+    struct Shot {
+        std::optional<HiddenCaret> still;
+        ULONGLONG begun = 0;
+    };
+    const auto shot = std::make_shared<Shot>();
+    const std::wstring caption = arguments.Text(0);
+    m_Parts.input.Later(
+        [this, shot, caption] {
+            const ULONGLONG now = GetTickCount64();
+            if (!shot->begun)
+                shot->begun = now;
+            const bool patient = now - shot->begun < kPatience;
+            if (patient && !(shot->still && shot->still->IsCurrent())) {
+                shot->still.emplace();
+                return false;
+            }
+            const RECT part = m_Parts.window.ScreenRect();
+            if (patient && !ScreenIsCurrent(part))
+                return false;
+            m_Sheet.Add(CopyScreen(part), caption);
+            shot->still.reset();
+            return true;
+        },
+        Milliseconds(arguments.Integer(1, 0)));
     return {};
 }
 

@@ -61,6 +61,7 @@ private:
     _variant_t Resize(const CallArguments& arguments);
     _variant_t Screenshot(const CallArguments& arguments);
     _variant_t AddToSheet(const CallArguments& arguments);
+    _variant_t LaterShot(const CallArguments& arguments);
     _variant_t SaveSheet(const CallArguments& arguments);
     _variant_t Pixel(const CallArguments& arguments);
     _variant_t FillCell(const CallArguments& arguments);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 
 namespace ormisk {
 namespace {
@@ -81,12 +82,27 @@ void Input::Keys(const std::wstring& text) {
 
 void Input::Later(const std::wstring& text, DWORD milliseconds) {
     const ULONGLONG due = GetTickCount64() + milliseconds;
-    const auto after = std::upper_bound(m_Delayed.begin(), m_Delayed.end(), due,
-                                        [](ULONGLONG time, const Delayed& delayed) { return time < delayed.due; });
-    std::vector<Delayed> added;
+    std::vector<Delayed> strokes;
     for (const KeyStroke& stroke : ParseKeys(text))
-        added.push_back({due, stroke});
-    m_Delayed.insert(after, added.begin(), added.end());
+        strokes.push_back({due, [this, stroke] {
+                               BringForward();
+                               SendStroke(stroke);
+                               return true;
+                           }});
+    AddDelayed(std::move(strokes));
+}
+
+void Input::Later(std::function<bool()> act, DWORD milliseconds) {
+    AddDelayed({{GetTickCount64() + milliseconds, std::move(act)}});
+}
+
+// All due at one time.
+void Input::AddDelayed(std::vector<Delayed> added) {
+    if (added.empty())
+        return;
+    const auto after = std::upper_bound(m_Delayed.begin(), m_Delayed.end(), added.front().due,
+                                        [](ULONGLONG time, const Delayed& delayed) { return time < delayed.due; });
+    m_Delayed.insert(after, std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
     StartTimer();
 }
 
@@ -132,10 +148,10 @@ void Input::Tick() {
     if (!m_Steps.empty() && now - m_LastStepTime >= kHeld) {
         TakeStep();
     } else if (!m_Delayed.empty() && m_Delayed.front().due <= now) {
-        const KeyStroke stroke = m_Delayed.front().stroke;
+        Delayed delayed = std::move(m_Delayed.front());
         m_Delayed.pop_front();
-        BringForward();
-        SendStroke(stroke);
+        if (!delayed.act())
+            m_Delayed.push_front(std::move(delayed));
     }
     if (m_Steps.empty() && m_Delayed.empty())
         KillTimer(m_Host, reinterpret_cast<UINT_PTR>(this));

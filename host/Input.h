@@ -46,6 +46,10 @@ public:
     // Types after some time, from a timer: also while a modal loop of the control or of the script runs.
     void Later(const std::wstring& text, DWORD milliseconds);
 
+    // Does something else than typing after some time, again and again until it tells that it is done. What is due
+    // later waits for that.
+    void Later(std::function<bool()> act, DWORD milliseconds);
+
 private:
     // One act of input, such as a button's press or a stroke; the next one follows when it has been worked off.
     struct Step {
@@ -55,12 +59,13 @@ private:
 
     struct Delayed {
         ULONGLONG due = 0;
-        KeyStroke stroke;
+        std::function<bool()> act;
     };
 
     void Perform(std::vector<Step> steps);
     void TakeStep();
     void StartTimer();
+    void AddDelayed(std::vector<Delayed> added);
     static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time);
     void Tick();
 

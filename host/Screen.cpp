@@ -4,6 +4,16 @@
 #include <dwmapi.h>
 
 namespace ormisk {
+namespace {
+
+// Of this thread; null without one.
+HWND CaretWindow() {
+    GUITHREADINFO thread = {};
+    thread.cbSize = sizeof thread;
+    return GetGUIThreadInfo(GetCurrentThreadId(), &thread) ? thread.hwndCaret : nullptr;
+}
+
+} // namespace
 
 bool ScreenIsCurrent(POINT screen) {
     const HWND window = GetAncestor(WindowFromPoint(screen), GA_ROOT);
@@ -58,11 +68,12 @@ Bitmap CopyScreen(const RECT& part) {
 }
 
 HiddenCaret::HiddenCaret() {
-    GUITHREADINFO thread = {};
-    thread.cbSize = sizeof thread;
-    if (GetGUIThreadInfo(GetCurrentThreadId(), &thread) && thread.hwndCaret && HideCaret(thread.hwndCaret))
-        m_Window = thread.hwndCaret;
+    const HWND caret = CaretWindow();
+    if (caret && HideCaret(caret))
+        m_Window = caret;
 }
+
+bool HiddenCaret::IsCurrent() const { return CaretWindow() == m_Window; }
 
 HiddenCaret::~HiddenCaret() {
     if (m_Window)

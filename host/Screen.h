@@ -27,6 +27,8 @@ public:
     HiddenCaret(const HiddenCaret&) = delete;
     HiddenCaret& operator=(const HiddenCaret&) = delete;
 
+    bool IsCurrent() const; // the caret is where it was when it was hidden
+
 private:
     HWND m_Window = nullptr;
 };

@@ -1,6 +1,6 @@
-' A second grid at the right edge that shows its own settings, and a session that changes four of them by mouse and keyboard.
+' A second grid at the right edge that shows its own settings, and a session that changes seven of them by mouse and keyboard.
 
-' Needs palette.vbs.
+' Needs palette.vbs and own-looks.vbs.
 
 Const kRightEdge = 4
 
@@ -11,42 +11,27 @@ Function AddOwnSettings(width)
     AddOwnSettings.ColumnDividerPosition = 170
 End Function
 
-Sub ChangeOwnSettings()
+' The pictures are those of this folder.
+Sub ChangeOwnSettings(pictures)
+    Dim place, y
+    Set place = Host.Control("Settings")
+
     ' A double click on a list row takes its next entry: from raised to flat. ENTER goes back to the rows.
-    DoubleClickOn "Appearance"
+    DoubleClickOn place, "Appearance", ""
     Host.Keys "{ENTER}"
 
     ' A double click on a colour row opens its palette, here with the colours of the system; the other tab has the rest.
-    Dim place, y
-    Set place = Host.Control("Settings")
-    y = DoubleClickOn("BackColor")
+    y = DoubleClickOn(place, "BackColor", "")
     Host.Click place.Left + place.Width - 133, y + 20
     If FindPalette(y + 20, place.Left + place.Width, y + 200) Then ClickCell 4, 0, 1
 
     ' Ctrl+Shift and a letter goes to the next row that begins with it. F4 opens its list: from dotted lines to solid ones.
     Host.Keys "{HOME}^+g{F4}{UP}{ENTER}"
 
-    ' A text, typed over the old one; then its row again, at the top with the header that it changed.
+    ChangeOwnLooks place, pictures
+
+    ' A text, typed over the old one, in the row whose header it changes.
     Host.Keys "{HOME}^+n"
     Host.Keys "My setting{ENTER}"
     Host.Pump 100
 End Sub
-
-' Clicks down the names until the row of that name is selected, and gives its height on the form.
-Function DoubleClickOn(name)
-    Dim place, x, y
-    Set place = Host.Control("Settings")
-    x = place.Left + 60
-    For y = 50 To place.Height - 120 Step 16
-        Host.Click x, y
-        If Not place.SelectedProperty Is Nothing Then
-            If place.SelectedProperty.Name = name Then
-                Host.DoubleClick x, y
-                DoubleClickOn = y
-                Exit Function
-            End If
-        End If
-    Next
-    Host.Echo "There is no row " & name & " in view."
-    Host.Quit 1
-End Function

@@ -8,7 +8,7 @@ Function NamesDown()
     Dim y, last, name
     NamesDown = ""
     last = ""
-    For y = FirstRow To 500 Step 16
+    For y = FirstRow To 600 Step 16
         Host.Click 60, y
         name = Selected()
         If name <> last And name <> "Nothing" Then NamesDown = NamesDown & "/" & name
@@ -26,8 +26,8 @@ FirstRow = 52
 HeaderY = 36
 
 ' The page comes up sorted: categories in the order of the page and before rows beside them, rows by name.
-CheckEqual "rows of the new page", "Language/Open at log-in/Theme/Version/Your name/Letters/Page/Rows/Line width/Tab width/Wrap lines/" & _
-    "Check spelling/Dictionary/Keep backups/Folder/Save every", NamesDown()
+CheckEqual "rows of the new page", "Language/Open at log-in/Remind from/Sign/Theme/Version/Your name/Font/Letters/Page/Picture/Rows/" & _
+    "Line width/Tab width/Wrap lines/Check spelling/Dictionary/Keep backups/Folder/Old notes/Save every/Title", NamesDown()
 
 ' Typing over a text; a limit keeps what it refuses in the editor, and ESC brings the value back.
 ClickOn "Your name"
@@ -40,11 +40,11 @@ Host.Keys "{ESC}"
 CheckEqual "17 is too wide", 4, RowOf("tab").Value
 Host.Keys "16{ENTER}"
 CheckEqual "16 is not", 16, RowOf("tab").Value
-ClickOn "Folder"
+ClickOn "Title"
 Host.Keys "a?b{ENTER}"
-CheckEqual "refused by the script", "C:\Notes", ValueOf("folder")
+CheckEqual "refused by the script", "Note", ValueOf("title")
 ClickOn "Save every"
-CheckEqual "still refused when the selection moves on", "C:\Notes", ValueOf("folder")
+CheckEqual "still refused when the selection moves on", "Note", ValueOf("title")
 
 ' Lists by keyboard: the arrow keys and ENTER, ESC, a letter.
 ClickOn "Language"
@@ -70,7 +70,7 @@ ClickOn "Theme"
 Host.Keys "{F4}{DOWN}{ENTER}"
 CheckEqual "paper", &HC8DCE6, Host.Pixel(300, 10)
 CheckEqual "its colour in a row", &HF0F8FC, RowOf("rows").Value
-CheckEqual "paper under a row", &HF0F8FC, Host.Pixel(370, 500)
+CheckEqual "paper under a row", &HF0F8FC, Host.Pixel(370, 600)
 
 ' The read-only row opens no editor.
 ClickOn "Version"
@@ -80,10 +80,11 @@ CheckEqual "read-only", "4.2", ValueOf("version")
 ' The value header sorts by the script: changed rows first, then by name. The page is sorted already, so the first click turns
 ' the order.
 Host.Click 300, HeaderY
-CheckEqual "turned: unchanged rows first, names backwards", "Version/Open at log-in/Your name/Theme/Language/Rows/Page/Letters/Wrap lines/" & _
-    "Line width/Tab width/Check spelling/Save every/Folder/Copies/Keep backups", NamesDown()
+CheckEqual "turned: unchanged rows first, names backwards", "Version/Sign/Remind from/Open at log-in/Your name/Theme/Language/" & _
+    "Picture/Font/Rows/Page/Letters/Wrap lines/Line width/Tab width/Check spelling/Title/Save every/Old notes/Folder/Copies/Keep backups", _
+    NamesDown()
 Host.Click 300, HeaderY
-CheckEqual "changed rows first", "Language/Theme/Your name/Open at log-in/Version/Letters/Page/Rows/Tab width/Line width/Wrap lines/" & _
-    "Check spelling/Keep backups/Copies/Folder/Save every", NamesDown()
+CheckEqual "changed rows first", "Language/Theme/Your name/Open at log-in/Remind from/Sign/Version/Letters/Page/Rows/Font/Picture/" & _
+    "Tab width/Line width/Wrap lines/Check spelling/Keep backups/Copies/Folder/Old notes/Save every/Title", NamesDown()
 
 Finish
