@@ -60,7 +60,8 @@ void CDateEditor::ReadRow(_CProperty* property) {
     Check(property->get_ForeColor(&foreColor));
     const std::wstring format(TrimBlanks(Param(property, L"DateFormat")));
     const auto limit = [&](const wchar_t* enable, const wchar_t* name) {
-        return IsSet(Param(property, enable)) ? std::optional(DateFrom(ToVariant(Param(property, name)))) : std::nullopt;
+        return IsSet(Param(property, enable)) ? std::optional(DateFrom(ToVariant(Param(property, name))))
+                                              : std::nullopt;
     };
     m_Limits.Min = limit(L"EnableMinValueCheck", L"MinValue");
     m_Limits.Max = limit(L"EnableMaxValueCheck", L"MaxValue");

@@ -5,8 +5,8 @@
 
 namespace ormisk {
 
-// The editor of picture rows: a prompt that stands for the picture, or the name of the file that the user chose instead,
-// which is committed at once. Backspace and Delete put the prompt for no picture there.
+// The editor of picture rows: a prompt that stands for the picture, or the name of the file that the user chose
+// instead, which is committed at once. Backspace and Delete put the prompt for no picture there.
 class CPictureEditor final : public DialogEditor {
 public:
     CPictureEditor() : DialogEditor(DialogField::Content::Box) {}

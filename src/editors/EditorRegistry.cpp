@@ -29,14 +29,10 @@ struct BuiltInKind {
 
 // In the order of their making.
 constexpr BuiltInKind kBuiltInKinds[] = {
-    {omTextEditor, Make<CTextEditor>, {}},
-    {omDateEditor, Make<CDateEditor>, {}},
-    {omNumberEditor, Make<CTextEditor>, {}},
-    {omListEditor, Make<CListEditor>, omBooleanEditor},
-    {omFontEditor, Make<CFontEditor>, {}},
-    {omColorEditor, Make<CColorEditor>, {}},
-    {omCustomDialog, Make<CCustomDialog>, {}},
-    {omDirectoryEditor, Make<CDirectoryEditor>, omFileEditor},
+    {omTextEditor, Make<CTextEditor>, {}},       {omDateEditor, Make<CDateEditor>, {}},
+    {omNumberEditor, Make<CTextEditor>, {}},     {omListEditor, Make<CListEditor>, omBooleanEditor},
+    {omFontEditor, Make<CFontEditor>, {}},       {omColorEditor, Make<CColorEditor>, {}},
+    {omCustomDialog, Make<CCustomDialog>, {}},   {omDirectoryEditor, Make<CDirectoryEditor>, omFileEditor},
     {omPictureEditor, Make<CPictureEditor>, {}},
 };
 

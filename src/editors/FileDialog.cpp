@@ -64,7 +64,7 @@ bool AskForFolder(HWND owner, const PathDialog& dialog, std::wstring& path) {
     folder.lpfn = OnBrowse;
     folder.lParam = reinterpret_cast<LPARAM>(path.c_str());
     const std::unique_ptr<ITEMIDLIST_ABSOLUTE, decltype(&CoTaskMemFree)> chosen(SHBrowseForFolderW(&folder),
-                                                                               CoTaskMemFree);
+                                                                                CoTaskMemFree);
     wchar_t name[MAX_PATH] = L"";
     if (!chosen || !SHGetPathFromIDListW(chosen.get(), name))
         return false;

@@ -5,8 +5,8 @@
 
 namespace ormisk {
 
-// An editor with windows of its own, made in the control's and destroyed when the control takes back what it lent. Their
-// keys go to the control first, which may keep them from the editor. What fails here, the windows end.
+// An editor with windows of its own, made in the control's and destroyed when the control takes back what it lent.
+// Their keys go to the control first, which may keep them from the editor. What fails here, the windows end.
 class WindowEditor : public BuiltInEditor, protected DialogFieldListener {
 public:
     void SetEnabled(bool enabled) override { m_Own.SetEnabled(enabled); }

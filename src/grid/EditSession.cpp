@@ -1,9 +1,9 @@
 #include "grid/EditSession.h"
 
 #include "grid/Grid.h"
-#include "win/Meanwhile.h"
 #include "model/ValueKind.h"
 #include "model/ValueRules.h"
+#include "win/Meanwhile.h"
 
 namespace ormisk {
 

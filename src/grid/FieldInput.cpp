@@ -9,7 +9,8 @@ namespace {
 // The bytes of a one-dimensional array of them, while it is locked.
 class LockedBytes {
 public:
-    explicit LockedBytes(const VARIANT& value) : m_Array(V_VT(&value) == (VT_ARRAY | VT_UI1) ? V_ARRAY(&value) : nullptr) {
+    explicit LockedBytes(const VARIANT& value)
+        : m_Array(V_VT(&value) == (VT_ARRAY | VT_UI1) ? V_ARRAY(&value) : nullptr) {
         if (!m_Array || SafeArrayGetDim(m_Array) != 1 || FAILED(SafeArrayAccessData(m_Array, &m_Data)))
             m_Array = nullptr;
     }

@@ -8,8 +8,8 @@ namespace ormisk {
 
 class Grid;
 
-// What the editors with windows of their own need of the control: whoever hears their keys, stands behind their dialogs,
-// and asks the host for one of its own.
+// What the editors with windows of their own need of the control: whoever hears their keys, stands behind their
+// dialogs, and asks the host for one of its own.
 class FieldInput final : public ChildWindowListener, public DialogHost, public CCusDialogListener {
 public:
     explicit FieldInput(Grid& grid) : m_Grid(grid) {}

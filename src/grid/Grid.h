@@ -36,8 +36,8 @@ public:
     virtual void NotifyChanged(DISPID id) = 0;
     virtual ConnectionPoints& Sinks() = 0;
     virtual ComPtr<IOleInPlaceFrame> ContainerFrame() = 0; // null without one
-    virtual void FocusEntered() = 0;      // a window of the control took the focus
-    virtual void AccessKeysChanged() = 0; // the container should ask for them anew
+    virtual void FocusEntered() = 0;                       // a window of the control took the focus
+    virtual void AccessKeysChanged() = 0;                  // the container should ask for them anew
 
 protected:
     ~GridHost() = default;

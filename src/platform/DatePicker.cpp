@@ -6,8 +6,8 @@
 #include "win/Rects.h"
 
 #include <algorithm>
-#include <utility>
 #include <commctrl.h>
+#include <utility>
 
 namespace ormisk {
 namespace {

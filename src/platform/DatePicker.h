@@ -7,8 +7,8 @@
 
 namespace ormisk {
 
-// The system's date picker with the calendar that drops down from it, without a border. Dates are automation dates; what
-// is shown is a day, without its time.
+// The system's date picker with the calendar that drops down from it, without a border. Dates are automation dates;
+// what is shown is a day, without its time.
 class DatePicker final : public ChildWindow {
 public:
     // Makes the window, hidden; another one when there is one already, with the font of that. The listener is borrowed.
@@ -28,7 +28,7 @@ public:
     void TakeTyped(); // digits of a part that is not complete, which are not in the date before
 
     // The calendar is a window of its own; the focus may go to it.
-    void DropDown(); // unless it is hidden or disabled
+    void DropDown();           // unless it is hidden or disabled
     HWND OpenCalendar() const; // null while it is closed
     void CloseUp();
     void Move(int left, int top, int width, int height) override; // the calendar does not go along: it closes

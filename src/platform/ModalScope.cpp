@@ -2,7 +2,8 @@
 
 namespace ormisk {
 
-ModalScope::ModalScope(DialogHost& host) : m_Keeper(host.Keeper()), m_Container(host.Container()), m_Window(host.Window()) {
+ModalScope::ModalScope(DialogHost& host)
+    : m_Keeper(host.Keeper()), m_Container(host.Container()), m_Window(host.Window()) {
     if (m_Container)
         m_Container->EnableModeless(FALSE);
 }

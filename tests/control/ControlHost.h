@@ -125,7 +125,9 @@ public:
     STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) override { return S_OK; }
     STDMETHODIMP RemoveMenus(HMENU) override { return E_NOTIMPL; }
     STDMETHODIMP SetStatusText(LPCOLESTR) override { return S_OK; }
-    STDMETHODIMP EnableModeless(BOOL enable) override { return Called(enable ? "EnableModeless 1" : "EnableModeless 0"); }
+    STDMETHODIMP EnableModeless(BOOL enable) override {
+        return Called(enable ? "EnableModeless 1" : "EnableModeless 0");
+    }
     STDMETHODIMP TranslateAccelerator(LPMSG, WORD) override { return S_FALSE; }
 
     STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override {}

@@ -1,5 +1,5 @@
-// Rows with a dialog: fonts, files, folders, pictures, and the host's own. How the dialogs open, what becomes of what is
-// chosen, and what happens under them.
+// Rows with a dialog: fonts, files, folders, pictures, and the host's own. How the dialogs open, what becomes of what
+// is chosen, and what happens under them.
 
 #include "DialogTools.h"
 
@@ -247,9 +247,7 @@ std::string Icon() {
            std::string("\x28\0\0\0\1\0\0\0\2\0\0\0\1\0\x20\0", 16) + std::string(24, '\0') +
            std::string("\0\0\xFF\xFF\0\0\0\0", 8);
 }
-std::string Gif() {
-    return std::string("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;", 35);
-}
+std::string Gif() { return std::string("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;", 35); }
 // Written by the system's own coders.
 std::wstring Encode(const std::wstring& path, REFGUID container) {
     ComPtr<IWICImagingFactory> factory;
@@ -425,12 +423,17 @@ TEST_F(GridTest, TheAnswerOfAHostIsNotTakenOrTakenForAChange) {
         bool changed;
     };
     const Case cases[] = {
-        {L"x", L"y", true},         {L"x", L"x", false},
+        {L"x", L"y", true},
+        {L"x", L"x", false},
         {Null(), L"x", true},
-        {L"x", _variant_t(), true}, {1L, L"1", false},
-        {one, bytes({1, 2}), false}, {one, bytes({1, 2}, 5), false},
-        {one, bytes({1, 3}), true}, {one, bytes({1}), true},
-        {one, L"x", true},          {L"x", one, true},
+        {L"x", _variant_t(), true},
+        {1L, L"1", false},
+        {one, bytes({1, 2}), false},
+        {one, bytes({1, 2}, 5), false},
+        {one, bytes({1, 3}), true},
+        {one, bytes({1}), true},
+        {one, L"x", true},
+        {L"x", one, true},
         {L"x", ToVariant(std::wstring(1 << 20, L'z')), true},
     };
     for (const Case& c : cases) {
@@ -480,9 +483,7 @@ TEST_F(GridTest, AnAnswerOfAnObjectIsLostOrFailsInSilence) {
         GoTo(host, row.Get());
         EXPECT_EQ(FieldText(host), L"");
         _variant_t answer = Object(&other);
-        host.events.on[L"ShowEditorDialog"] = [&](const EventCall& call) {
-            AnswerWith(call, answer);
-        };
+        host.events.on[L"ShowEditorDialog"] = [&](const EventCall& call) { AnswerWith(call, answer); };
         host.RealKeys({VK_F4});
         EXPECT_EQ(holder.held.Get(), &other);
         EXPECT_EQ(ObjectOf(ValueOf(row.Get())), &holder) << "it holds the answer, the row holds it";

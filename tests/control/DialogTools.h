@@ -52,7 +52,8 @@ inline HWND NameBox(HWND dialog) {
 // Does something when a dialog opens, in its loop; every dialog that is open afterwards is answered.
 class InDialog {
 public:
-    explicit InDialog(std::function<void()> deed = [] {}, WPARAM answer = IDCANCEL)
+    explicit InDialog(
+        std::function<void()> deed = [] {}, WPARAM answer = IDCANCEL)
         : m_Deed(std::move(deed)), m_Answer(answer), m_Before(std::exchange(s_Now, this)),
           m_Timer(SetTimer(nullptr, 0, 10, OnTimer)) {}
     InDialog(const InDialog&) = delete;

@@ -451,8 +451,7 @@ void GridTest::WarmUp() {
                                                                  {omPictureEditor, kNothing}};
             for (const auto& [type, value] : kinds) {
                 const InDialog dialog;
-                container->StartPropertyEdit(
-                    container.Add(L"Kind " + std::to_wstring(type), value, L"", type).Get());
+                container->StartPropertyEdit(container.Add(L"Kind " + std::to_wstring(type), value, L"", type).Get());
                 container.Pump();
                 container->putref_SelectedProperty(nullptr);
             }

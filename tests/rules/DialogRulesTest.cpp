@@ -1,5 +1,5 @@
-#include "editors/DateRules.h"
 #include "editors/DialogRules.h"
+#include "editors/DateRules.h"
 
 #include <gtest/gtest.h>
 
