@@ -105,8 +105,13 @@ TEST_F(GridTest, ADateIsNotTypedOrStaysBehindItsParts) {
     host.RealKeys({'1', '1', VK_RIGHT, '7', VK_RETURN});
     EXPECT_EQ(ValueOf(row.Get()), Day(2020, 11, 7));
     EXPECT_EQ(GetFocus(), host.Tree());
-    host.RealKeys({'1', '2', VK_ESCAPE});
-    EXPECT_EQ(Shown(host), L"2020-11-7");
+    for (const int digits : {1, 2}) {
+        host.RealKeys({'1'});
+        if (digits == 2)
+            host.RealKeys({'2'});
+        host.RealKeys({VK_ESCAPE});
+        EXPECT_EQ(Shown(host), L"2020-11-7") << "given up";
+    }
     EXPECT_EQ(GetFocus(), host.Tree());
 }
 

@@ -222,15 +222,22 @@ TEST_F(GridTest, ThePathRowTakesWhatIsTypedOrLosesAFolder) {
     host.Select(file.Get());
     EXPECT_EQ(host.Heard(), L"ValidateValue A " + chosen + L" False; PropertyValueChanged A; SelChanged B");
     EXPECT_EQ(ValueText(row.Get()), chosen);
-    // On the field itself any key goes back to the rows.
+    // On the field itself any key goes back to the rows, and one of theirs moves there.
+    for (const WORD key : {WORD{'X'}, WORD{VK_UP}}) {
+        GoTo(host, file.Get());
+        SetFocus(FieldOf(host));
+        host.RealKeys({key});
+        EXPECT_EQ(GetFocus(), host.Tree());
+        EXPECT_EQ(host.Selected(), key == VK_UP ? L"A" : L"B");
+    }
+    // A row that is left by code with the focus in its box leaves it to the rows.
     GoTo(host, file.Get());
-    SetFocus(FieldOf(host));
-    host.RealKeys({VK_LEFT});
+    SetFocus(BoxOf(host));
+    host.Select(row.Get());
     EXPECT_EQ(GetFocus(), host.Tree());
-    // A file row has the font of the last folder row, and parameters of either kind count.
+    // A dialog has the caption that its row gives it, to the letter.
     EXPECT_EQ(file->SetEditorParam(_bstr_t(L"DialogCaption"), _bstr_t(L" Own ")), S_OK);
-    EXPECT_EQ(file->SetEditorParam(_bstr_t(L"FolderFlags"), _bstr_t(L"&H80004")), S_OK);
-    GoTo(host, row.Get());
+    GoTo(host, nullptr);
     GoTo(host, file.Get());
     InDialog dialog;
     host.RealKeys({VK_F4});

@@ -436,6 +436,17 @@ void GridTest::WarmUp() {
             container.RealKeys({'A', VK_RETURN});
             container.Select(container.Item(41L).Get()); // scrolls
             container.Pump();
+            const std::pair<omEditorType, _variant_t> kinds[] = {{omFontEditor, kNothing},
+                                                                 {omDateEditor, L"1/1/2000"},
+                                                                 {omFileEditor, L"C:\\windows\\win.ini"},
+                                                                 {omDirectoryEditor, L"C:\\nowhere"},
+                                                                 {omPictureEditor, kNothing}};
+            for (const auto& [type, value] : kinds) {
+                const InDialog dialog([] {}, type == omDirectoryEditor ? IDOK : IDCANCEL);
+                container->StartPropertyEdit(container.Add(L"Kind " + std::to_wstring(type), value, L"", type).Get());
+                container.Pump();
+                container->putref_SelectedProperty(nullptr);
+            }
             const auto choice = container.Add(L"Choice", 1L, L"", omListEditor);
             const auto items = Read(choice, &_CProperty::get_ListItems);
             for (long item = 1; item < 40; ++item) {
@@ -444,17 +455,6 @@ void GridTest::WarmUp() {
             }
             container->StartPropertyEdit(choice.Get());
             container.RealKeys({VK_DOWN, VK_F4, VK_ESCAPE});
-            const std::pair<omEditorType, _variant_t> kinds[] = {{omFontEditor, kNothing},
-                                                                 {omDateEditor, L"1/1/2000"},
-                                                                 {omFileEditor, L"C:\\windows\\win.ini"},
-                                                                 {omDirectoryEditor, L"C:\\windows"},
-                                                                 {omPictureEditor, kNothing}};
-            for (const auto& [type, value] : kinds) {
-                const InDialog dialog;
-                container->StartPropertyEdit(container.Add(L"Kind " + std::to_wstring(type), value, L"", type).Get());
-                container.Pump();
-                container->putref_SelectedProperty(nullptr);
-            }
             container->put_Enabled(VARIANT_FALSE);
             container.Pump();
             container.Paint();

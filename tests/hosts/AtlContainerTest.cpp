@@ -1,6 +1,7 @@
 // The control in a container that is not ours: the system's own, where it is created and used by names only.
 
 #include "../control/HandleCount.h"
+#include "../control/InDialog.h"
 
 #include <bit>
 #include <ole2.h>
@@ -144,6 +145,17 @@ public:
         return row;
     }
 
+    static _variant_t ToName(long type) { return _variant_t((L"Type " + std::to_wstring(type)).c_str()); }
+
+    // A row of an editor type, and its editor opened.
+    LateBound Open(long type, const _variant_t& value) const {
+        LateBound row =
+            properties.Object(L"Add", {ToName(type), value, L"", L"", static_cast<IDispatch*>(nullptr), true, type});
+        grid.Call(L"StartPropertyEdit", {_variant_t(row.Dispatch())});
+        PumpMessages();
+        return row;
+    }
+
     // Reads and calls whatever a host might: each call succeeds or fails, and comes back.
     void UseEverything() const {
         for (const wchar_t* name : {L"ActiveView", L"Font", L"Picture", L"SelectedProperty", L"Version", L"hwnd",
@@ -187,6 +199,13 @@ private:
     ComPtr<IUnknown> m_Container;
 };
 
+// Rows whose editors open dialogs, and values that they take: a font, a file, a folder, a picture.
+const std::pair<long, _variant_t> kDialogRows[] = {{5L, _variant_t(static_cast<IDispatch*>(nullptr))},
+                                                   {7L, L"C:\\windows\\win.ini"},
+                                                   {8L, L"C:\\windows"},
+                                                   {11L, _variant_t(static_cast<IDispatch*>(nullptr))}};
+constexpr long kDate = 6;
+
 // A test after which nothing may be left: no object of the server, no window, no drawing handle.
 class GridInContainer : public testing::Test {
 protected:
@@ -196,6 +215,10 @@ protected:
         for (int i = 0; i < 2; ++i) {
             AtlContainer warm;
             warm.OpenPalette();
+            for (const auto& [type, value] : kDialogRows) {
+                const InDialog dialog;
+                warm.Open(type, value);
+            }
             warm.FillForEdit();
             warm.UseEverything();
         }
@@ -254,6 +277,32 @@ TEST_F(GridInContainer, APaletteStaysBehindItsContainer) {
         }
         EXPECT_FALSE(palette());
     }
+}
+
+TEST_F(GridInContainer, ADialogOrACalendarIsLeftOfAContainerThatGoes) {
+    for (const bool goes : {false, true})
+        for (const auto& [type, value] : kDialogRows) {
+            AtlContainer host;
+            InDialog dialog(
+                [&] {
+                    if (const HWND box = NameBox(Dialog()))
+                        SendMessageW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"C:\\windows\\system.ini"));
+                    if (goes)
+                        host.Destroy();
+                },
+                IDOK);
+            const LateBound row = host.Open(type, value);
+            EXPECT_EQ(dialog.Seen(), 1) << type;
+            EXPECT_FALSE(Dialog());
+            if (!goes && type == 7)
+                EXPECT_EQ(row.Call(L"Value"), _variant_t(L"C:\\windows\\system.ini"));
+        }
+    AtlContainer host;
+    host.Open(kDate, _variant_t(43876.0, VT_DATE));
+    const HWND calendar = FindWindowW(L"SysMonthCal32", nullptr);
+    EXPECT_TRUE(calendar && IsWindowVisible(calendar));
+    host.Destroy();
+    EXPECT_FALSE(IsWindow(calendar));
 }
 
 TEST_F(GridInContainer, TheControlNeedsMoreThanItsContainerToLive) {
