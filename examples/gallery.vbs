@@ -554,7 +554,7 @@ End Sub
 Sub MakeDialogs()
     Dim row, i
     For i = 0 To 3
-        Start 260, 145, True, ""
+        Start 260, 180, True, ""
         Set row = Add("Since", #2020-02-15#, "", omDateEditor, "")
         If i = 1 Then
             row.BackColor = &HD0F0D8

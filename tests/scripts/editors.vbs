@@ -141,7 +141,10 @@ Host.Click 410, RowY(2)
 EventLog = ""
 Dim dayX, dayY
 If FindDay() Then
-    Host.Click dayX, dayY + 16
+    Do While Host.Pixel(dayX, dayY) = kMarked
+        dayY = dayY + 1
+    Loop
+    Host.Click dayX + 6, dayY + 6
     CheckEvents "a day by mouse", ""
     Host.Keys "{ENTER}"
     CheckEvents "a day by mouse, ENTER", "asked, changed"
@@ -160,7 +163,7 @@ Function FindDay()
         For x = NameX() + 30 To 418
             If Host.Pixel(x, dayY) = kMarked Then run = run + 1 Else run = 0
             If run = 10 Then
-                dayX = x - 5
+                dayX = x - 9 ' its left edge, where no digit is
                 FindDay = True
                 Exit Function
             End If
