@@ -27,6 +27,8 @@ void ColorInput::OnPaletteClosed() {
         rows.TakeFocus();
 }
 
+DialogHost* ColorInput::Dialogs() { return &m_Grid.m_FieldInput; }
+
 void ColorInput::OnKeyDown(int& keyCode, int shift) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyDown(keyCode, shift);

@@ -14,6 +14,7 @@ public:
     void OnSelectedColorChanged() override;
     void OnPaletteOpened() override;
     void OnPaletteClosed() override;
+    DialogHost* Dialogs() override;
     void OnKeyDown(int& keyCode, int shift) override;
     void OnKeyPress(int& keyAscii) override;
     void OnKeyUp(int& keyCode, int shift) override;

@@ -165,6 +165,8 @@ void OrmiskSwatch::OnColorPicked(Color color) {
         Tell([](SwatchListener& to) { to.OnSelectedColorChanged(); });
 }
 
+DialogHost* OrmiskSwatch::Dialogs() { return m_Listener ? m_Listener->Dialogs() : nullptr; }
+
 void OrmiskSwatch::OnPaletteOpened() {
     Tell([](SwatchListener& to) { to.OnPaletteOpened(); });
 }

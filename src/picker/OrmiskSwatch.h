@@ -19,6 +19,8 @@ public:
     virtual void OnSelectedColorChanged() {}
     virtual void OnPaletteOpened() {}
     virtual void OnPaletteClosed() {}
+    // Who stands behind the system's colour dialog.
+    virtual DialogHost* Dialogs() { return nullptr; }
     // A setting that is stored is another now; told by the name under which hosts hear of it.
     virtual void OnSettingChanged(const std::wstring& /*key*/) {}
 
@@ -117,6 +119,7 @@ private:
     void OnTabChanged() override;
     void OnColorPicked(Color color) override;
     void OnPaletteOpened() override;
+    DialogHost* Dialogs() override;
     void OnPaletteClosed() override;
     void OnCustomColorChanged(int index, Color color) override;
 

@@ -181,7 +181,13 @@ bool frmColorPicker::AskColor(Color& color) {
     dialog.lpCustColors = kept.data();
     dialog.Flags = CC_FULLOPEN;
     m_bColorDialogOpen = true;
-    const bool chosen = ChooseColorW(&dialog) != FALSE;
+    bool chosen = false;
+    {
+        std::optional<ModalScope> modal;
+        if (DialogHost* const host = m_Owner.Dialogs())
+            modal.emplace(*host);
+        chosen = ChooseColorW(&dialog) != FALSE;
+    }
     if (life.expired())
         return false;
     m_bColorDialogOpen = false;

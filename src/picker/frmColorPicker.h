@@ -3,6 +3,7 @@
 #include "automation/Error.h"
 #include "picker/PaletteMoves.h"
 #include "picker/PalettePainter.h"
+#include "platform/ModalScope.h"
 #include "platform/Pane.h"
 #include "platform/ScrollBar.h"
 #include "platform/Tooltip.h"
@@ -20,6 +21,7 @@ public:
     virtual void OnPaletteOpened() = 0;
     virtual void OnPaletteClosed() = 0;
     virtual void OnCustomColorChanged(int index, Color color) = 0;
+    virtual DialogHost* Dialogs() = 0; // null when nobody need know of one
 
 protected:
     ~PaletteOwner() = default;

@@ -318,6 +318,8 @@ TEST_F(GridTest, APickGoesToTheRowThatCameMeanwhile) {
             EXPECT_TRUE(Palette());
             use(host);
             EXPECT_EQ(host.Selected(), L"C");
+            EXPECT_EQ(std::ranges::count(host.log, "EnableModeless 0"), way == ways[0].first);
+            EXPECT_EQ(std::ranges::count(host.log, "EnableModeless 1"), way == ways[0].first);
             EXPECT_FALSE(Palette());
             host.events.on.clear();
             const _variant_t left = ValueOf(next.Get());

@@ -375,6 +375,12 @@ const std::pair<const char*, void (*)(GridContainer&)> kDeeds[] = {
     {"hide the row", [](GridContainer& host) { host.Item(1L)->put_Visible(VARIANT_FALSE); }},
     {"the other view", [](GridContainer& host) { host->put_ActiveView(omCatagorized); }},
     {"another size", [](GridContainer& host) { host.Resize({200, 150}); }},
+    {"load an object",
+     [](GridContainer& host) {
+         VARIANT_BOOL loaded = VARIANT_FALSE;
+         host->LoadObjectProperties(MakeFont().Get(), VARIANT_TRUE, VARIANT_TRUE, &loaded);
+     }},
+    {"hide the control", [](GridContainer& host) { ShowWindow(host.Window(), SW_HIDE); }},
     {"let the control go", [](GridContainer& host) { host.LetGo(); }},
     {"destroy the form", [](GridContainer& host) { DestroyWindow(host.window); }},
 };
