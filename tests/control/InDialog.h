@@ -31,15 +31,13 @@ inline HWND Dialog() {
     return found;
 }
 
+inline BOOL CALLBACK CollectPart(HWND part, LPARAM parts) {
+    reinterpret_cast<std::vector<HWND>*>(parts)->push_back(part);
+    return TRUE;
+}
 inline std::vector<HWND> PartsOf(HWND window) {
     std::vector<HWND> parts;
-    EnumChildWindows(
-        window,
-        [](HWND part, LPARAM list) {
-            reinterpret_cast<std::vector<HWND>*>(list)->push_back(part);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&parts));
+    EnumChildWindows(window, CollectPart, reinterpret_cast<LPARAM>(&parts));
     return parts;
 }
 
