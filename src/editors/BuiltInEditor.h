@@ -57,6 +57,10 @@ public:
     virtual void CloseUp() {}
     // Where TAB brings the focus.
     virtual HWND TabStop() const { return Window(); }
+    // The user has changed what its window shows, as the window told its parent.
+    virtual void Changed() {}
+    // The row has gone, or the host has: objects of the host's are not kept.
+    virtual void LetObjectsGo() {}
     // How often the user has been at work in its windows: the same value, given anew, is another one.
     unsigned Picks() const { return m_Picks; }
     // Of the control; windows of the control's own know it already.

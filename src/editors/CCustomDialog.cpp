@@ -25,12 +25,13 @@ void CCustomDialog::SetValue(const VARIANT& value) {
         Field().SetText(text);
 }
 
-// The value of a row that has gone may be an object, and is not to be kept alive here.
 void CCustomDialog::SetVisible(bool visible) {
     CaptionEditor::SetVisible(visible);
     if (!visible)
-        Store(m_Value, {});
+        LetObjectsGo();
 }
+
+void CCustomDialog::LetObjectsGo() { Store(m_Value, {}); }
 
 bool CCustomDialog::Holds(const IUnknown* object) const {
     return (V_VT(&m_Value) == VT_DISPATCH || V_VT(&m_Value) == VT_UNKNOWN) && V_UNKNOWN(&m_Value) == object;
@@ -48,7 +49,7 @@ void CCustomDialog::KeyDown(int& key, int shift) {
 void CCustomDialog::ShowDialog() {
     const ComPtr<_CEditor> self(this);
     bool fine = true;
-    Confirmed([&] {
+    WithDialog(Tells::Nobody, [&] {
         fine = !m_DialogListener || m_DialogListener->RaiseCustomDialogEvent();
         return false;
     });

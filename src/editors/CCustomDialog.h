@@ -9,6 +9,7 @@ namespace ormisk {
 class CCustomDialog final : public CaptionEditor {
 public:
     bool Holds(const IUnknown* object) const override;
+    void LetObjectsGo() override;
 
 private:
     void ShowDialog() override;

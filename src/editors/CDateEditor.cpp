@@ -36,6 +36,12 @@ void CDateEditor::Activate(bool) {
     m_Picker.DropDown();
 }
 
+// Also to the day that the picker shows in place of something else.
+void CDateEditor::Changed() {
+    m_InPlace.reset();
+    NotePick();
+}
+
 void CDateEditor::KeyDown(int& key, int shift) {
     if (key == VK_RETURN) {
         m_InPlace.reset(); // what the picker shows is the user's word now
@@ -44,8 +50,10 @@ void CDateEditor::KeyDown(int& key, int shift) {
         m_Picker.TakeTyped(); // or it would come when the focus goes
         CancelAndLeave();
     } else if (OpensEditor(key, shift)) {
-        m_Picker.DropDown();
-        key = 0; // not every picker leaves the calendar open then
+        if (key == VK_DOWN)
+            SettleAlt(Window());
+        key = 0;
+        m_Picker.OpenCalendar() ? m_Picker.CloseUp() : m_Picker.DropDown();
     }
 }
 

@@ -12,6 +12,7 @@ class CDateEditor final : public WindowEditor {
 public:
     CDateEditor() : WindowEditor(m_Picker) {}
     void Activate(bool dropDown) override; // opens the calendar in any case
+    void Changed() override;
     HWND DropDownWindow() const override { return m_Picker.OpenCalendar(); }
     void CloseUp() override { m_Picker.CloseUp(); }
 

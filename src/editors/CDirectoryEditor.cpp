@@ -63,8 +63,9 @@ void CDirectoryEditor::KeyDown(int& key, int shift) {
     } else if (key == VK_ESCAPE) {
         CancelAndLeave();
     } else {
+        const unsigned row = Row();
         DialogEditor::KeyDown(key, shift);
-        if (key != 0 && key != VK_SHIFT && key != VK_CONTROL && key != VK_MENU && !Field().BoxHasFocus())
+        if (key != 0 && Serves(row) && key != VK_SHIFT && key != VK_CONTROL && key != VK_MENU && !Field().BoxHasFocus())
             FocusRows(); // the field itself has no use for keys
     }
 }

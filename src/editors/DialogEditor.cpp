@@ -9,14 +9,14 @@ void DialogEditor::Borrow(const EditorTools& tools) {
     WindowEditor::Borrow(tools);
 }
 
-bool DialogEditor::Confirmed(const std::function<bool()>& dialog) {
+bool DialogEditor::WithDialog(Tells tells, const std::function<bool()>& dialog) {
     if (m_bInDialog || !m_Dialogs || !Window())
         return false;
     const unsigned row = Row();
     const Meanwhile inDialog(m_bInDialog, true);
     bool confirmed = false;
     {
-        const ModalScope modal(*m_Dialogs);
+        const ModalScope modal(*m_Dialogs, tells);
         confirmed = dialog();
     }
     NotePick();
@@ -40,8 +40,9 @@ void DialogEditor::Arrange(const FieldPlaces& places) {
 void DialogEditor::KeyDown(int& key, int shift) {
     if (!OpensEditor(key, shift))
         return;
-    if (key == VK_F4)
-        key = 0; // the system has to see the other one: it would take ALT for a key pressed alone
+    if (key == VK_DOWN)
+        SettleAlt(Window());
+    key = 0;
     ShowDialog();
 }
 

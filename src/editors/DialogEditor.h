@@ -21,7 +21,9 @@ protected:
     // Opens the dialog of this editor and does what is to be done when it is confirmed.
     virtual void ShowDialog() = 0;
     // Runs a dialog; true when it was confirmed and the editor still serves the row.
-    bool Confirmed(const std::function<bool()>& dialog);
+    bool Confirmed(const std::function<bool()>& dialog) { return WithDialog(Tells::Container, dialog); }
+    using Tells = ModalScope::Tells;
+    bool WithDialog(Tells tells, const std::function<bool()>& dialog);
     HWND Owner() const { return Window(); }
 
     DialogField& Field() { return m_Field; }

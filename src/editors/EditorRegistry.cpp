@@ -100,6 +100,12 @@ void EditorRegistry::SetEnabled(bool enabled) const {
         entry.Editor->SetEnabled(enabled);
 }
 
+// An object may do anything when it is let go.
+void EditorRegistry::LetObjectsGo() const {
+    for (const BuiltInEntry& entry : std::vector(m_BuiltIn))
+        entry.Editor->LetObjectsGo();
+}
+
 bool EditorRegistry::Holds(const IUnknown* object) const {
     return std::ranges::any_of(m_BuiltIn, [&](const BuiltInEntry& entry) { return entry.Editor->Holds(object); });
 }

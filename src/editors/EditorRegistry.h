@@ -30,6 +30,7 @@ public:
     void TakeControlFont(const FontDescription& font) const;
     // The control's windows take keys, or take none.
     void SetEnabled(bool enabled) const;
+    void LetObjectsGo() const;
     // Whether an editor of ours has this object as its value.
     bool Holds(const IUnknown* object) const;
 

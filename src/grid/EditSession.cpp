@@ -31,6 +31,7 @@ void EditSession::Release() {
 void EditSession::LetObjectsGo() {
     if (!m_Editors.BuiltIn(m_CurrentEditor.Get()) || IsOpen(omListEditor) || IsOpen(omCustomDialog))
         HideCurrentEditor();
+    m_Editors.LetObjectsGo();
     m_Grid.m_Panes.m_ListEditor.Clear();
     m_Editors.EndUse();
 }
@@ -156,6 +157,12 @@ void EditSession::Scrolled() {
     CloseEditor(true);
     FollowRow();
     m_Grid.m_Panes.m_picHeaderContainer.BringToTop();
+}
+
+void EditSession::Changed(HWND window) {
+    BuiltInEditor* builtIn = m_Editors.BuiltIn(m_CurrentEditor.Get());
+    if (builtIn && window == EditorWindow())
+        builtIn->Changed();
 }
 
 void EditSession::CloseUp() {
@@ -285,6 +292,8 @@ void EditSession::CancelAndHide() {
     EditorProxy proxy(editor.Get());
     proxy.SetVisible(false);
     proxy.Cancel();
+    if (BuiltInEditor* builtIn = m_CurrentEditor == editor ? nullptr : m_Editors.BuiltIn(editor.Get()))
+        builtIn->LetObjectsGo();
 }
 
 void EditSession::Collect(_CEditor* editor) {

@@ -48,7 +48,8 @@ public:
     void FollowRow();
     void Scrolled();
     void FontChanged();
-    void CloseUp(); // what the open editor has dropped down
+    void Changed(HWND window); // its user changed what this window shows
+    void CloseUp();            // what the open editor has dropped down
     // After the selected property changed: shows what it kept.
     void ReloadEditor(CProperty& property);
     void CommitAndHide();

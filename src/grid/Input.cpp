@@ -229,10 +229,12 @@ bool Input::HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected,
 }
 
 void Input::DropDown(const Ref<CNode>& selected, Ref<CNode>& target) {
-    if (selected->Property()->IsReadOnly())
+    if (selected->Property()->IsReadOnly()) {
         target = Ref<CNode>(selected->NextVisible());
-    else
-        m_Grid.m_Session.OpenAndActivate(true);
+        return;
+    }
+    SettleAlt(m_Grid.m_Panes.TreeWnd());
+    m_Grid.m_Session.OpenAndActivate(true);
 }
 
 void Input::HandleOtherKey(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target) {

@@ -4,6 +4,7 @@
 #include "grid/PaintPrimitives.h"
 #include "platform/Rounding.h"
 
+#include <commctrl.h>
 #include <cstring>
 
 namespace ormisk {
@@ -59,6 +60,10 @@ bool PaneEvents::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lPara
                 return result != 0;
             }
         }
+        return false;
+    case WM_NOTIFY:
+        if (const auto& notice = *reinterpret_cast<const NMHDR*>(lParam); notice.code == DTN_DATETIMECHANGE)
+            m_Grid.m_Session.Changed(notice.hwndFrom);
         return false;
     case WM_COMMAND:
     case WM_DRAWITEM:

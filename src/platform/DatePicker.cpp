@@ -144,8 +144,15 @@ void DatePicker::Click(long x) {
 void DatePicker::OnFocusChanged(bool gained) {
     constexpr long kInFirstPart = 4;
     constexpr long kLeastBox = 18;
-    const long box = HasCheckBox() ? std::max(ClientRect(hWnd()).bottom, kLeastBox) : 0;
-    const long button = ClientRect(hWnd()).right - GetSystemMetrics(SM_CXVSCROLL);
+    long box = HasCheckBox() ? std::max(ClientRect(hWnd()).bottom, kLeastBox) : 0;
+    long button = ClientRect(hWnd()).right - GetSystemMetrics(SM_CXVSCROLL);
+    DATETIMEPICKERINFO info{}; // which not every system gives
+    info.cbSize = sizeof info;
+    Ask(DTM_GETDATETIMEPICKERINFO, 0, reinterpret_cast<LPARAM>(&info));
+    if (info.rcButton.right > 0) {
+        box = std::max(info.rcCheck.right, 0L);
+        button = info.rcButton.left;
+    }
     const bool byKey = gained && GetFocus() == hWnd() && !IsKeyDown(VK_LBUTTON) && !OpenCalendar();
     if (!byKey || box + kInFirstPart >= button)
         return;
@@ -157,14 +164,18 @@ void DatePicker::OnFocusChanged(bool gained) {
 void DatePicker::TakeTyped() {
     if (!hWnd() || GetFocus() != hWnd())
         return;
-    Default(hWnd(), WM_KILLFOCUS, 0, 0);
-    Default(hWnd(), WM_SETFOCUS, 0, 0);
+    const HWND picker = hWnd();
+    Default(picker, WM_KILLFOCUS, 0, 0);
+    if (hWnd() == picker)
+        Default(picker, WM_SETFOCUS, 0, 0);
 }
 
 void DatePicker::CloseUp() {
     if (!OpenCalendar())
         return;
     Ask(kCloseMonthCal);
+    if (OpenCalendar())
+        Default(hWnd(), WM_KEYDOWN, VK_ESCAPE, 0); // where that message is not known
     if (const HWND calendar = OpenCalendar())
         ShowWindow(calendar, SW_HIDE);
 }
@@ -234,6 +245,16 @@ bool DatePicker::IsPressed() const {
     return IsKeyDown(VK_LBUTTON) && PtInRect(&own, mouse);
 }
 
+// As the picker does for a day that is picked by mouse.
+void DatePicker::TellChange(const SYSTEMTIME& day) {
+    NMDATETIMECHANGE change{};
+    change.nmhdr.hwndFrom = hWnd();
+    change.nmhdr.code = DTN_DATETIMECHANGE;
+    change.dwFlags = GDT_VALID;
+    change.st = day;
+    SendMessageW(Parent(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&change));
+}
+
 bool DatePicker::OnCalendarKey(HWND calendar, WPARAM key) {
     SYSTEMTIME day{};
     if (key == VK_ESCAPE || key == VK_F4) {
@@ -244,6 +265,7 @@ bool DatePicker::OnCalendarKey(HWND calendar, WPARAM key) {
         return false;
     if (key == VK_RETURN) {
         SetDate(DateOf(day));
+        TellChange(day);
         CloseUp();
         return true;
     }

@@ -39,6 +39,7 @@ private:
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnFocusChanged(bool gained) override;
     LRESULT OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARAM lParam);
+    void TellChange(const SYSTEMTIME& day);
     bool OnCalendarKey(HWND calendar, WPARAM key);
     bool IsPressed() const;
     void Click(long x);

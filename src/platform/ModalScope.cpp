@@ -2,8 +2,9 @@
 
 namespace ormisk {
 
-ModalScope::ModalScope(DialogHost& host)
-    : m_Keeper(host.Keeper()), m_Container(host.Container()), m_Window(host.Window()) {
+ModalScope::ModalScope(DialogHost& host, Tells tells)
+    : m_Keeper(host.Keeper()), m_Container(tells == Tells::Container ? host.Container() : nullptr),
+      m_Window(host.Window()) {
     if (m_Container)
         m_Container->EnableModeless(FALSE);
 }

@@ -22,7 +22,8 @@ protected:
 // gone elsewhere.
 class ModalScope {
 public:
-    explicit ModalScope(DialogHost& host);
+    enum class Tells { Container, Nobody }; // nobody: the host opens the dialog itself
+    explicit ModalScope(DialogHost& host, Tells tells = Tells::Container);
     ModalScope(const ModalScope&) = delete;
     ModalScope& operator=(const ModalScope&) = delete;
     ~ModalScope();

@@ -29,4 +29,8 @@ inline int ShiftStateOf(WPARAM mouseKeys) {
            (IsKeyDown(VK_MENU) ? kAltKey : 0);
 }
 
+// Before something opens by ALT and an arrow that will have the keys: the system has to know that ALT was not pressed
+// alone, which would open a menu when it comes up.
+inline void SettleAlt(HWND window) { DefWindowProcW(window, WM_SYSKEYDOWN, VK_DOWN, 1 << 29); }
+
 } // namespace ormisk

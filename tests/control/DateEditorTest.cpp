@@ -208,6 +208,14 @@ TEST_F(GridTest, AVisitOfADateRowChangesWhatItCannotShow) {
         EXPECT_EQ(host.Heard(), L"SelChanged B");
         _variant_t after = ValueOf(row.Get());
         EXPECT_EQ(V_VT(&after), V_VT(&value));
+        // Picked in the calendar, the day that is shown is a choice.
+        GoTo(host, row.Get());
+        host.RealKeys({VK_F4, VK_RETURN});
+        host.Select(next.Get());
+        after = ValueOf(row.Get());
+        EXPECT_EQ(V_VT(&after), VT_DATE);
+        row->put_Value(_variant_t());
+        row->put_Value(value);
         // ENTER says that it shall be so.
         GoTo(host, row.Get());
         SetFocus(Picker(host));
