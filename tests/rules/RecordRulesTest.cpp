@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cwchar>
 
 using namespace ormisk::records;
 using Refusal = RecordPosition::Refusal;
