@@ -1,6 +1,7 @@
 #include "records/FieldTypes.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace ormisk::records {
 

@@ -6,6 +6,7 @@
 #include "records/ScriptCalls.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace ormisk::records {
 
