@@ -143,9 +143,10 @@ TEST_F(RecordsetTest, RequeryAndTwoRecordsetsOnOneFile) {
 
 TEST_F(RecordsetTest, WhatCannotBeOpenedTellsWhy) {
     const AutomationError table = ErrorOf([&] { rs.Open(database, L"nowhere"); });
-    EXPECT_NE(table.description.find(L"nowhere"), std::wstring::npos) << ToBstr(table.description);
+    EXPECT_NE(table.description.find(L"nowhere"), std::wstring::npos) << table.description;
     EXPECT_EQ(rs.Number(L"State"), adStateClosed);
-    EXPECT_TRUE(FAILED(rs->Open(_variant_t(L"people"), _variant_t(L"Driver=None"), adOpenKeyset, adLockOptimistic, -1)));
+    EXPECT_TRUE(
+        FAILED(rs->Open(_variant_t(L"people"), _variant_t(L"Driver=None"), adOpenKeyset, adLockOptimistic, -1)));
     EXPECT_EQ(rs->Open(_variant_t(L"people"), Missing(), adOpenKeyset, adLockOptimistic, -1),
               Number(Failure::InvalidConnection));
     EXPECT_EQ(ErrorOf([&] { rs.Number(L"RecordCount"); }).number, Number(Failure::ObjectClosed));
