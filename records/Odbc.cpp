@@ -92,6 +92,13 @@ void Statement::PrimaryKeys(const std::vector<std::wstring>& table) {
     m_Handle.Check(SQLPrimaryKeysW(m_Handle.Get(), part(2), SQL_NTS, part(1), SQL_NTS, part(0), SQL_NTS));
 }
 
+void Statement::TableColumns(const std::vector<std::wstring>& table) {
+    const auto part = [&](std::size_t fromEnd) {
+        return table.size() > fromEnd ? Text(table[table.size() - 1 - fromEnd]) : nullptr;
+    };
+    m_Handle.Check(SQLColumnsW(m_Handle.Get(), part(2), SQL_NTS, part(1), SQL_NTS, part(0), SQL_NTS, nullptr, 0));
+}
+
 std::vector<Column> Statement::Columns() const {
     SQLSMALLINT count = 0;
     m_Handle.Check(SQLNumResultCols(m_Handle.Get(), &count));

@@ -74,6 +74,8 @@ public:
     void Execute();
     // The columns of a table's primary key, in the order of the key, as rows of a catalog.
     void PrimaryKeys(const std::vector<std::wstring>& table);
+    // The columns of a table, as rows of a catalog. In the name % and _ stand for others, too.
+    void TableColumns(const std::vector<std::wstring>& table);
 
     std::vector<Column> Columns() const;
     bool Fetch();

@@ -10,7 +10,10 @@ namespace ormisk::records {
 namespace {
 
 constexpr HRESULT kConcurrencyViolation = static_cast<HRESULT>(0x80040E38);
-constexpr SQLUSMALLINT kKeyNameColumn = 4; // of the catalog's rows
+// Of the catalog's rows.
+constexpr SQLUSMALLINT kTableColumn = 3;
+constexpr SQLUSMALLINT kNameColumn = 4;
+constexpr SQLUSMALLINT kNullableColumn = 11;
 
 std::vector<std::wstring> NamesOf(const std::vector<Column>& columns) {
     std::vector<std::wstring> names;
@@ -54,7 +57,7 @@ void RecordTable::FindKeys() {
         Statement catalog(m_Connection);
         catalog.PrimaryKeys(m_Query->table);
         while (catalog.Fetch())
-            names.push_back(TextOf(catalog.Read(kKeyNameColumn, {0, Transfer::Text, false, false})));
+            names.push_back(TextOf(catalog.Read(kNameColumn, {0, Transfer::Text, false, false})));
     }
     if (names.empty())
         return;
@@ -81,6 +84,23 @@ void RecordTable::Describe() {
     for (Column& column : m_Columns) {
         column.writable = true;
         column.key = std::ranges::any_of(m_Keys, [&](const Column& key) { return SameName(key.name, column.name); });
+    }
+    FindNullable();
+}
+
+// Drivers know of a result less than of the table.
+void RecordTable::FindNullable() {
+    constexpr FieldType kText = {0, Transfer::Text, false, false};
+    Statement catalog(m_Connection);
+    catalog.TableColumns(m_Query->table);
+    while (catalog.Fetch()) {
+        if (!SameName(TextOf(catalog.Read(kTableColumn, kText)), m_Query->table.back()))
+            continue;
+        const std::wstring name = TextOf(catalog.Read(kNameColumn, kText));
+        if (TextOf(catalog.Read(kNullableColumn, kText)) == std::to_wstring(SQL_NO_NULLS))
+            for (Column& column : m_Columns)
+                if (SameName(column.name, name))
+                    column.nullable = false;
     }
 }
 

@@ -42,6 +42,7 @@ private:
 
     void FindKeys();
     void Describe();
+    void FindNullable();
     std::vector<KeyColumn> KeyOf(const Entry& entry) const;
     void BindKey(Statement& statement, const Entry& entry) const;
     void BindChanges(Statement& statement, const Changes& changes) const;

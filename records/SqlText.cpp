@@ -117,6 +117,8 @@ private:
             }
             if (std::ranges::any_of(kJoining, [&](std::wstring_view keyword) { return m_Token.Is(keyword); }))
                 return false;
+            if (std::ranges::any_of(kOrdering, [&](std::wstring_view keyword) { return m_Token.Is(keyword); }))
+                m_Query.ordered = true;
             end = m_Token.end;
         }
         m_Query.conditions = m_Text.substr(start, end - start);
@@ -131,6 +133,7 @@ private:
     };
     // What makes rows of more than rows of the table.
     static constexpr std::wstring_view kJoining[] = {L"GROUP", L"HAVING", L"UNION", L"EXCEPT", L"INTERSECT", L"WINDOW"};
+    static constexpr std::wstring_view kOrdering[] = {L"ORDER", L"LIMIT", L"OFFSET", L"FETCH", L"FOR"};
 
     std::wstring_view m_Text;
     SqlToken m_Token;
@@ -180,7 +183,9 @@ std::wstring SelectAll(const TableQuery& query, std::wstring_view quote) {
 }
 
 std::wstring SelectKeys(const TableQuery& query, const std::vector<std::wstring>& keys, std::wstring_view quote) {
-    return L"SELECT " + List(keys, quote) + From(query, quote);
+    // Databases may find the keys in an index that has an order of its own.
+    const std::wstring order = query.ordered ? L"" : L" ORDER BY " + List(keys, quote);
+    return L"SELECT " + List(keys, quote) + From(query, quote) + order;
 }
 
 std::wstring SelectRow(const TableQuery& query, const std::vector<KeyColumn>& key, std::wstring_view quote) {

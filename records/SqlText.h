@@ -16,6 +16,7 @@ struct TableQuery {
     std::vector<std::wstring> columns; // without quotes; none for all
     std::wstring alias;                // as the table is called in the conditions, without quotes
     std::wstring conditions;           // WHERE and ORDER BY, as they were given
+    bool ordered = false;              // they say an order, or something that stands behind one
 };
 
 // Whether a source is a command rather than the name of a table.

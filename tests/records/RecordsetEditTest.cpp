@@ -66,7 +66,7 @@ TEST_F(RecordsetEditTest, AnEditIsSeenUndoneAndWritten) {
 TEST_F(RecordsetEditTest, ARefusedUpdateLeavesBufferAndRecord) {
     rs.SetValue(L"word", L"two");
     const AutomationError error = ErrorOf([&] { InvokeByName(rs.Get(), L"Update", DISPATCH_METHOD); });
-    EXPECT_NE(error.description.find(L"UNIQUE"), std::wstring::npos) << error.description;
+    EXPECT_NE(error.description.find(L"UNIQUE"), std::wstring::npos) << error.description << error.number;
     EXPECT_TRUE(FAILED(rs.Do(L"MoveNext")));
     EXPECT_EQ(rs.Number(L"AbsolutePosition"), 1);
     EXPECT_EQ(rs.Text(L"word"), L"two");
@@ -103,13 +103,29 @@ TEST_F(RecordsetEditTest, ARecordIsAddedAndGivenUp) {
 
 TEST_F(RecordsetEditTest, AFileThatCannotBeWrittenSaysSo) {
     Script reader;
-    Check(reader->Open(_variant_t(L"things"), ToVariant(database.Connect(L"ReadOnly=1")), adOpenKeyset,
-                       adLockOptimistic, -1));
+    Check(
+        reader->Open(_variant_t(L"things"), ToVariant(database.ConnectReadOnly()), adOpenKeyset, adLockOptimistic, -1));
     reader.SetValue(L"number", 1L);
     const AutomationError error = ErrorOf([&] { InvokeByName(reader.Get(), L"Update", DISPATCH_METHOD); });
     EXPECT_NE(error.description.find(L"readonly"), std::wstring::npos) << error.description;
     EXPECT_EQ(reader.Text(L"number"), L"1");
     EXPECT_EQ(reader.Do(L"CancelUpdate"), S_OK);
+    EXPECT_TRUE(IsNull(reader.Value(L"number")));
+}
+
+TEST_F(RecordsetEditTest, AFileThatIsLockedSaysSo) {
+    Script waiting;
+    Check(waiting->Open(_variant_t(L"things"), ToVariant(database.Connect(L"Timeout=50;")), adOpenKeyset,
+                        adLockOptimistic, -1));
+    waiting.SetValue(L"number", 1L);
+    const records::Connection other(database.Connect());
+    Statement(other, L"begin immediate").Execute();
+    const AutomationError error = ErrorOf([&] { InvokeByName(waiting.Get(), L"Update", DISPATCH_METHOD); });
+    EXPECT_NE(error.description.find(L"locked"), std::wstring::npos) << error.description;
+    EXPECT_EQ(waiting.Number(L"EditMode"), adEditInProgress);
+    Statement(other, L"rollback").Execute();
+    EXPECT_EQ(waiting.Do(L"Update"), S_OK) << "tried again";
+    EXPECT_EQ(database.Ask(L"select number from things where id = 1"), L"1");
 }
 
 TEST_F(RecordsetEditTest, FieldsTellWhatTheyAre) {
@@ -120,13 +136,13 @@ TEST_F(RecordsetEditTest, FieldsTellWhatTheyAre) {
     EXPECT_EQ(ask(L"word", L"Attributes") & adFldIsNullable, 0);
     EXPECT_NE(ask(L"number", L"Attributes") & adFldIsNullable, 0);
     EXPECT_EQ(ask(L"number", L"Type"), adInteger);
-    EXPECT_EQ(ask(L"word", L"Type"), adVarWChar);
+    EXPECT_TRUE(ask(L"word", L"Type") == adVarWChar || ask(L"word", L"Type") == adVarChar);
     EXPECT_EQ(ask(L"word", L"DefinedSize"), 20);
     EXPECT_EQ(ask(L"word", L"ActualSize"), 6);
     EXPECT_EQ(ask(L"size", L"Type"), adDouble);
     EXPECT_EQ(ask(L"day", L"Type"), adDBDate);
     EXPECT_EQ(ask(L"moment", L"Type"), adDBTimeStamp);
     EXPECT_EQ(ask(L"flag", L"Type"), adBoolean);
-    EXPECT_EQ(ask(L"data", L"Type"), adLongVarBinary);
-    EXPECT_EQ(ask(L"story", L"Type"), adLongVarWChar);
+    EXPECT_TRUE(ask(L"data", L"Type") == adLongVarBinary || ask(L"data", L"Type") == adBinary);
+    EXPECT_TRUE(ask(L"story", L"Type") == adLongVarWChar || ask(L"story", L"Type") == adLongVarChar);
 }

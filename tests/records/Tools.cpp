@@ -35,6 +35,9 @@ std::wstring Database::Connect(const wchar_t* more) const {
     return L"Driver=SQLite3;Database=" + m_UnixFile + L";" + more;
 }
 
+// The attribute of the file would not bind the user that the tests may run as.
+std::wstring Database::ConnectReadOnly() const { return L"Driver=SQLite3;Database=file:" + m_UnixFile + L"?mode=ro;"; }
+
 void Database::Do(const std::wstring& command) const {
     const Connection connection(Connect());
     Statement(connection, command).Execute();

@@ -18,6 +18,7 @@ public:
     void Do(const std::wstring& command) const;
     std::wstring Ask(const std::wstring& command) const; // one value as text
     std::wstring Connect(const wchar_t* more = L"") const;
+    std::wstring ConnectReadOnly() const;
 
 private:
     std::wstring m_File;     // as Windows names it

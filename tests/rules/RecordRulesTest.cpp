@@ -198,7 +198,8 @@ TEST(SqlText, CommandsByKey) {
     const std::wstring table = L"\"my \"\"t\"\"\"";
     const std::vector<KeyColumn> key = {{L"id"}, {L"a b", true}};
     EXPECT_EQ(SelectAll(query, kQuote), L"SELECT * FROM " + table);
-    EXPECT_EQ(SelectKeys(query, {L"id", L"a b"}, kQuote), L"SELECT \"id\", \"a b\" FROM " + table);
+    EXPECT_EQ(SelectKeys(query, {L"id", L"a b"}, kQuote),
+              L"SELECT \"id\", \"a b\" FROM " + table + L" ORDER BY \"id\", \"a b\"");
     EXPECT_EQ(SelectRow(query, key, kQuote), L"SELECT * FROM " + table + L" WHERE \"id\" = ? AND \"a b\" IS NULL");
     EXPECT_EQ(UpdateRow(query, {L"x", L"set"}, {{L"id"}}, kQuote),
               L"UPDATE " + table + L" SET \"x\" = ?, \"set\" = ? WHERE \"id\" = ?");
@@ -211,6 +212,9 @@ TEST(SqlText, ConditionsAndAliasBelongToTheKeysOnly) {
     const auto query = Parsed(L"select a from s.t x where x.a > 1 order by x.b");
     ASSERT_TRUE(query);
     EXPECT_EQ(SelectKeys(*query, {L"id"}, kQuote), L"SELECT \"id\" FROM \"s\".\"t\" \"x\" where x.a > 1 order by x.b");
+    const auto limited = Parsed(L"select a from t where a > 1 limit 3");
+    ASSERT_TRUE(limited);
+    EXPECT_EQ(SelectKeys(*limited, {L"id"}, kQuote), L"SELECT \"id\" FROM \"t\" where a > 1 limit 3");
     EXPECT_EQ(SelectRow(*query, {{L"id"}}, kQuote), L"SELECT \"a\" FROM \"s\".\"t\" WHERE \"id\" = ?");
 }
 
