@@ -4,8 +4,6 @@
 #include "model/NumberText.h"
 #include "win/Keys.h"
 
-#include <cmath>
-
 namespace ormisk {
 namespace {
 

@@ -38,23 +38,16 @@ void CDirectoryEditor::ReadRow(_CProperty* property) {
     Field().SetText({});
 }
 
-void CDirectoryEditor::Show(const std::wstring& path) {
-    m_sValue = path;
-    m_HasValue = true;
-    Field().SetText(path);
-}
-
 // A value without a text, such as an array, has nothing to commit until the user chooses a path.
 void CDirectoryEditor::SetValue(const VARIANT& value) {
     std::wstring text;
-    const bool hasText = IgnoringFailures([&] { text = TextOf(value); });
+    m_HasValue = IgnoringFailures([&] { text = TextOf(value); });
     Show(text);
-    m_HasValue = hasText;
 }
 
 void CDirectoryEditor::CommitEdit() {
     if (m_HasValue)
-        DialogEditor::CommitEdit();
+        BoxEditor::CommitEdit();
 }
 
 void CDirectoryEditor::KeyDown(int& key, int shift) {
@@ -64,7 +57,7 @@ void CDirectoryEditor::KeyDown(int& key, int shift) {
         CancelAndLeave();
     } else {
         const unsigned row = Row();
-        DialogEditor::KeyDown(key, shift);
+        BoxEditor::KeyDown(key, shift);
         if (key != 0 && Serves(row) && key != VK_SHIFT && key != VK_CONTROL && key != VK_MENU && !Field().BoxHasFocus())
             FocusRows(); // the field itself has no use for keys
     }
@@ -93,22 +86,12 @@ void CDirectoryEditor::Place(int left, int top, int width, int height) {
     Arrange(PlacePath({left, top, left + width, top + height}, GetSystemMetrics(SM_CXVSCROLL)));
 }
 
-void CDirectoryEditor::ShowFileDialog() {
-    const ComPtr<_CEditor> self(this);
-    const PathDialog dialog = m_Dialog;
-    std::wstring path = m_sValue;
-    if (!Confirmed([&] { return AskForFile(Owner(), dialog, path); }))
-        return;
-    Show(path);
-    CommitEdit();
-}
-
 void CDirectoryEditor::ShowFolderDialog() {
     const ComPtr<_CEditor> self(this);
     const PathDialog dialog = m_Dialog;
     std::wstring path = m_sValue;
     if (Confirmed([&] { return AskForFolder(Owner(), dialog, path); }))
-        Show(path);
+        SetValue(ToVariant(path));
 }
 
 } // namespace ormisk

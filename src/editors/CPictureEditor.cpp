@@ -1,7 +1,5 @@
 #include "editors/CPictureEditor.h"
 
-#include "editors/FileDialog.h"
-
 namespace ormisk {
 namespace {
 
@@ -10,7 +8,7 @@ constexpr int kLeftMargin = 2;
 } // namespace
 
 void CPictureEditor::Create(HWND parent) {
-    DialogEditor::Create(parent);
+    BoxEditor::Create(parent);
     Field().SetLeftMargin(kLeftMargin);
 }
 
@@ -24,11 +22,6 @@ void CPictureEditor::ReadRow(_CProperty* property) {
     m_sNoPicturePrompt = Param(property, L"NoPicturePrompt");
     if (m_sNoPicturePrompt.empty())
         m_sNoPicturePrompt = L"(none)";
-}
-
-void CPictureEditor::Show(const std::wstring& text) {
-    m_sValue = text;
-    Field().SetText(text);
 }
 
 void CPictureEditor::KeyDown(int& key, int shift) {
@@ -45,30 +38,20 @@ void CPictureEditor::KeyDown(int& key, int shift) {
         CancelEdit();
         break;
     default:
-        DialogEditor::KeyDown(key, shift);
+        BoxEditor::KeyDown(key, shift);
     }
 }
 
 // The field itself has no use for keys.
 void CPictureEditor::OnGotFocus() {
     const ComPtr<_CEditor> self(this);
-    DialogEditor::OnGotFocus();
+    BoxEditor::OnGotFocus();
     if (IsVisible() && !Field().BoxHasFocus())
         Field().FocusBox();
 }
 
 void CPictureEditor::Place(int left, int top, int width, int height) {
     Arrange(PlacePicture({left, top, left + width, top + height}, GetSystemMetrics(SM_CXVSCROLL)));
-}
-
-void CPictureEditor::ShowPictureDialog() {
-    const ComPtr<_CEditor> self(this);
-    const PathDialog dialog = m_Dialog;
-    std::wstring path;
-    if (!Confirmed([&] { return AskForFile(Owner(), dialog, path); }))
-        return;
-    Show(path);
-    CommitEdit();
 }
 
 } // namespace ormisk

@@ -1,30 +1,20 @@
 #pragma once
 
-#include "automation/Value.h"
 #include "editors/DialogEditor.h"
 
 namespace ormisk {
 
 // The editor of picture rows: a prompt that stands for the picture, or the name of the file that the user chose
 // instead, which is committed at once. Backspace and Delete put the prompt for no picture there.
-class CPictureEditor final : public DialogEditor {
-public:
-    CPictureEditor() : DialogEditor(DialogField::Content::Box) {}
-
-private:
-    void ShowDialog() override { ShowPictureDialog(); }
-    void ShowPictureDialog();
+class CPictureEditor final : public BoxEditor {
+    void ShowDialog() override { ShowFileDialog({}); }
     void Create(HWND parent) override;
     void ReadRow(_CProperty* property) override;
-    _variant_t Value() const override { return ToVariant(CutAtZero(m_sValue)); }
     void SetValue(const VARIANT& value) override { Show(TextOf(value)); }
     void KeyDown(int& key, int shift) override;
     void OnGotFocus() override;
     void Place(int left, int top, int width, int height) override;
-    void Show(const std::wstring& text);
 
-    std::wstring m_sValue;
-    PathDialog m_Dialog;
     std::wstring m_sNoPicturePrompt;
 };
 

@@ -1,9 +1,11 @@
 #include "editors/DialogEditor.h"
 
+#include "editors/FileDialog.h"
 #include "win/Keys.h"
 #include "win/Meanwhile.h"
 
 namespace ormisk {
+
 void DialogEditor::Borrow(const EditorTools& tools) {
     m_Dialogs = tools.Dialogs;
     WindowEditor::Borrow(tools);
@@ -56,21 +58,21 @@ void DialogEditor::OnButton() {
 }
 
 bool DialogEditor::IsForRows(int key, int shift) const {
-    if (m_Field.BoxHasFocus())
-        return false;
-    switch (key) {
-    case VK_UP:
-    case VK_DOWN:
-    case VK_LEFT:
-    case VK_RIGHT:
-    case VK_HOME:
-    case VK_END:
-    case VK_PRIOR:
-    case VK_NEXT:
-        return shift == 0;
-    default:
-        return false;
-    }
+    return shift == 0 && IsMovingKey(key) && !m_Field.BoxHasFocus();
+}
+
+void BoxEditor::Show(const std::wstring& text) {
+    m_sValue = text;
+    Field().SetText(text);
+}
+
+void BoxEditor::ShowFileDialog(std::wstring path) {
+    const ComPtr<_CEditor> self(this);
+    const PathDialog dialog = m_Dialog; // the row may be another one meanwhile
+    if (!Confirmed([&] { return AskForFile(Owner(), dialog, path); }))
+        return;
+    SetValue(ToVariant(path));
+    CommitEdit();
 }
 
 void CaptionEditor::Place(int left, int top, int width, int height) {

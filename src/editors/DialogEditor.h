@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/Value.h"
 #include "editors/DialogRules.h"
 #include "editors/WindowEditor.h"
 #include "platform/ModalScope.h"
@@ -49,6 +50,19 @@ class CaptionEditor : public DialogEditor {
 protected:
     CaptionEditor() : DialogEditor(DialogField::Content::Caption) {}
     void Place(int left, int top, int width, int height) override;
+};
+
+// One that shows a text in a box: the name of a file or folder, or what stands for it.
+class BoxEditor : public DialogEditor {
+protected:
+    BoxEditor() : DialogEditor(DialogField::Content::Box) {}
+    _variant_t Value() const override { return ToVariant(CutAtZero(m_sValue)); }
+    void Show(const std::wstring& text);
+    // Asks for a file, from the one named on; what is chosen is shown and committed at once.
+    void ShowFileDialog(std::wstring path);
+
+    std::wstring m_sValue;
+    PathDialog m_Dialog; // as the row wants it
 };
 
 } // namespace ormisk

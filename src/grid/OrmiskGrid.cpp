@@ -5,6 +5,7 @@
 #include "platform/About.h"
 #include "platform/VersionText.h"
 #include "win/Gdi.h"
+#include "win/Keys.h"
 
 #include <olectl.h>
 
@@ -73,31 +74,21 @@ HRESULT OrmiskGrid::OnTranslateKey(MSG& message) {
     if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN)
         return S_FALSE;
     const bool alt = message.message == WM_SYSKEYDOWN;
-    switch (message.wParam) {
+    const int key = static_cast<int>(message.wParam);
+    switch (key) {
     case VK_TAB:
         if (alt || GetKeyState(VK_CONTROL) < 0)
             return S_FALSE;
         return m_Grid.IsAlive() && m_Grid.m_FocusOrder.Move(GetKeyState(VK_SHIFT) < 0) ? S_OK : S_FALSE;
-    case VK_DOWN:
-    case VK_UP:
-        break;
-    case VK_LEFT:
-    case VK_RIGHT:
-    case VK_HOME:
-    case VK_END:
-    case VK_PRIOR:
-    case VK_NEXT:
-        if (alt)
-            return S_FALSE;
-        break;
     case VK_RETURN:
     case VK_ESCAPE:
         // Elsewhere they are for the default and cancel buttons of the host.
-        if (alt || !m_Grid.m_FocusOrder.Uses(static_cast<int>(message.wParam)))
+        if (alt || !m_Grid.m_FocusOrder.Uses(key))
             return S_FALSE;
         break;
     default:
-        return S_FALSE;
+        if (!IsMovingKey(key) || (alt && key != VK_UP && key != VK_DOWN))
+            return S_FALSE;
     }
     TranslateMessage(&message);
     DispatchMessageW(&message);

@@ -9,6 +9,12 @@
 
 namespace ormisk {
 
+namespace {
+
+bool LeavesItsPlace(const WINDOWPOS& change) { return change.flags & SWP_HIDEWINDOW || !(change.flags & SWP_NOMOVE); }
+
+} // namespace
+
 STDMETHODIMP PaneEvents::QueryInterface(REFIID iid, void** object) { return Keeper()->QueryInterface(iid, object); }
 
 STDMETHODIMP_(ULONG) PaneEvents::AddRef() { return Keeper()->AddRef(); }
@@ -35,12 +41,6 @@ LRESULT PaneEvents::NotifyHookedEvent(int nHookType, int, WPARAM wParam, LPARAM 
     }
     return 0;
 }
-
-namespace {
-
-bool LeavesItsPlace(const WINDOWPOS& change) { return change.flags & SWP_HIDEWINDOW || !(change.flags & SWP_NOMOVE); }
-
-} // namespace
 
 bool PaneEvents::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     Panes& panes = m_Grid.m_Panes;

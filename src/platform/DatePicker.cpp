@@ -2,7 +2,6 @@
 
 #include "win/Gdi.h"
 #include "win/Keys.h"
-#include "win/Meanwhile.h"
 #include "win/Rects.h"
 
 #include <algorithm>
@@ -57,6 +56,7 @@ std::optional<DATE> Moved(DATE date, WPARAM key) {
 void DatePicker::Create(HWND parent, ChildWindowListener* listener, bool checkBox) {
     if (hWnd())
         Destroy();
+    m_Calendar = nullptr;
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_DATE_CLASSES};
     InitCommonControlsEx(&classes);
     const DWORD style = DTS_RIGHTALIGN | (checkBox ? DTS_SHOWNONE : 0U);
@@ -135,9 +135,11 @@ void DatePicker::DropDown() {
 }
 
 void DatePicker::Click(long x) {
+    const std::weak_ptr<char> life = m_Life;
     const LPARAM at = MAKELPARAM(x, ClientRect(hWnd()).bottom / 2);
     Ask(WM_LBUTTONDOWN, MK_LBUTTON, at);
-    Ask(WM_LBUTTONUP, 0, at);
+    if (!life.expired())
+        Ask(WM_LBUTTONUP, 0, at);
 }
 
 // Digits go to the part of the date that is selected; without the mouse not every system selects one.
@@ -173,10 +175,11 @@ void DatePicker::TakeTyped() {
 void DatePicker::CloseUp() {
     if (!OpenCalendar())
         return;
+    const std::weak_ptr<char> life = m_Life; // the host may end it all when the focus moves
     Ask(kCloseMonthCal);
-    if (OpenCalendar())
+    if (!life.expired() && OpenCalendar())
         Default(hWnd(), WM_KEYDOWN, VK_ESCAPE, 0); // where that message is not known
-    if (const HWND calendar = OpenCalendar())
+    if (const HWND calendar = life.expired() ? nullptr : OpenCalendar())
         ShowWindow(calendar, SW_HIDE);
 }
 
@@ -189,7 +192,7 @@ void DatePicker::Move(int left, int top, int width, int height) {
 void DatePicker::SetVisible(bool visible) {
     if (!visible)
         CloseUp();
-    else if (m_Calendar) // which was made when the picker was in another frame
+    else if (hWnd() && m_Calendar) // which was made when the picker was in another frame
         SetWindowLongPtrW(m_Calendar, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(GetAncestor(hWnd(), GA_ROOT)));
     ChildWindow::SetVisible(visible);
 }
@@ -213,14 +216,17 @@ LRESULT DatePicker::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
 
 // Of a calendar that takes the focus; on other systems the picker keeps it, and does all this itself.
 LRESULT DatePicker::OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARAM lParam) {
+    const std::weak_ptr<char> life = m_Life;
     switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
         return OnCalendarKey(calendar, wParam) ? 0 : Default(calendar, message, wParam, lParam);
     case WM_ACTIVATE:
         if (LOWORD(wParam) == WA_INACTIVE && !IsPressed()) { // a press on the picker closes the calendar by itself
-            const Meanwhile leaving(m_Leaving, true);
+            m_Leaving = true;
             CloseUp();
+            if (!life.expired())
+                m_Leaving = false;
         }
         break;
     case WM_WINDOWPOSCHANGING:
@@ -235,7 +241,7 @@ LRESULT DatePicker::OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARA
     default:
         break;
     }
-    return Default(calendar, message, wParam, lParam);
+    return life.expired() ? 0 : Default(calendar, message, wParam, lParam);
 }
 
 bool DatePicker::IsPressed() const {

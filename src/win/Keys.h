@@ -17,6 +17,23 @@ inline int ShiftState() {
            (IsKeyDown(VK_MENU) ? kAltKey : 0);
 }
 
+// Whether a key moves among rows, or within a text.
+inline bool IsMovingKey(int key) {
+    switch (key) {
+    case VK_UP:
+    case VK_DOWN:
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_HOME:
+    case VK_END:
+    case VK_PRIOR:
+    case VK_NEXT:
+        return true;
+    default:
+        return false;
+    }
+}
+
 // Whether a key asks for what an editor drops down or opens.
 inline bool OpensEditor(int key, int shift) {
     const bool alt = (shift & kAltKey) != 0;

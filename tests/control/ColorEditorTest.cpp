@@ -1,6 +1,6 @@
 // Colour rows: the ways to the palette and out of it, what is stored, and rows that vanish under the open palette.
 
-#include "GridContainer.h"
+#include "DialogTools.h"
 
 #include "editors/CColorEditor.h"
 #include "picker/OrmiskSwatch.h"
@@ -12,14 +12,6 @@ namespace {
 
 ComPtr<_CProperty> AddColor(GridContainer& host, const wchar_t* name, const _variant_t& value) {
     return host.Add(name, value, L"", omColorEditor);
-}
-
-_variant_t ValueOf(_CProperty* property) { return Read(property, &_CProperty::get_Value); }
-
-std::wstring ClassOf(HWND window) {
-    wchar_t name[32] = L"";
-    GetClassNameW(window, name, 32);
-    return name;
 }
 
 // The palette on screen, of whichever grid; null when there is none.
@@ -42,14 +34,6 @@ std::wstring Shown(const GridContainer& host) {
     wchar_t text[32] = L"";
     GetWindowTextW(GetWindow(Field(host), GW_CHILD), text, 32);
     return text;
-}
-
-// As a user comes to a row: the rows have the focus.
-void GoTo(GridContainer& host, _CProperty* property) {
-    SetForegroundWindow(host.window);
-    SetFocus(host.Tree());
-    host.Select(property);
-    host.Heard();
 }
 
 void ClickPalette(GridContainer& host, long column, long row, bool right = false) {
@@ -227,16 +211,7 @@ TEST_F(GridTest, APaletteStaysWithoutItsRow) {
         {"the control resized", [](GridContainer& host) { host.Resize({200, 200}); }},
         {"the control hidden", [](GridContainer& host) { ShowWindow(host.Window(), SW_HIDE); }},
         {"let go", [](GridContainer& host) { host.LetGo(); }},
-        {"another window",
-         [](GridContainer& host) {
-             const HWND other = CreateWindowW(L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr, nullptr,
-                                              GetModuleHandleW(nullptr), nullptr);
-             SetForegroundWindow(other);
-             SetActiveWindow(other);
-             host.Pump();
-             EXPECT_EQ(GetActiveWindow(), other) << "the palette does not call the user back";
-             DestroyWindow(other);
-         }},
+        {"another window", LeaveForAnotherWindow},
     };
     for (const auto& [name, act] : deeds) {
         SCOPED_TRACE(name);
@@ -274,26 +249,12 @@ TEST_F(GridTest, AHandlerThatClearsTheGridEndsThePickBadly) {
             }
 }
 
-std::function<void()> s_InDialog;
-HWND Dialog() {
-    const HWND dialog = FindWindowW(L"#32770", nullptr);
-    return dialog && IsWindowVisible(dialog) ? dialog : nullptr;
-}
-void CALLBACK OnDialogTimer(HWND, UINT, UINT_PTR timer, DWORD) {
-    if (!Dialog())
-        return;
-    KillTimer(nullptr, timer);
-    s_InDialog();
-    PostMessageW(Dialog(), WM_COMMAND, IDOK, 0);
-}
-
 TEST_F(GridTest, APickGoesToTheRowThatCameMeanwhile) {
     const auto select = [](GridContainer& host) { host.Select(host.Item(2L).Get()); };
     const std::pair<const char*, std::function<void(GridContainer&)>> ways[] = {
         {"the dialog",
          [&](GridContainer& host) {
-             s_InDialog = [&] { select(host); };
-             SetTimer(nullptr, 0, 10, OnDialogTimer);
+             const InDialog dialog([&] { select(host); }, IDOK);
              ClickPalette(host, 3, 7, true);
          }},
         {"ValidateValue",

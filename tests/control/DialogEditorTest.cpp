@@ -128,6 +128,9 @@ TEST_F(GridTest, AFontRowWithoutAFontFailsOrAWrongOneShows) {
     GoTo(host, nothing.Get());
     EXPECT_TRUE(FieldOf(host));
     EXPECT_NE(FieldText(host), L"");
+    GoTo(host, other.Get());
+    EXPECT_NE(FontOf(nothing.Get()), L"");
+    EXPECT_NE(FontOf(nothing.Get()), FontOf(other.Get())) << "the font of the row before";
     EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(empty.Get())),
               L"80040002|OrmiskGrid|Invalid property value.");
     EXPECT_FALSE(FieldOf(host));
@@ -138,6 +141,7 @@ TEST_F(GridTest, AFontRowWithoutAFontFailsOrAWrongOneShows) {
         GoTo(host, other.Get());
         InDialog dialog;
         host.RealKeys({VK_F4});
+        EXPECT_EQ(dialog.Seen(), 1);
         GoTo(host, nullptr);
     }
 }

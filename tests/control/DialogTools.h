@@ -27,6 +27,17 @@ inline void GoTo(GridContainer& host, _CProperty* property) {
     host.Heard();
 }
 
+// To another window of the program, and back: what has dropped down does not call the user back before.
+inline void LeaveForAnotherWindow(GridContainer& host) {
+    const HWND other = CreateWindowW(L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr, nullptr,
+                                     GetModuleHandleW(nullptr), nullptr);
+    SetForegroundWindow(other);
+    SetActiveWindow(other);
+    host.Pump();
+    EXPECT_EQ(GetActiveWindow(), other);
+    DestroyWindow(other);
+}
+
 inline _variant_t ValueOf(_CProperty* property) { return Read(property, &_CProperty::get_Value); }
 
 inline std::wstring FontOf(_CProperty* property) {
