@@ -1,0 +1,264 @@
+#include "records/Recordset.h"
+
+#include "automation/Give.h"
+#include "records/FormerInterfaces.h"
+#include "records/RecordFields.h"
+#include "records/ScriptCalls.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace ormisk::records {
+
+namespace {
+
+// Places that can be given instead of a bookmark.
+enum Start { kCurrent = 0, kFirst = 1, kLast = 2 };
+
+std::wstring TextGiven(const VARIANT& value, const std::wstring& otherwise, Failure failure) {
+    const _variant_t plain = Plain(value);
+    if (IsMissing(plain) || V_VT(&plain) == VT_EMPTY)
+        return otherwise;
+    if (V_VT(&plain) != VT_BSTR)
+        Raise(failure);
+    return TextOf(plain);
+}
+
+SourceKind KindOf(LONG options) {
+    if (options == adOptionUnspecified)
+        return SourceKind::Guess;
+    if (options & (adCmdTable | adCmdTableDirect))
+        return SourceKind::Table;
+    return options & adCmdText ? SourceKind::Command : SourceKind::Guess;
+}
+
+long InRange(ADO_LONGPTR number) {
+    return static_cast<long>(
+        std::clamp<ADO_LONGPTR>(number, std::numeric_limits<long>::min(), std::numeric_limits<long>::max()));
+}
+
+} // namespace
+
+_variant_t Missing() {
+    _variant_t missing;
+    V_VT(&missing) = VT_ERROR;
+    V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
+    return missing;
+}
+
+Recordset::Recordset() : m_Events(*this, this), m_Cursor(m_Events) { AddSource(kFormerEvents); }
+
+HRESULT Recordset::QueryOther(REFIID iid, void** object) {
+    return GiveFormer(static_cast<::_Recordset*>(this), iid, object, {0x534, 0x50E, 0x54F, 0x555, 0x556});
+}
+
+STDMETHODIMP Recordset::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                               EXCEPINFO* exception, UINT* badArgument) {
+    if (IsPutOfField(id, flags, parameters))
+        return PutField(MakeObject<RecordFields>(this).Get(), locale, flags, parameters, exception);
+    const HRESULT hr = DispatchObject::Invoke(id, iid, locale, flags, parameters, result, exception, badArgument);
+    if (SUCCEEDED(hr))
+        NarrowForScripts(id, result);
+    return hr;
+}
+
+std::size_t Recordset::FindField(const VARIANT& index) {
+    const std::vector<Column>& columns = m_Cursor.Table().Columns();
+    _variant_t plain;
+    CheckSystem(ResolveDefault(index, plain));
+    if (V_VT(&plain) == VT_BSTR) {
+        const std::wstring name = TextOf(plain);
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            if (CompareStringOrdinal(columns[i].name.c_str(), -1, name.c_str(), -1, TRUE) == CSTR_EQUAL)
+                return i;
+        Raise(Failure::ItemNotFound);
+    }
+    _variant_t number;
+    if (FAILED(ConvertValue(plain, VT_I4, number)) || V_I4(&number) < 0 ||
+        static_cast<std::size_t>(V_I4(&number)) >= columns.size())
+        Raise(Failure::ItemNotFound);
+    return static_cast<std::size_t>(V_I4(&number));
+}
+
+void Recordset::NeedClosed() const {
+    if (m_Cursor.IsOpen())
+        Raise(Failure::ObjectOpen);
+}
+
+STDMETHODIMP Recordset::Open(VARIANT source, VARIANT connection, CursorTypeEnum cursorType, LockTypeEnum lockType,
+                             LONG options) {
+    return Run([&] {
+        NeedClosed();
+        const std::wstring text = TextGiven(source, m_Source, Failure::InvalidArgument);
+        const std::wstring target = TextGiven(connection, m_Connection, Failure::InvalidConnection);
+        if (target.empty())
+            Raise(Failure::InvalidConnection);
+        if (text.empty())
+            Raise(Failure::InvalidArgument);
+        const LockTypeEnum lock = lockType == adLockUnspecified ? m_LockType : lockType;
+        m_Cursor.Open({target, text, KindOf(options), lock != adLockReadOnly});
+        m_Source = text;
+        m_Connection = target;
+        m_LockType = lock;
+        if (cursorType != adOpenUnspecified)
+            m_CursorType = cursorType;
+    });
+}
+
+STDMETHODIMP Recordset::Close() {
+    return Run([&] { m_Cursor.Close(); });
+}
+
+STDMETHODIMP Recordset::Requery(LONG) {
+    return Run([&] { m_Cursor.Requery(); });
+}
+
+STDMETHODIMP Recordset::Resync(AffectEnum, ResyncEnum) {
+    return Run([&] { m_Cursor.Resync(); });
+}
+
+void Recordset::MoveTo(EventReasonEnum reason, const RecordCursor::Step& step) { m_Cursor.Move(reason, step); }
+
+STDMETHODIMP Recordset::MoveFirst() {
+    return Run([&] { MoveTo(adRsnMoveFirst, [](RecordPosition& position) { return position.First(); }); });
+}
+
+STDMETHODIMP Recordset::MoveLast() {
+    return Run([&] { MoveTo(adRsnMoveLast, [](RecordPosition& position) { return position.Last(); }); });
+}
+
+STDMETHODIMP Recordset::MoveNext() {
+    return Run([&] { MoveTo(adRsnMoveNext, [](RecordPosition& position) { return position.By(1); }); });
+}
+
+STDMETHODIMP Recordset::MovePrevious() {
+    return Run([&] { MoveTo(adRsnMovePrevious, [](RecordPosition& position) { return position.By(-1); }); });
+}
+
+STDMETHODIMP Recordset::Move(ADO_LONGPTR steps, VARIANT start) {
+    return Run([&] {
+        const long count = InRange(steps);
+        const _variant_t from = Plain(start);
+        if (V_VT(&from) == VT_R8)
+            return m_Cursor.GoTo(V_R8(&from), count);
+        _variant_t place(static_cast<long>(kCurrent));
+        if (!IsMissing(from) && FAILED(ConvertValue(from, VT_I4, place)))
+            Raise(Failure::InvalidArgument);
+        MoveTo(adRsnMove, [&](RecordPosition& position) {
+            if (V_I4(&place) == kCurrent)
+                return position.By(count);
+            return position.By(count, V_I4(&place) == kLast ? position.Count() : 1);
+        });
+    });
+}
+
+STDMETHODIMP Recordset::get_AbsolutePosition(PositionEnum_Param* position) {
+    return Run([&] { Give(position, [&] { return m_Cursor.Absolute(); }); });
+}
+
+STDMETHODIMP Recordset::put_AbsolutePosition(PositionEnum_Param place) {
+    return Run([&] { MoveTo(adRsnMove, [&](RecordPosition& position) { return position.To(InRange(place)); }); });
+}
+
+STDMETHODIMP Recordset::get_BOF(VARIANT_BOOL* bof) {
+    return Run([&] { Give(bof, [&] { return m_Cursor.AtStart(); }); });
+}
+
+STDMETHODIMP Recordset::get_EOF(VARIANT_BOOL* eof) {
+    return Run([&] { Give(eof, [&] { return m_Cursor.AtEnd(); }); });
+}
+
+STDMETHODIMP Recordset::get_RecordCount(ADO_LONGPTR* count) {
+    return Run([&] { Give(count, [&] { return m_Cursor.Table().Count(); }); });
+}
+
+STDMETHODIMP Recordset::get_Bookmark(VARIANT* bookmark) {
+    return Run([&] { Give(bookmark, _variant_t(m_Cursor.Bookmark())); });
+}
+
+double Recordset::BookmarkOf(const VARIANT& value) const {
+    const _variant_t plain = Plain(value);
+    if (V_VT(&plain) != VT_R8)
+        Raise(Failure::InvalidArgument);
+    return V_R8(&plain);
+}
+
+STDMETHODIMP Recordset::put_Bookmark(VARIANT bookmark) {
+    return Run([&] { m_Cursor.GoTo(BookmarkOf(bookmark)); });
+}
+
+STDMETHODIMP Recordset::CompareBookmarks(VARIANT first, VARIANT second, CompareEnum* result) {
+    return Run([&] {
+        Give(result, [&] {
+            const long a = m_Cursor.PlaceOf(BookmarkOf(first));
+            const long b = m_Cursor.PlaceOf(BookmarkOf(second));
+            return a < b ? adCompareLessThan : a > b ? adCompareGreaterThan : adCompareEqual;
+        });
+    });
+}
+
+STDMETHODIMP Recordset::get_Fields(::Fields** fields) {
+    return Run([&] { Give(fields, MakeObject<RecordFields>(this)); });
+}
+
+void Recordset::PutFields(const VARIANT& fields, const VARIANT& values) {
+    if (IsMissing(fields))
+        return;
+    const std::vector<_variant_t> names = ElementsOf(fields);
+    const std::vector<_variant_t> given = ElementsOf(values);
+    if (names.size() != given.size())
+        Raise(Failure::InvalidArgument);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::size_t column = FindField(names[i]);
+        m_Cursor.Put(column, given[i], MakeObject<RecordField>(this, column).Get());
+    }
+}
+
+STDMETHODIMP Recordset::AddNew(VARIANT fields, VARIANT values) {
+    return Run([&] {
+        m_Cursor.AddNew();
+        PutFields(fields, values);
+        if (!IsMissing(fields))
+            m_Cursor.Update();
+    });
+}
+
+STDMETHODIMP Recordset::Update(VARIANT fields, VARIANT values) {
+    return Run([&] {
+        PutFields(fields, values);
+        m_Cursor.Update();
+    });
+}
+
+STDMETHODIMP Recordset::CancelUpdate() {
+    return Run([&] { m_Cursor.CancelUpdate(); });
+}
+
+STDMETHODIMP Recordset::Delete(AffectEnum affected) {
+    return Run([&] {
+        if (affected != adAffectCurrent)
+            Raise(Failure::FeatureNotAvailable);
+        m_Cursor.Delete();
+    });
+}
+
+STDMETHODIMP Recordset::get_Collect(VARIANT index, VARIANT* value) {
+    return Run([&] { Give(value, m_Cursor.Value(FindField(index))); });
+}
+
+STDMETHODIMP Recordset::put_Collect(VARIANT index, VARIANT value) {
+    return Run([&] { PutFields(index, value); });
+}
+
+STDMETHODIMP Recordset::Supports(CursorOptionEnum options, VARIANT_BOOL* supported) {
+    return Run([&] {
+        Give(supported, [&] {
+            long can = adHoldRecords | adMovePrevious | adBookmark | adApproxPosition | adResync | adNotify;
+            if (m_Cursor.Writes())
+                can |= adAddNew | adDelete | adUpdate;
+            return (options & ~can) == 0;
+        });
+    });
+}
+
+} // namespace ormisk::records
