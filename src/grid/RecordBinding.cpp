@@ -120,11 +120,9 @@ CProperty* RecordBinding::RowOf(const std::wstring& fieldName) const {
 void RecordBinding::ShowField(CProperty& row, const RecordField& field) {
     const ComPtr<CProperty> held(&row);
     const _variant_t value = field.Value();
-    if (IsNull(value) && IsNull(row.Value()))
-        return; // every Null is news to a row
     const bool updates = row.AutoUpdateSource();
     row.SetAutoUpdateSource(false);
-    IgnoringFailures([&] { row.LetValue(value); });
+    IgnoringFailures([&] { row.MirrorValue(value); });
     row.SetAutoUpdateSource(updates);
 }
 
