@@ -2,6 +2,7 @@
 
 #include "records/Failures.h"
 
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -34,7 +35,7 @@ VARTYPE TypeFor(const FieldType& type) {
     case Transfer::Integer:
         return VT_I8;
     case Transfer::Real:
-        return type.type == kSingle ? VT_R4 : VT_R8;
+        return VT_R8;
     case Transfer::Decimal:
         return VT_DECIMAL;
     case Transfer::Boolean:
@@ -68,6 +69,12 @@ _variant_t IntegerValue(std::int64_t number, const FieldType& type) {
     return value;
 }
 
+_variant_t RealValue(double number, const FieldType& type) {
+    if (type.type == kSingle && std::abs(number) <= std::numeric_limits<float>::max())
+        return static_cast<float>(number);
+    return number;
+}
+
 _variant_t ToFieldValue(const VARIANT& value, const FieldType& type) {
     _variant_t plain;
     if (FAILED(ResolveDefault(value, plain)))
@@ -82,7 +89,9 @@ _variant_t ToFieldValue(const VARIANT& value, const FieldType& type) {
     _variant_t converted;
     if (FAILED(ConvertValue(plain, TypeFor(type), converted)))
         Raise(Failure::DataConversion);
-    return type.transfer == Transfer::Integer ? IntegerValue(V_I8(&converted), type) : converted;
+    if (type.transfer == Transfer::Integer)
+        return IntegerValue(V_I8(&converted), type);
+    return type.transfer == Transfer::Real ? RealValue(V_R8(&converted), type) : converted;
 }
 
 _variant_t FromBytes(const std::string& bytes) {

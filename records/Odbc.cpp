@@ -52,8 +52,10 @@ Environment::Environment() : m_Handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
 }
 
 Connection::Connection(const std::wstring& text) : m_Handle(SQL_HANDLE_ENV, m_Environment.Get()) {
+    // How many milliseconds a driver that knows this waits for a lock, where the text itself says nothing before.
+    const std::wstring whole = text + L";Timeout=2000";
     m_Handle.Check(
-        SQLDriverConnectW(m_Handle.Get(), nullptr, Text(text), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+        SQLDriverConnectW(m_Handle.Get(), nullptr, Text(whole), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
 }
 
 Connection::~Connection() { SQLDisconnect(m_Handle.Get()); }
@@ -84,6 +86,8 @@ void Statement::Bind(const VARIANT& value, const Column& column) {
 }
 
 void Statement::Execute() { m_Handle.Check(SQLExecute(m_Handle.Get())); }
+
+void Statement::Close() { m_Handle.Check(SQLFreeStmt(m_Handle.Get(), SQL_CLOSE)); }
 
 void Statement::PrimaryKeys(const std::vector<std::wstring>& table) {
     const auto part = [&](std::size_t fromEnd) {

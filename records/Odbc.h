@@ -72,6 +72,7 @@ public:
 
     void Bind(const VARIANT& value, const Column& column);
     void Execute();
+    void Close(); // gives up the rows that were not fetched
     // The columns of a table's primary key, in the order of the key, as rows of a catalog.
     void PrimaryKeys(const std::vector<std::wstring>& table);
     // The columns of a table, as rows of a catalog. In the name % and _ stand for others, too.

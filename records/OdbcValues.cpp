@@ -158,7 +158,7 @@ _variant_t Statement::Read(SQLUSMALLINT column, const FieldType& type) {
         double number = 0;
         if (!ReadPlain(column, SQL_C_DOUBLE, &number, sizeof(number)))
             return NullValue();
-        return ToFieldValue(_variant_t(number), type);
+        return RealValue(number, type);
     }
     case Transfer::Boolean: {
         unsigned char bit = 0;

@@ -31,10 +31,28 @@ _variant_t ArrayOf(IDispatch* object) {
 } // namespace
 
 template <class F> void RecordCursor::ChangeRecord(EventReasonEnum reason, F&& operation) {
+    const double id = Current();
     WithEvents(m_Events, RecordEvent::WillChangeRecord, RecordEvent::RecordChangeComplete, {Reason(reason), 1L}, [&] {
-        Table(); // a handler may have closed it
+        NeedCurrent(id);
         operation();
     });
+}
+
+// What tells the current record from every other, also from those of a recordset that is opened anew.
+double RecordCursor::Current() const {
+    constexpr double kNone = 0;
+    constexpr double kAdded = -1;
+    if (m_Adding)
+        return kAdded;
+    return m_Position.OnRecord() ? Table().IdOf(m_Position.Absolute() - 1) : kNone;
+}
+
+// After a call of the host, which may have closed or moved the recordset: what is done is for the record that it began
+// on.
+void RecordCursor::NeedCurrent(double id) const {
+    Table();
+    if (Current() != id)
+        Raise(Failure::IllegalOperation);
 }
 
 RecordTable& RecordCursor::Table() const {
@@ -48,12 +66,17 @@ void RecordCursor::Open(const Source& source) {
         Raise(Failure::ObjectOpen);
     WithEvents(m_Events, RecordEvent::WillMove, RecordEvent::MoveComplete, {Reason(adRsnMove)}, [&] {
         auto table = std::make_unique<RecordTable>(source.connection, source.text, source.kind);
+        if (m_Table)
+            Raise(Failure::ObjectOpen); // by a handler
+        if (table->Columns().empty())
+            return;
         const RecordPosition position(table->Count());
         std::optional<Row> row = position.OnRecord() ? table->Read(0) : std::nullopt;
         m_Table = std::move(table);
         m_Position = position;
         m_Row = std::move(row);
         m_Writes = source.writes;
+        m_ForwardOnly = source.forwardOnly;
     });
 }
 
@@ -103,9 +126,11 @@ void RecordCursor::Move(EventReasonEnum reason, const Step& step) {
     Table();
     Update();
     WithEvents(m_Events, RecordEvent::WillMove, RecordEvent::MoveComplete, {Reason(reason)}, [&] {
-        Table();
+        Update(); // of what a handler has edited
         RecordPosition position = m_Position;
         CheckMove(step(position));
+        if (m_ForwardOnly && position.IsBefore(m_Position))
+            Raise(Failure::FeatureNotAvailable);
         m_Row = RowAt(position);
         const bool reachesEnd = position.AtEnd() && !m_Position.AtEnd();
         m_Position = position;
@@ -114,14 +139,27 @@ void RecordCursor::Move(EventReasonEnum reason, const Step& step) {
     });
 }
 
-double RecordCursor::Bookmark() const {
+long RecordCursor::Absolute() const {
+    constexpr long kUnknown = -1;
     Table();
+    const bool known = !m_Adding && !(m_ForwardOnly && m_Position.OnRecord());
+    return known ? m_Position.Absolute() : kUnknown;
+}
+
+void RecordCursor::NeedScrolling() const {
+    if (IsForwardOnly())
+        Raise(Failure::FeatureNotAvailable);
+}
+
+double RecordCursor::Bookmark() const {
+    NeedScrolling();
     if (m_Adding || !m_Position.OnRecord())
         Raise(Failure::NoCurrentRecord);
     return m_Table->IdOf(m_Position.Absolute() - 1);
 }
 
 long RecordCursor::PlaceOf(double bookmark) const {
+    NeedScrolling();
     const std::optional<long> place = Table().PlaceOf(bookmark);
     if (!place)
         Raise(Failure::InvalidArgument);
@@ -159,9 +197,13 @@ _variant_t RecordCursor::Underlying(std::size_t column) const {
 void RecordCursor::Put(std::size_t column, const VARIANT& value, IDispatch* field) {
     NeedWriting();
     NeedRecord();
-    const _variant_t converted = ToFieldValue(value, m_Table->Columns()[column].type);
+    const double id = Current();
+    const FieldType type = m_Table->Columns()[column].type;
+    const _variant_t converted = ToFieldValue(value, type);
+    NeedCurrent(id);
     const auto put = [&] {
         WithEvents(m_Events, RecordEvent::WillChangeField, RecordEvent::FieldChangeComplete, {1L, ArrayOf(field)}, [&] {
+            NeedCurrent(id);
             NeedRecord();
             m_Changes[column] = converted;
         });
@@ -180,7 +222,10 @@ void RecordCursor::ForgetEdit() {
 void RecordCursor::AddNew() {
     NeedWriting();
     Update();
-    ChangeRecord(adRsnAddNew, [&] { m_Adding = true; });
+    ChangeRecord(adRsnAddNew, [&] {
+        NeedNothingPending();
+        m_Adding = true;
+    });
 }
 
 void RecordCursor::Update() {
@@ -190,6 +235,8 @@ void RecordCursor::Update() {
 }
 
 void RecordCursor::Write() {
+    if (!IsPending())
+        return; // a handler has done it
     if (m_Adding) {
         m_Table->Insert(m_Changes);
         m_Position.Append();
@@ -211,6 +258,7 @@ void RecordCursor::Delete() {
     NeedNothingPending();
     NeedRecord();
     ChangeRecord(adRsnDelete, [&] {
+        NeedNothingPending();
         NeedRecord();
         m_Table->Delete(m_Position.Absolute() - 1);
         m_Position.Remove();
@@ -224,7 +272,9 @@ void RecordCursor::Requery() {
     const std::vector<_variant_t> reason = {Reason(adRsnRequery)};
     WithEvents(m_Events, RecordEvent::WillChangeRecordset, RecordEvent::RecordsetChangeComplete, reason, [&] {
         WithEvents(m_Events, RecordEvent::WillMove, RecordEvent::MoveComplete, reason, [&] {
-            Table().Load();
+            Table();
+            NeedNothingPending();
+            m_Table->Load();
             m_Position.Reset(m_Table->Count());
             m_Row = RowAt(m_Position);
         });
@@ -235,7 +285,11 @@ void RecordCursor::Resync() {
     Table();
     NeedNothingPending();
     WithEvents(m_Events, RecordEvent::WillChangeRecordset, RecordEvent::RecordsetChangeComplete, {Reason(adRsnResynch)},
-               [&] { m_Row = RowAt(m_Position); });
+               [&] {
+                   Table();
+                   NeedNothingPending();
+                   m_Row = RowAt(m_Position);
+               });
 }
 
 } // namespace ormisk::records

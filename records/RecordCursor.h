@@ -19,10 +19,12 @@ public:
         std::wstring text;
         SourceKind kind = SourceKind::Guess;
         bool writes = false;
+        bool forwardOnly = false;
     };
 
     explicit RecordCursor(RecordEvents& events) : m_Events(events) {}
 
+    // A source that gives no rows leaves it closed.
     void Open(const Source& source);
     void Close();
     void Drop(); // without a word
@@ -32,7 +34,10 @@ public:
     bool Writes() const { return Table().HasKey() && m_Writes; }
     bool AtStart() const { return Table(), !m_Adding && m_Position.AtStart(); }
     bool AtEnd() const { return Table(), !m_Adding && m_Position.AtEnd(); }
-    long Absolute() const { return Table(), m_Adding ? -1 : m_Position.Absolute(); }
+    bool IsForwardOnly() const { return Table(), m_ForwardOnly; }
+    long Count() const { return IsForwardOnly() ? -1 : Table().Count(); }
+    long Absolute() const;
+    void NeedScrolling() const;
     EditModeEnum EditMode() const;
 
     // A pending edit is written first.
@@ -62,6 +67,8 @@ private:
     std::optional<Row> RowAt(const RecordPosition& position) const;
     void Write();
     void ForgetEdit();
+    double Current() const;
+    void NeedCurrent(double id) const;
     template <class F> void ChangeRecord(EventReasonEnum reason, F&& operation);
 
     RecordEvents& m_Events;
@@ -71,6 +78,7 @@ private:
     Changes m_Changes;
     bool m_Adding = false;
     bool m_Writes = false;
+    bool m_ForwardOnly = false;
 };
 
 } // namespace ormisk::records

@@ -55,6 +55,11 @@ void RecordEvents::Fire(RecordEvent event, std::vector<_variant_t> arguments, lo
     arguments.push_back(ByReference(status));
     arguments.emplace_back(m_Recordset);
     std::vector<VARIANT> plain(arguments.begin(), arguments.end()); // borrows
+    struct Within {
+        explicit Within(int& depth) : depth(depth) { ++depth; }
+        ~Within() { --depth; }
+        int& depth;
+    } const within(m_Depth);
     const auto id = static_cast<DISPID>(event);
     for (const auto& sink : m_Points.SinksOf(kFormerEvents)) {
         std::vector<VARIANT> reversed(plain.rbegin(), plain.rend());
@@ -67,6 +72,9 @@ void RecordEvents::Fire(RecordEvent event, std::vector<_variant_t> arguments, lo
 }
 
 bool RecordEvents::Will(RecordEvent event, std::vector<_variant_t> arguments) {
+    constexpr int kDeepest = 12;
+    if (m_Depth >= kDeepest)
+        Raise(Failure::IllegalOperation);
     long status = adStatusOK;
     Fire(event, std::move(arguments), status);
     return status != adStatusCancel;

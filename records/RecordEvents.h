@@ -30,7 +30,8 @@ class RecordEvents {
 public:
     RecordEvents(ConnectionPoints& points, IDispatch* recordset) : m_Points(points), m_Recordset(recordset) {}
 
-    // The event before an operation, with what it tells before its status: whether no handler cancelled.
+    // The event before an operation, with what it tells before its status: whether no handler cancelled. Handlers that
+    // call the operation that they are told of, and so on without an end, are refused it.
     bool Will(RecordEvent event, std::vector<_variant_t> arguments);
     // The event after it, with what went wrong, if anything did.
     void Complete(RecordEvent event, std::vector<_variant_t> arguments, const AutomationError* error = nullptr);
@@ -41,6 +42,7 @@ private:
 
     ConnectionPoints& m_Points;
     IDispatch* const m_Recordset; // which this belongs to
+    int m_Depth = 0;
 };
 
 // An operation with an event before and one after it. One that is cancelled or fails tells so in the latter, and

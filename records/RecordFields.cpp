@@ -129,7 +129,7 @@ STDMETHODIMP RecordFields::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags
 STDMETHODIMP RecordFields::get_Count(LONG* count) {
     return Run([&] {
         Give(count, [&] {
-            const RecordCursor& cursor = m_Recordset->Cursor();
+            const RecordCursor& cursor = m_Recordset.Cursor();
             return cursor.IsOpen() ? cursor.Table().Columns().size() : 0;
         });
     });
@@ -138,18 +138,16 @@ STDMETHODIMP RecordFields::get_Count(LONG* count) {
 STDMETHODIMP RecordFields::_NewEnum(IUnknown** enumerator) {
     return Run([&] {
         Give(enumerator, [&] {
-            std::vector<ComPtr<RecordField>> fields;
-            const std::size_t count = m_Recordset->Cursor().Table().Columns().size();
-            for (std::size_t i = 0; i < count; ++i)
-                fields.push_back(MakeObject<RecordField>(m_Recordset, i));
+            std::vector<ComPtr<RecordField>> fields(m_Recordset.Cursor().Table().Columns().size());
+            for (std::size_t i = 0; i < fields.size(); ++i)
+                fields[i] = m_Recordset.FieldAt(i);
             return EnumeratorOf(fields);
         });
     });
 }
 
 STDMETHODIMP RecordFields::get_Item(VARIANT index, ::Field** field) {
-    return Run(
-        [&] { Give(field, [&] { return MakeObject<RecordField>(m_Recordset, m_Recordset->FindField(index)); }); });
+    return Run([&] { Give(field, [&] { return m_Recordset.FieldAt(m_Recordset.FindField(index)); }); });
 }
 
 } // namespace ormisk::records

@@ -5,11 +5,31 @@
 
 namespace ormisk::records {
 
-// One field of whatever record its recordset stands on. The number of the column is from 0.
-class RecordField final : public DispatchObject<::Field, void> {
+// A part of a recordset, which owns it: who holds the part holds the recordset.
+template <class Interface> class RecordsetPart : public DispatchObject<Interface, void> {
 public:
-    RecordField(ComPtr<Recordset> recordset, std::size_t column)
-        : m_Recordset(std::move(recordset)), m_Column(column) {}
+    STDMETHODIMP_(ULONG) AddRef() override { return m_Recordset.AddRef(); }
+    STDMETHODIMP_(ULONG) Release() override { return m_Recordset.Release(); }
+
+protected:
+    explicit RecordsetPart(Recordset& recordset) : m_Recordset(recordset) {}
+
+    // The recordset stays, whatever a handler lets go.
+    template <class F> HRESULT Run(F body) {
+        const ComPtr<Recordset> alive(&m_Recordset);
+        return Guarded(__uuidof(Interface), body);
+    }
+    HRESULT Unavailable() {
+        return Run([] { Raise(Failure::FeatureNotAvailable); });
+    }
+
+    Recordset& m_Recordset;
+};
+
+// One field of whatever record its recordset stands on. The number of the column is from 0.
+class RecordField final : public RecordsetPart<::Field> {
+public:
+    RecordField(Recordset& recordset, std::size_t column) : RecordsetPart(recordset), m_Column(column) {}
 
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* badArgument) override;
@@ -39,21 +59,16 @@ public:
     STDMETHODIMP put_Attributes(LONG) override { return Unavailable(); }
 
 private:
-    template <class F> static HRESULT Run(F body) { return Guarded(__uuidof(::Field), body); }
-    static HRESULT Unavailable() {
-        return Run([] { Raise(Failure::FeatureNotAvailable); });
-    }
     HRESULT QueryOther(REFIID iid, void** object) override;
-    RecordCursor& Cursor() const { return m_Recordset->Cursor(); }
+    RecordCursor& Cursor() const { return m_Recordset.Cursor(); }
     const Column& Described() const;
 
-    const ComPtr<Recordset> m_Recordset;
     const std::size_t m_Column;
 };
 
-class RecordFields final : public DispatchObject<::Fields, void> {
+class RecordFields final : public RecordsetPart<::Fields> {
 public:
-    explicit RecordFields(ComPtr<Recordset> recordset) : m_Recordset(std::move(recordset)) {}
+    explicit RecordFields(Recordset& recordset) : RecordsetPart(recordset) {}
 
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* badArgument) override;
@@ -62,8 +77,8 @@ public:
     STDMETHODIMP _NewEnum(IUnknown** enumerator) override;
     STDMETHODIMP Refresh() override { return S_OK; }
     STDMETHODIMP get_Item(VARIANT index, ::Field** field) override;
-    STDMETHODIMP Update() override { return m_Recordset->Update(Missing(), Missing()); }
-    STDMETHODIMP CancelUpdate() override { return m_Recordset->CancelUpdate(); }
+    STDMETHODIMP Update() override { return m_Recordset.Update(Missing(), Missing()); }
+    STDMETHODIMP CancelUpdate() override { return m_Recordset.CancelUpdate(); }
 
     STDMETHODIMP _Append(BSTR, DataTypeEnum, ADO_LONGPTR, FieldAttributeEnum) override { return Unavailable(); }
     STDMETHODIMP Delete(VARIANT) override { return Unavailable(); }
@@ -71,13 +86,7 @@ public:
     STDMETHODIMP Resync(ResyncEnum) override { return Unavailable(); }
 
 private:
-    template <class F> static HRESULT Run(F body) { return Guarded(__uuidof(::Fields), body); }
-    static HRESULT Unavailable() {
-        return Run([] { Raise(Failure::FeatureNotAvailable); });
-    }
     HRESULT QueryOther(REFIID iid, void** object) override;
-
-    const ComPtr<Recordset> m_Recordset;
 };
 
 } // namespace ormisk::records

@@ -15,6 +15,7 @@ public:
     bool AtEnd() const { return !m_Deleted && (m_Count == 0 || m_Place > m_Count); }
     bool OnRecord() const { return !m_Deleted && m_Place >= 1 && m_Place <= m_Count; }
     bool OnDeleted() const { return m_Deleted; }
+    bool IsBefore(const RecordPosition& other) const { return m_Place < other.m_Place; }
     // From 1; -1 unknown, -2 before the first, -3 behind the last.
     long Absolute() const;
 

@@ -18,12 +18,13 @@ enum class SourceKind { Guess, Command, Table };
 // is asked for; the rows of anything else are read at once and cannot be written.
 class RecordTable {
 public:
+    // A command that gives no rows has done its work then, and leaves a table without columns.
     RecordTable(const std::wstring& connection, const std::wstring& source, SourceKind kind);
 
     const std::vector<Column>& Columns() const { return m_Columns; }
     bool HasKey() const { return !m_Keys.empty(); }
     long Count() const { return static_cast<long>(m_Entries.size()); }
-    // Numbers that stay with a row while others come and go, until the rows are read anew.
+    // Numbers that stay with a row while others come and go, until the rows are read anew. No other table has them.
     double IdOf(long place) const { return m_Entries[static_cast<std::size_t>(place)].id; }
     std::optional<long> PlaceOf(double id) const;
 
@@ -40,10 +41,9 @@ private:
         Row values; // of the key, or of the whole row where there is none
     };
 
-    void FindKeys();
     void Describe();
-    void FindNullable();
-    std::vector<KeyColumn> KeyOf(const Entry& entry) const;
+    std::vector<std::wstring> FindKeys();
+    std::map<std::wstring, bool> FindNullable();
     void BindKey(Statement& statement, const Entry& entry) const;
     void BindChanges(Statement& statement, const Changes& changes) const;
     std::vector<std::wstring> NamesOf(const Changes& changes) const;
@@ -56,8 +56,8 @@ private:
     std::wstring m_Command; // of rows without a key
     std::vector<Column> m_Columns;
     std::vector<Column> m_Keys;
-    std::vector<Entry> m_Entries;
-    double m_LastId = 0;
+    std::vector<std::wstring> m_KeyNames;
+    std::vector<Entry> m_Entries; // with rising numbers
 };
 
 } // namespace ormisk::records

@@ -48,14 +48,28 @@ _variant_t Missing() {
 
 Recordset::Recordset() : m_Events(*this, this), m_Cursor(m_Events) { AddSource(kFormerEvents); }
 
+Recordset::~Recordset() = default;
+
+ComPtr<RecordField> Recordset::FieldAt(std::size_t column) {
+    if (column >= m_FieldOf.size())
+        m_FieldOf.resize(column + 1);
+    if (!m_FieldOf[column])
+        m_FieldOf[column] = std::make_unique<RecordField>(*this, column);
+    return m_FieldOf[column].get();
+}
+
 HRESULT Recordset::QueryOther(REFIID iid, void** object) {
     return GiveFormer(static_cast<::_Recordset*>(this), iid, object, {0x534, 0x50E, 0x54F, 0x555, 0x556});
 }
 
 STDMETHODIMP Recordset::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                EXCEPINFO* exception, UINT* badArgument) {
-    if (IsPutOfField(id, flags, parameters))
-        return PutField(MakeObject<RecordFields>(this).Get(), locale, flags, parameters, exception);
+    const ComPtr<Recordset> alive(this);
+    if (IsPutOfField(id, flags, parameters)) {
+        ComPtr<::Fields> fields;
+        const HRESULT hr = get_Fields(fields.GetAddressOf());
+        return FAILED(hr) ? hr : PutField(fields.Get(), locale, flags, parameters, exception);
+    }
     const HRESULT hr = DispatchObject::Invoke(id, iid, locale, flags, parameters, result, exception, badArgument);
     if (SUCCEEDED(hr))
         NarrowForScripts(id, result);
@@ -63,9 +77,9 @@ STDMETHODIMP Recordset::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, D
 }
 
 std::size_t Recordset::FindField(const VARIANT& index) {
-    const std::vector<Column>& columns = m_Cursor.Table().Columns();
     _variant_t plain;
     CheckSystem(ResolveDefault(index, plain));
+    const std::vector<Column>& columns = m_Cursor.Table().Columns();
     if (V_VT(&plain) == VT_BSTR) {
         const std::wstring name = TextOf(plain);
         for (std::size_t i = 0; i < columns.size(); ++i)
@@ -96,12 +110,13 @@ STDMETHODIMP Recordset::Open(VARIANT source, VARIANT connection, CursorTypeEnum 
         if (text.empty())
             Raise(Failure::InvalidArgument);
         const LockTypeEnum lock = lockType == adLockUnspecified ? m_LockType : lockType;
-        m_Cursor.Open({target, text, KindOf(options), lock != adLockReadOnly});
+        const CursorTypeEnum type = cursorType == adOpenUnspecified ? m_CursorType : cursorType;
+        const bool forwardOnly = type == adOpenForwardOnly && m_Location == adUseServer;
+        m_Cursor.Open({target, text, KindOf(options), lock != adLockReadOnly, forwardOnly});
         m_Source = text;
         m_Connection = target;
         m_LockType = lock;
-        if (cursorType != adOpenUnspecified)
-            m_CursorType = cursorType;
+        m_CursorType = type;
     });
 }
 
@@ -117,22 +132,23 @@ STDMETHODIMP Recordset::Resync(AffectEnum, ResyncEnum) {
     return Run([&] { m_Cursor.Resync(); });
 }
 
-void Recordset::MoveTo(EventReasonEnum reason, const RecordCursor::Step& step) { m_Cursor.Move(reason, step); }
-
 STDMETHODIMP Recordset::MoveFirst() {
-    return Run([&] { MoveTo(adRsnMoveFirst, [](RecordPosition& position) { return position.First(); }); });
+    return Run([&] { m_Cursor.Move(adRsnMoveFirst, [](RecordPosition& position) { return position.First(); }); });
 }
 
 STDMETHODIMP Recordset::MoveLast() {
-    return Run([&] { MoveTo(adRsnMoveLast, [](RecordPosition& position) { return position.Last(); }); });
+    return Run([&] {
+        m_Cursor.NeedScrolling();
+        m_Cursor.Move(adRsnMoveLast, [](RecordPosition& position) { return position.Last(); });
+    });
 }
 
 STDMETHODIMP Recordset::MoveNext() {
-    return Run([&] { MoveTo(adRsnMoveNext, [](RecordPosition& position) { return position.By(1); }); });
+    return Run([&] { m_Cursor.Move(adRsnMoveNext, [](RecordPosition& position) { return position.By(1); }); });
 }
 
 STDMETHODIMP Recordset::MovePrevious() {
-    return Run([&] { MoveTo(adRsnMovePrevious, [](RecordPosition& position) { return position.By(-1); }); });
+    return Run([&] { m_Cursor.Move(adRsnMovePrevious, [](RecordPosition& position) { return position.By(-1); }); });
 }
 
 STDMETHODIMP Recordset::Move(ADO_LONGPTR steps, VARIANT start) {
@@ -144,7 +160,7 @@ STDMETHODIMP Recordset::Move(ADO_LONGPTR steps, VARIANT start) {
         _variant_t place(static_cast<long>(kCurrent));
         if (!IsMissing(from) && FAILED(ConvertValue(from, VT_I4, place)))
             Raise(Failure::InvalidArgument);
-        MoveTo(adRsnMove, [&](RecordPosition& position) {
+        m_Cursor.Move(adRsnMove, [&](RecordPosition& position) {
             if (V_I4(&place) == kCurrent)
                 return position.By(count);
             return position.By(count, V_I4(&place) == kLast ? position.Count() : 1);
@@ -157,7 +173,10 @@ STDMETHODIMP Recordset::get_AbsolutePosition(PositionEnum_Param* position) {
 }
 
 STDMETHODIMP Recordset::put_AbsolutePosition(PositionEnum_Param place) {
-    return Run([&] { MoveTo(adRsnMove, [&](RecordPosition& position) { return position.To(InRange(place)); }); });
+    return Run([&] {
+        m_Cursor.NeedScrolling();
+        m_Cursor.Move(adRsnMove, [&](RecordPosition& position) { return position.To(InRange(place)); });
+    });
 }
 
 STDMETHODIMP Recordset::get_BOF(VARIANT_BOOL* bof) {
@@ -169,7 +188,7 @@ STDMETHODIMP Recordset::get_EOF(VARIANT_BOOL* eof) {
 }
 
 STDMETHODIMP Recordset::get_RecordCount(ADO_LONGPTR* count) {
-    return Run([&] { Give(count, [&] { return m_Cursor.Table().Count(); }); });
+    return Run([&] { Give(count, [&] { return m_Cursor.Count(); }); });
 }
 
 STDMETHODIMP Recordset::get_Bookmark(VARIANT* bookmark) {
@@ -198,7 +217,12 @@ STDMETHODIMP Recordset::CompareBookmarks(VARIANT first, VARIANT second, CompareE
 }
 
 STDMETHODIMP Recordset::get_Fields(::Fields** fields) {
-    return Run([&] { Give(fields, MakeObject<RecordFields>(this)); });
+    return Run([&] {
+        CheckPointer(fields);
+        if (!m_Fields)
+            m_Fields = std::make_unique<RecordFields>(*this);
+        Give(fields, ComPtr<::Fields>(m_Fields.get()));
+    });
 }
 
 void Recordset::PutFields(const VARIANT& fields, const VARIANT& values) {
@@ -210,7 +234,7 @@ void Recordset::PutFields(const VARIANT& fields, const VARIANT& values) {
         Raise(Failure::InvalidArgument);
     for (std::size_t i = 0; i < names.size(); ++i) {
         const std::size_t column = FindField(names[i]);
-        m_Cursor.Put(column, given[i], MakeObject<RecordField>(this, column).Get());
+        m_Cursor.Put(column, given[i], FieldAt(column).Get());
     }
 }
 
@@ -253,7 +277,9 @@ STDMETHODIMP Recordset::put_Collect(VARIANT index, VARIANT value) {
 STDMETHODIMP Recordset::Supports(CursorOptionEnum options, VARIANT_BOOL* supported) {
     return Run([&] {
         Give(supported, [&] {
-            long can = adHoldRecords | adMovePrevious | adBookmark | adApproxPosition | adResync | adNotify;
+            long can = adHoldRecords | adResync | adNotify;
+            if (!m_Cursor.IsForwardOnly())
+                can |= adMovePrevious | adBookmark | adApproxPosition;
             if (m_Cursor.Writes())
                 can |= adAddNew | adDelete | adUpdate;
             return (options & ~can) == 0;

@@ -11,12 +11,17 @@ namespace ormisk::records {
 // An optional argument that is not given.
 _variant_t Missing();
 
+class RecordField;
+class RecordFields;
+
 // The recordset as scripts and grids know it.
 class Recordset final : public RecordsetBase {
 public:
     Recordset();
+    ~Recordset() override;
 
     RecordCursor& Cursor() { return m_Cursor; }
+    ComPtr<RecordField> FieldAt(std::size_t column);
     std::size_t FindField(const VARIANT& index); // by name, or by number from 0
 
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
@@ -71,12 +76,14 @@ private:
     HRESULT QueryOther(REFIID iid, void** object) override;
     void FinalRelease() override { m_Cursor.Drop(); }
     void NeedClosed() const;
-    void MoveTo(EventReasonEnum reason, const RecordCursor::Step& step);
     double BookmarkOf(const VARIANT& value) const;
     void PutFields(const VARIANT& fields, const VARIANT& values);
 
     RecordEvents m_Events;
     RecordCursor m_Cursor;
+    // Made when they are first asked for. A field that a host keeps shows the column of its number, whatever is opened.
+    std::unique_ptr<RecordFields> m_Fields;
+    std::vector<std::unique_ptr<RecordField>> m_FieldOf;
     std::wstring m_Source;
     std::wstring m_Connection;
     CursorTypeEnum m_CursorType = adOpenForwardOnly;

@@ -47,10 +47,14 @@ public:
     STDMETHODIMP Save(VARIANT, PersistFormatEnum) override { return Unavailable(); }
 
 protected:
-    template <class F> static HRESULT Run(F body) { return Guarded(__uuidof(::_Recordset), body); }
+    // The recordset stays, whatever a handler lets go.
+    template <class F> HRESULT Run(F body) {
+        const ComPtr<RecordsetBase> alive(this);
+        return Guarded(__uuidof(::_Recordset), body);
+    }
 
 private:
-    static HRESULT Unavailable() {
+    HRESULT Unavailable() {
         return Run([] { Raise(Failure::FeatureNotAvailable); });
     }
 };

@@ -48,6 +48,8 @@ STDMETHODIMP Recordset::get_CursorType(CursorTypeEnum* type) {
         Give(type, [&] {
             if (!m_Cursor.IsOpen())
                 return m_CursorType;
+            if (m_Cursor.IsForwardOnly())
+                return adOpenForwardOnly;
             return m_Cursor.Table().HasKey() ? adOpenKeyset : adOpenStatic;
         });
     });

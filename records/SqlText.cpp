@@ -24,12 +24,16 @@ std::wstring List(const std::vector<std::wstring>& names, std::wstring_view quot
     return text;
 }
 
-std::wstring Where(const std::vector<KeyColumn>& key, std::wstring_view quote) {
+std::wstring Where(const std::vector<std::wstring>& keys, std::wstring_view quote) {
     std::wstring text;
-    for (const KeyColumn& column : key)
-        text += (text.empty() ? L" WHERE " : L" AND ") + QuoteName(column.name, quote) +
-                (column.null ? L" IS NULL" : L" = ?");
+    for (const std::wstring& key : keys)
+        text += (text.empty() ? L" WHERE " : L" AND ") + QuoteName(key, quote) + L" = ?";
     return text;
+}
+
+std::wstring SelectFrom(const TableQuery& query, std::wstring_view quote) {
+    return L"SELECT " + (query.columns.empty() ? L"*" : List(query.columns, quote)) + L" FROM " +
+           TableText(query, quote);
 }
 
 std::wstring From(const TableQuery& query, std::wstring_view quote) {
@@ -154,9 +158,11 @@ std::wstring QuoteName(std::wstring_view name, std::wstring_view quote) {
     return text.append(quote);
 }
 
-bool IsSelect(std::wstring_view source) {
+bool IsCommand(std::wstring_view source) {
+    static constexpr std::wstring_view kVerbs[] = {L"SELECT", L"WITH",   L"VALUES", L"INSERT", L"UPDATE",
+                                                   L"DELETE", L"CREATE", L"DROP",   L"ALTER"};
     const SqlToken first = NextToken(source, 0);
-    return (first.Is(L"SELECT") || first.Is(L"WITH") || first.Is(L"VALUES")) &&
+    return std::ranges::any_of(kVerbs, [&](std::wstring_view verb) { return first.Is(verb); }) &&
            NextToken(source, first.end).kind != SqlToken::Kind::End;
 }
 
@@ -188,14 +194,17 @@ std::wstring SelectKeys(const TableQuery& query, const std::vector<std::wstring>
     return L"SELECT " + List(keys, quote) + From(query, quote) + order;
 }
 
-std::wstring SelectRow(const TableQuery& query, const std::vector<KeyColumn>& key, std::wstring_view quote) {
-    return L"SELECT " + (query.columns.empty() ? L"*" : List(query.columns, quote)) + L" FROM " +
-           TableText(query, quote) + Where(key, quote);
+std::wstring SelectNone(const TableQuery& query, std::wstring_view quote) {
+    return SelectFrom(query, quote) + L" WHERE 1 = 0";
+}
+
+std::wstring SelectRow(const TableQuery& query, const std::vector<std::wstring>& keys, std::wstring_view quote) {
+    return SelectFrom(query, quote) + Where(keys, quote);
 }
 
 std::wstring UpdateRow(const TableQuery& query, const std::vector<std::wstring>& columns,
-                       const std::vector<KeyColumn>& key, std::wstring_view quote) {
-    return L"UPDATE " + TableText(query, quote) + L" SET " + List(columns, quote, L" = ?") + Where(key, quote);
+                       const std::vector<std::wstring>& keys, std::wstring_view quote) {
+    return L"UPDATE " + TableText(query, quote) + L" SET " + List(columns, quote, L" = ?") + Where(keys, quote);
 }
 
 std::wstring InsertRow(const TableQuery& query, const std::vector<std::wstring>& columns, std::wstring_view quote) {
@@ -208,8 +217,8 @@ std::wstring InsertRow(const TableQuery& query, const std::vector<std::wstring>&
     return text + L" (" + List(columns, quote) + L") VALUES (" + places + L")";
 }
 
-std::wstring DeleteRow(const TableQuery& query, const std::vector<KeyColumn>& key, std::wstring_view quote) {
-    return L"DELETE FROM " + TableText(query, quote) + Where(key, quote);
+std::wstring DeleteRow(const TableQuery& query, const std::vector<std::wstring>& keys, std::wstring_view quote) {
+    return L"DELETE FROM " + TableText(query, quote) + Where(keys, quote);
 }
 
 std::wstring SelectIdentity(std::wstring_view database) {

@@ -20,25 +20,21 @@ struct TableQuery {
 };
 
 // Whether a source is a command rather than the name of a table.
-bool IsSelect(std::wstring_view source);
+bool IsCommand(std::wstring_view source);
 TableQuery QueryOfTable(std::wstring_view name);
 // The query of a SELECT that gives rows of one table by the names of its columns; none for any other, whose rows have
 // no key.
 std::optional<TableQuery> ParseSelect(std::wstring_view text);
 
-// One column of a key and whether the value that a row has there is Null, which equals nothing.
-struct KeyColumn {
-    std::wstring name;
-    bool null = false;
-};
-
+// Commands of a query. Rows are found by the columns of a key, whose values come as parameters behind all others.
 std::wstring SelectAll(const TableQuery& query, std::wstring_view quote);
+std::wstring SelectNone(const TableQuery& query, std::wstring_view quote); // for its columns only
 std::wstring SelectKeys(const TableQuery& query, const std::vector<std::wstring>& keys, std::wstring_view quote);
-std::wstring SelectRow(const TableQuery& query, const std::vector<KeyColumn>& key, std::wstring_view quote);
+std::wstring SelectRow(const TableQuery& query, const std::vector<std::wstring>& keys, std::wstring_view quote);
 std::wstring UpdateRow(const TableQuery& query, const std::vector<std::wstring>& columns,
-                       const std::vector<KeyColumn>& key, std::wstring_view quote);
+                       const std::vector<std::wstring>& keys, std::wstring_view quote);
 std::wstring InsertRow(const TableQuery& query, const std::vector<std::wstring>& columns, std::wstring_view quote);
-std::wstring DeleteRow(const TableQuery& query, const std::vector<KeyColumn>& key, std::wstring_view quote);
+std::wstring DeleteRow(const TableQuery& query, const std::vector<std::wstring>& keys, std::wstring_view quote);
 
 // Asks a database for the number that it gave to the row inserted last; empty where that is not known.
 std::wstring SelectIdentity(std::wstring_view database);

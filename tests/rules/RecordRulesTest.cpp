@@ -134,12 +134,13 @@ TEST(SqlText, ANameOfATableIsTakenAsItIs) {
 }
 
 TEST(SqlText, ACommandBeginsWithItsWord) {
-    EXPECT_TRUE(IsSelect(L" select * from t"));
-    EXPECT_TRUE(IsSelect(L"-- all\nSELECT\n1"));
-    EXPECT_FALSE(IsSelect(L"select"));
-    EXPECT_FALSE(IsSelect(L"selection"));
-    EXPECT_FALSE(IsSelect(L"\"select\" x"));
-    EXPECT_FALSE(IsSelect(L""));
+    EXPECT_TRUE(IsCommand(L" select * from t"));
+    EXPECT_TRUE(IsCommand(L"-- all\nSELECT\n1"));
+    EXPECT_TRUE(IsCommand(L"create table t (a)"));
+    EXPECT_FALSE(IsCommand(L"select"));
+    EXPECT_FALSE(IsCommand(L"selection"));
+    EXPECT_FALSE(IsCommand(L"\"select\" x"));
+    EXPECT_FALSE(IsCommand(L""));
 }
 
 TEST(SqlText, SelectOfOneTableIsTakenApart) {
@@ -196,16 +197,17 @@ TEST(SqlText, WhatNobodyClosesEndsWithTheStatement) {
 TEST(SqlText, CommandsByKey) {
     TableQuery query = QueryOfTable(L"my \"t\"");
     const std::wstring table = L"\"my \"\"t\"\"\"";
-    const std::vector<KeyColumn> key = {{L"id"}, {L"a b", true}};
+    const Names key = {L"id", L"a b"};
     EXPECT_EQ(SelectAll(query, kQuote), L"SELECT * FROM " + table);
-    EXPECT_EQ(SelectKeys(query, {L"id", L"a b"}, kQuote),
+    EXPECT_EQ(SelectKeys(query, key, kQuote),
               L"SELECT \"id\", \"a b\" FROM " + table + L" ORDER BY \"id\", \"a b\"");
-    EXPECT_EQ(SelectRow(query, key, kQuote), L"SELECT * FROM " + table + L" WHERE \"id\" = ? AND \"a b\" IS NULL");
-    EXPECT_EQ(UpdateRow(query, {L"x", L"set"}, {{L"id"}}, kQuote),
+    EXPECT_EQ(SelectRow(query, key, kQuote), L"SELECT * FROM " + table + L" WHERE \"id\" = ? AND \"a b\" = ?");
+    EXPECT_EQ(SelectNone(query, kQuote), L"SELECT * FROM " + table + L" WHERE 1 = 0");
+    EXPECT_EQ(UpdateRow(query, {L"x", L"set"}, {L"id"}, kQuote),
               L"UPDATE " + table + L" SET \"x\" = ?, \"set\" = ? WHERE \"id\" = ?");
     EXPECT_EQ(InsertRow(query, {L"x", L"y"}, kQuote), L"INSERT INTO " + table + L" (\"x\", \"y\") VALUES (?, ?)");
     EXPECT_EQ(InsertRow(query, {}, kQuote), L"INSERT INTO " + table + L" DEFAULT VALUES");
-    EXPECT_EQ(DeleteRow(query, {{L"id"}}, kQuote), L"DELETE FROM " + table + L" WHERE \"id\" = ?");
+    EXPECT_EQ(DeleteRow(query, {L"id"}, kQuote), L"DELETE FROM " + table + L" WHERE \"id\" = ?");
 }
 
 TEST(SqlText, ConditionsAndAliasBelongToTheKeysOnly) {
@@ -215,7 +217,7 @@ TEST(SqlText, ConditionsAndAliasBelongToTheKeysOnly) {
     const auto limited = Parsed(L"select a from t where a > 1 limit 3");
     ASSERT_TRUE(limited);
     EXPECT_EQ(SelectKeys(*limited, {L"id"}, kQuote), L"SELECT \"id\" FROM \"t\" where a > 1 limit 3");
-    EXPECT_EQ(SelectRow(*query, {{L"id"}}, kQuote), L"SELECT \"a\" FROM \"s\".\"t\" WHERE \"id\" = ?");
+    EXPECT_EQ(SelectRow(*query, {L"id"}, kQuote), L"SELECT \"a\" FROM \"s\".\"t\" WHERE \"id\" = ?");
 }
 
 TEST(SqlText, NumbersOfInsertedRowsAreAskedByDatabase) {
