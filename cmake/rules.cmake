@@ -1,7 +1,9 @@
 # The rule sources of each folder, relative to src/. A unit listed here includes no Windows header.
 set(RULE_SOURCES
+  automation/StoredForm.cpp
   grid/ChromeLayout.cpp
   grid/RowLayout.cpp
+  grid/TipRules.cpp
   editors/DateRules.cpp
   editors/DialogRules.cpp
   editors/TextRules.cpp

@@ -1,6 +1,16 @@
 #include "automation/ControlCore.h"
 
+#include "automation/StoredValues.h"
+
+#include <shlwapi.h>
+
 namespace ormisk {
+
+namespace {
+
+constexpr wchar_t kStorageStream[] = L"Contents";
+
+} // namespace
 
 void* ControlCore::FindInterface(REFIID iid) {
     if (iid == __uuidof(IOleObject))
@@ -15,6 +25,8 @@ void* ControlCore::FindInterface(REFIID iid) {
         return static_cast<IViewObject2*>(this);
     if (iid == __uuidof(IPersistStreamInit) || iid == __uuidof(IPersist))
         return static_cast<IPersistStreamInit*>(this);
+    if (iid == __uuidof(IPersistStorage))
+        return static_cast<IPersistStorage*>(this);
     if (iid == __uuidof(IPersistPropertyBag))
         return static_cast<IPersistPropertyBag*>(this);
     if (iid == __uuidof(IQuickActivate))
@@ -112,40 +124,101 @@ HRESULT ControlCore::InitNew() {
 
 HRESULT ControlCore::IsDirty() { return m_Dirty ? S_OK : S_FALSE; }
 
-// The state is a set of named values: a stream would need a form of its own.
-HRESULT ControlCore::Load(IStream*) { return E_NOTIMPL; }
+void ControlCore::LoadFrom(NamedValues& store) {
+    OnLoad(store);
+    m_Initialized = true;
+    m_Dirty = false;
+}
 
-HRESULT ControlCore::Save(IStream*, BOOL) { return E_NOTIMPL; }
+void ControlCore::Saved(bool clearDirty) {
+    if (clearDirty)
+        m_Dirty = false;
+    m_Advises.TellSaved();
+}
 
-HRESULT ControlCore::GetSizeMax(ULARGE_INTEGER*) { return E_NOTIMPL; }
-
-HRESULT ControlCore::Load(IPropertyBag* bag, IErrorLog*) {
+HRESULT ControlCore::Load(IStream* stream) {
     const ComPtr<IUnknown> alive(Self());
-    return Guarded(__uuidof(IPersistPropertyBag), [&]() -> HRESULT {
-        CheckPointer(bag);
+    return Guarded(__uuidof(IPersistStreamInit), [&]() -> HRESULT {
+        CheckPointer(stream);
         if (!m_WindowsMade)
             return E_UNEXPECTED; // OLEMISC_SETCLIENTSITEFIRST
-        OnLoad(bag);
-        m_Initialized = true;
-        m_Dirty = false;
+        StreamValues values(stream);
+        LoadFrom(values);
         return S_OK;
     });
 }
 
-HRESULT ControlCore::Save(IPropertyBag* bag, BOOL clearDirty, BOOL) {
+HRESULT ControlCore::Save(IStream* stream, BOOL clearDirty) {
     const ComPtr<IUnknown> alive(Self());
-    return Guarded(__uuidof(IPersistPropertyBag), [&] {
-        CheckPointer(bag);
-        OnSave(bag);
-        if (clearDirty)
-            m_Dirty = false;
-        m_Advises.TellSaved();
+    return Guarded(__uuidof(IPersistStreamInit), [&] {
+        CheckPointer(stream);
+        StreamValues values;
+        OnSave(values);
+        values.Save(stream);
+        Saved(clearDirty);
     });
 }
 
-void ControlCore::OnLoad(IPropertyBag*) { Raise(E_NOTIMPL, SystemText(E_NOTIMPL)); }
+HRESULT ControlCore::GetSizeMax(ULARGE_INTEGER* size) {
+    const ComPtr<IUnknown> alive(Self());
+    return Guarded(__uuidof(IPersistStreamInit), [&] {
+        CheckPointer(size);
+        StreamValues values;
+        OnSave(values);
+        size->QuadPart = values.Size();
+    });
+}
 
-void ControlCore::OnSave(IPropertyBag*) { Raise(E_NOTIMPL, SystemText(E_NOTIMPL)); }
+// Of a storage one stream is used, and only within a call.
+HRESULT ControlCore::InitNew(IStorage* storage) { return storage ? InitNew() : E_POINTER; }
+
+HRESULT ControlCore::Load(IStorage* storage) {
+    if (!storage)
+        return E_POINTER;
+    ComPtr<IStream> stream;
+    storage->OpenStream(kStorageStream, nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0, stream.GetAddressOf());
+    if (!stream) // of a store without one everything is the default
+        *stream.GetAddressOf() = SHCreateMemStream(nullptr, 0);
+    return Load(stream.Get());
+}
+
+HRESULT ControlCore::Save(IStorage* storage, BOOL) {
+    if (!storage)
+        return E_POINTER;
+    ComPtr<IStream> stream;
+    const HRESULT hr = storage->CreateStream(kStorageStream, STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0, 0,
+                                             stream.GetAddressOf());
+    return FAILED(hr) ? hr : Save(stream.Get(), FALSE);
+}
+
+HRESULT ControlCore::SaveCompleted(IStorage*) {
+    m_Dirty = false;
+    return S_OK;
+}
+
+HRESULT ControlCore::HandsOffStorage() { return S_OK; }
+
+HRESULT ControlCore::Load(IPropertyBag* bag, IErrorLog* log) {
+    const ComPtr<IUnknown> alive(Self());
+    return Guarded(__uuidof(IPersistPropertyBag), [&]() -> HRESULT {
+        CheckPointer(bag);
+        if (!m_WindowsMade)
+            return E_UNEXPECTED;
+        BagValues values(bag, log);
+        LoadFrom(values);
+        return S_OK;
+    });
+}
+
+HRESULT ControlCore::Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) {
+    const ComPtr<IUnknown> alive(Self());
+    return Guarded(__uuidof(IPersistPropertyBag), [&] {
+        CheckPointer(bag);
+        BagValues values(bag, nullptr, saveAll);
+        OnSave(values);
+        Saved(clearDirty);
+    });
+}
 
 DWORD ControlCore::Connect(REFIID source, IUnknown* sink) {
     ComPtr<IConnectionPoint> point;

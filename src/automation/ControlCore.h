@@ -6,6 +6,7 @@
 #include "automation/ControlSite.h"
 #include "automation/Events.h"
 #include "automation/InPlaceSession.h"
+#include "automation/NamedValues.h"
 
 #include <objsafe.h>
 
@@ -27,6 +28,7 @@ class ControlCore : public IOleObject,
                     public IOleInPlaceActiveObject,
                     public IViewObject2,
                     public IPersistStreamInit,
+                    public IPersistStorage,
                     public IPersistPropertyBag,
                     public IQuickActivate,
                     public IObjectSafety {
@@ -90,13 +92,18 @@ public:
     STDMETHODIMP GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
     STDMETHODIMP GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, SIZEL* size) override;
 
-    // IPersist, IPersistStreamInit, IPersistPropertyBag
+    // IPersist, IPersistStreamInit, IPersistStorage, IPersistPropertyBag: one set of named values in all of them
     STDMETHODIMP GetClassID(CLSID* id) override;
     STDMETHODIMP InitNew() override;
     STDMETHODIMP IsDirty() override;
     STDMETHODIMP Load(IStream* stream) override;
     STDMETHODIMP Save(IStream* stream, BOOL clearDirty) override;
     STDMETHODIMP GetSizeMax(ULARGE_INTEGER* size) override;
+    STDMETHODIMP InitNew(IStorage* storage) override;
+    STDMETHODIMP Load(IStorage* storage) override;
+    STDMETHODIMP Save(IStorage* storage, BOOL sameAsLoad) override;
+    STDMETHODIMP SaveCompleted(IStorage* storage) override;
+    STDMETHODIMP HandsOffStorage() override;
     STDMETHODIMP Load(IPropertyBag* bag, IErrorLog* log) override;
     STDMETHODIMP Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) override;
 
@@ -166,9 +173,9 @@ protected:
     virtual void OnTabbedInto(bool /*backward*/) {}
     // CTRLINFO flags: keys that the control uses itself before a default or cancel button of the host.
     virtual DWORD KeysEaten() const { return 0; }
-    // Stored state. Not supported unless overridden.
-    virtual void OnLoad(IPropertyBag* bag);
-    virtual void OnSave(IPropertyBag* bag);
+    // Stored state: with windows and a site. What cannot be read leaves its setting as it is.
+    virtual void OnLoad(NamedValues& store) = 0;
+    virtual void OnSave(NamedValues& store) = 0;
     // INTERFACESAFE flags that the control promises to keep.
     virtual DWORD SafetyPromised() const { return 0; }
 
@@ -181,6 +188,8 @@ private:
     IUnknown* Self() { return static_cast<IOleObject*>(this); }
     void CreateWindows();
     void Initialize();
+    void LoadFrom(NamedValues& store);
+    void Saved(bool clearDirty);
     void ApplyExtent();
     HRESULT ActivateInPlace();
     HRESULT ActivateUi(const MSG* cause);

@@ -70,6 +70,7 @@ void EditSession::StartEditor() {
     const Ref<CNode> node = selection.SelectedNode();
     const ComPtr<CProperty> property(selection.SelectedProperty());
     if (node && property && !property->IsReadOnly() && !m_Grid.m_State.readOnly) {
+        m_Grid.m_Tips.Hide(); // none over an editor
         const unsigned use = m_Editors.Uses();
         const auto goesOn = [&] { return selection.IsOn(node) && m_Editors.Uses() == use; };
         const ComPtr<_CEditor> editor = FindEditor(*property.Get());
@@ -143,6 +144,7 @@ void EditSession::PlaceOpenEditor() {
 }
 
 void EditSession::FollowRow() {
+    m_Grid.m_Tips.Hide();
     if (!m_CurrentEditor || !m_EditNode || !m_Place.IsLeft(*m_EditNode))
         return;
     PlaceOpenEditor();

@@ -22,7 +22,7 @@ Grid::Grid(GridHost& host)
       m_ModelView(*this), m_ObjectLoader(*this), m_Records(*this), m_PaneEvents(*this), m_Panes(*this),
       m_RowLook(*this), m_RowPainter(*this), m_ChromeMetrics(*this), m_ChromePainter(*this), m_RecordToolbar(*this),
       m_Input(*this), m_ListInput(*this), m_ColorInput(*this), m_FieldInput(*this), m_FocusOrder(*this),
-      m_Selection(*this), m_Session(*this) {
+      m_Selection(*this), m_Tips(*this), m_Session(*this) {
     INITCOMMONCONTROLSEX classes{};
     classes.dwSize = sizeof classes;
     classes.dwICC = kControlClasses;
@@ -38,6 +38,7 @@ void Grid::CreateWindows(HWND parent) {
     m_AlphabeticNodes.Init(&m_ModelView);
     m_CategorizedNodes.Init(&m_ModelView);
     m_Session.CreateEditors();
+    m_Tips.Create();
     m_Panes.CreateSplitters();
     m_Panes.LayoutTabContainer();
     m_Panes.ApplyEnabled();
@@ -63,6 +64,7 @@ void Grid::Release() {
     m_CategorizedNodes.Init(nullptr);
     m_Session.Release();
     m_EditorParams = {};
+    m_Tips.Destroy();
 }
 
 void Grid::LetObjectsGo() {

@@ -21,6 +21,7 @@
 #include "grid/RowLook.h"
 #include "grid/RowPainter.h"
 #include "grid/Selection.h"
+#include "grid/TipsAndHelp.h"
 #include "model/CProperties.h"
 #include "model/EditorParams.h"
 #include "platform/ResourceMgr.h"
@@ -106,6 +107,7 @@ public:
     FieldInput m_FieldInput;
     FocusOrder m_FocusOrder;
     Selection m_Selection;
+    TipsAndHelp m_Tips;
     EditSession m_Session;
 
 private:

@@ -52,6 +52,8 @@ void GridProperties::Apply(const PropertyEntry& entry) {
     // First: hiding a window hands its focus to the one around it.
     if (effects & (kShowsDescription | kShowsTabs | kShowsToolbar | kLaysOut))
         m_Grid.m_FocusOrder.LeaveHidden();
+    if (effects & kHidesTip)
+        m_Grid.m_Tips.Hide();
     if (effects & kShowsDescription)
         panes.ApplyShowDescription();
     if (effects & kEnables)

@@ -18,11 +18,13 @@ public:
         Put(EntryOf<Field>(), PropertyValue(std::in_place_type<Stored>, std::move(value)));
     }
 
+    // The same of any entry; the value is of its field's type.
+    void Put(const PropertyEntry& entry, PropertyValue value);
+
     // What a new control without stored settings does.
     void RunFirstDefaults();
 
 private:
-    void Put(const PropertyEntry& entry, PropertyValue value);
     void Apply(const PropertyEntry& entry);
     void Repaint(unsigned effects);
     void TellOfView();

@@ -53,6 +53,9 @@ void Input::PaneMouse(const Pane& pane, const MouseEvent& event) {
     if (item == omValueHeader && stage != MouseStage::Down)
         stage = stage == MouseStage::Move ? MouseStage::Up : MouseStage::Down;
     FireMouseEvent(pane, event, stage, item);
+    const bool tips = m_Grid.m_State.showToolTip && &pane == &m_Grid.m_Panes.m_picTreeContainer;
+    if (tips && event.stage == MouseStage::Move && event.button == 0 && m_Grid.IsAlive())
+        m_Grid.m_Tips.UpdateTooltip(event.x, event.y);
 }
 
 // In the control's coordinates and scale.
@@ -146,9 +149,8 @@ void Input::PaneKeyDown(const Pane& pane, int& keyCode, int shift) {
     // Help is asked for in place of the key.
     if (&pane == &m_Grid.m_Panes.m_picTreeContainer && keyCode == VK_F1 && m_Grid.m_Selection.SelectedNode()) {
         keyCode = 0;
-        bool processDefault = true;
         if (const ComPtr<CProperty> property{m_Grid.m_Selection.SelectedProperty()})
-            m_Grid.m_Events.HelpRequested(*property.Get(), processDefault);
+            m_Grid.m_Tips.RequestHelp(*property.Get());
         return;
     }
     m_Grid.m_Events.KeyDown(keyCode, shift);

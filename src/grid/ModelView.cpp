@@ -202,6 +202,7 @@ void ModelView::RemoveCategorizedNode(CNode* node) {
 void ModelView::OnPropertiesCleared() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Session.Drop();
+    m_Grid.m_Tips.Hide();
     m_LastCategoryNode = nullptr;
     m_Grid.m_CategorizedNodes.Clear();
     m_Grid.m_AlphabeticNodes.Clear();
@@ -222,6 +223,7 @@ void ModelView::PropertyChangedEx(CProperty& property, Attribute attribute) {
     if (m_Grid.m_Selection.SelectedProperty() == &property)
         m_Grid.m_Panes.m_picDescPane.Invalidate(true); // name and help
     const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
+    m_Grid.m_Tips.Hide(); // it may show what was there before
     Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node.Get()); });
     Trapped([&] { UpdateChildren(property); });
     if (node)

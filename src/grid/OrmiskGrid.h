@@ -123,6 +123,8 @@ private:
     void OnFirstSited(HWND parking) override;
     HWND Window() const override { return m_Grid.m_Panes.m_Control.hWnd(); }
     void OnInitNew() override;
+    void OnLoad(NamedValues& store) override;
+    void OnSave(NamedValues& store) override;
     void OnAmbientChange(DISPID id) override;
     void OnUseEnded() override { m_Grid.LetObjectsGo(); }
     bool OwnsReferences(ULONG count) const override { return m_Grid.OwnsReferences(count); }
@@ -152,6 +154,8 @@ private:
     }
     template <auto Field, class T> HRESULT Read(T* value);
     template <auto Field, class T> HRESULT Write(T value);
+    void LoadSetting(NamedValues& store, const PropertyEntry& entry);
+    void LoadFont(NamedValues& store, const wchar_t* key);
     void AdoptScaleUnits();
     void AdoptFont(IUnknown* font, bool own);
 

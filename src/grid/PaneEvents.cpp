@@ -61,10 +61,12 @@ bool PaneEvents::OnMessage(Pane& pane, UINT message, WPARAM wParam, LPARAM lPara
             }
         }
         return false;
-    case WM_NOTIFY:
-        if (const auto& notice = *reinterpret_cast<const NMHDR*>(lParam); notice.code == DTN_DATETIMECHANGE)
+    case WM_NOTIFY: {
+        const auto& notice = *reinterpret_cast<const NMHDR*>(lParam);
+        if (notice.code == DTN_DATETIMECHANGE)
             m_Grid.m_Session.Changed(notice.hwndFrom);
-        return false;
+        return m_Grid.m_Tips.OnNotify(notice, result);
+    }
     case WM_COMMAND:
     case WM_DRAWITEM:
     case WM_CTLCOLORLISTBOX:
@@ -226,6 +228,7 @@ void PaneEvents::OnScroll() {
         panes.RepaintRows(); // moved pixels would tear the background
     else
         ScrollWindowEx(panes.TreeWnd(), 0, distance, nullptr, nullptr, nullptr, nullptr, SW_INVALIDATE);
+    m_Grid.m_Tips.Hide();
     m_Grid.m_Session.Scrolled();
 }
 

@@ -34,6 +34,7 @@ enum Effect : unsigned {
     kReplacesSeparator = 1 << 18, // in the category texts of all properties
     kUnlocks = 1 << 19,           // scroll range and rows anew
     kChangesFont = 1 << 20,       // sizes that follow from it, and the layout
+    kHidesTip = 1 << 21,
 };
 
 using PropertyValue =
@@ -107,7 +108,7 @@ inline constexpr auto kProperties = std::to_array<PropertyEntry>({
     {L"ReadOnly", 49, &GridState::readOnly, 28, true, kNotifies | kRepaintsRows},
     {L"ShowDescription", 27, &GridState::showDescription, 30, true, kNotifies | kShowsDescription | kLaysOut},
     {L"ShowTabs", 28, &GridState::showTabs, 31, true, kNotifies | kShowsTabs | kLaysOut},
-    {L"ShowToolTip", 29, &GridState::showToolTip, 32, true, kNotifies},
+    {L"ShowToolTip", 29, &GridState::showToolTip, 32, true, kNotifies | kHidesTip},
     {L"Sorted", 30, &GridState::sorted, 33, true, kNotifies | kAlways | kRepaintsNameHeader | kSorts},
     {L"SortOnHeaderClick", 31, &GridState::sortOnHeaderClick, 34, true, kAlways},
     {L"SortOrder", 32, &GridState::sortOrder, 0, true, kNotifies | kRepaintsNameHeader},

@@ -11,22 +11,6 @@ namespace {
 
 constexpr wchar_t kNoText[] = L" "; // a tool without a text would be refused
 
-std::string ToBytes(const std::wstring& text) {
-    std::string bytes(text.size() * 3, '\0');
-    const int written = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                                            static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(written));
-    return bytes;
-}
-
-std::wstring FromBytes(const char* bytes) {
-    const int size = MultiByteToWideChar(CP_ACP, 0, bytes, -1, nullptr, 0);
-    std::wstring text(static_cast<std::size_t>(std::max(size, 1)), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes, -1, text.data(), size);
-    text.pop_back(); // the zero at its end
-    return text;
-}
-
 std::wstring Trimmed(const std::wstring& text) {
     const std::size_t first = text.find_first_not_of(L' ');
     return first == std::wstring::npos ? kNoText : text.substr(first, text.find_last_not_of(L' ') + 1 - first);
@@ -56,17 +40,15 @@ LRESULT CTooltip::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
     return hwnd() ? SendMessageW(m_hWnd, message, wParam, lParam) : 0;
 }
 
-// Both forms of a tool are laid out alike.
-LRESULT CTooltip::SendTool(UINT ansi, UINT wide, WPARAM wParam, TTTOOLINFOW& tool) const {
-    return Send(m_Unicode ? wide : ansi, wParam, reinterpret_cast<LPARAM>(&tool));
+LRESULT CTooltip::SendTool(UINT message, WPARAM wParam, TTTOOLINFOW& tool) const {
+    return Send(message, wParam, reinterpret_cast<LPARAM>(&tool));
 }
 
-LRESULT CTooltip::SendText(UINT ansi, UINT wide, const std::wstring& text, TTTOOLINFOW& tool) {
-    m_MaxTextLen = std::max(m_MaxTextLen, text.size());
-    std::wstring characters = m_Unicode ? NarrowText(text) : std::wstring();
-    std::string bytes = m_Unicode ? std::string() : ToBytes(text);
-    tool.lpszText = m_Unicode ? characters.data() : reinterpret_cast<wchar_t*>(bytes.data());
-    return SendTool(ansi, wide, 0, tool);
+LRESULT CTooltip::SendText(UINT message, const std::wstring& text, TTTOOLINFOW& tool) {
+    std::wstring shown = m_Unicode ? NarrowText(text) : text;
+    m_MaxTextLen = std::max(m_MaxTextLen, shown.size());
+    tool.lpszText = shown.data();
+    return SendTool(message, 0, tool);
 }
 
 bool CTooltip::BallonStyle() const { return hwnd() && (GetWindowLongPtrW(m_hWnd, GWL_STYLE) & TTS_BALLOON) != 0; }
@@ -82,10 +64,12 @@ int CTooltip::ToolCount() const { return static_cast<int>(Send(TTM_GETTOOLCOUNT)
 
 void CTooltip::Activate(bool bActive) const { Send(TTM_ACTIVATE, bActive); }
 
+void CTooltip::Pop() const { Send(TTM_POP); }
+
 std::optional<TTTOOLINFOW> CTooltip::ToolAt(int index) const {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    if (index < 0 || !SendTool(TTM_ENUMTOOLSA, TTM_ENUMTOOLSW, static_cast<WPARAM>(index), tool))
+    if (index < 0 || !SendTool(TTM_ENUMTOOLSW, static_cast<WPARAM>(index), tool))
         return std::nullopt;
     return tool;
 }
@@ -111,18 +95,18 @@ bool CTooltip::AddTool(UINT_PTR nId, bool bSubclass, long x, long y, long cx, lo
     tool.hwnd = m_hWndParent;
     tool.uId = nId;
     tool.rect = {x, y, x + cx, y + cy};
-    return SendText(TTM_ADDTOOLA, TTM_ADDTOOLW, Trimmed(sText), tool) != 0;
+    return SendText(TTM_ADDTOOLW, Trimmed(sText), tool) != 0;
 }
 
 void CTooltip::DeleteTool(UINT_PTR nId) const {
     if (auto tool = FindTool(nId))
-        SendTool(TTM_DELTOOLA, TTM_DELTOOLW, 0, *tool);
+        SendTool(TTM_DELTOOLW, 0, *tool);
 }
 
 void CTooltip::SetNewToolRect(UINT_PTR nId, long x, long y, long cx, long cy) const {
     if (auto tool = FindTool(nId)) {
         tool->rect = {x, y, x + cx, y + cy};
-        SendTool(TTM_NEWTOOLRECTA, TTM_NEWTOOLRECTW, 0, *tool);
+        SendTool(TTM_NEWTOOLRECTW, 0, *tool);
     }
 }
 
@@ -157,16 +141,16 @@ std::wstring CTooltip::Text(UINT_PTR nId) const {
     auto tool = FindTool(nId);
     if (!tool)
         return {};
-    std::wstring room(m_MaxTextLen * 2 + 1, L'\0'); // for bytes as well
+    std::wstring room(m_MaxTextLen + 1, L'\0');
     tool->lpszText = room.data();
-    SendTool(TTM_GETTEXTA, TTM_GETTEXTW, room.size(), *tool);
-    const wchar_t* const text = room.data();
-    return m_Unicode ? ExpandText(text) : FromBytes(reinterpret_cast<const char*>(text));
+    SendTool(TTM_GETTEXTW, room.size(), *tool);
+    const std::wstring shown = room.data();
+    return m_Unicode ? ExpandText(shown) : shown;
 }
 
 void CTooltip::Text(UINT_PTR nId, const std::wstring& text) {
     if (auto tool = FindTool(nId))
-        SendText(TTM_UPDATETIPTEXTA, TTM_UPDATETIPTEXTW, text, *tool);
+        SendText(TTM_UPDATETIPTEXTW, text, *tool);
 }
 
 void CTooltip::hFont(HFONT font) const { Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
@@ -182,10 +166,8 @@ void CTooltip::Icon(long icon) {
 }
 
 void CTooltip::ShowTitle() const {
-    const std::wstring characters = m_Unicode ? NarrowText(m_Title) : std::wstring();
-    const std::string bytes = m_Unicode ? std::string() : ToBytes(m_Title);
-    Send(m_Unicode ? TTM_SETTITLEW : TTM_SETTITLEA, static_cast<WPARAM>(m_Icon),
-         m_Unicode ? reinterpret_cast<LPARAM>(characters.c_str()) : reinterpret_cast<LPARAM>(bytes.c_str()));
+    const std::wstring shown = m_Unicode ? NarrowText(m_Title) : m_Title;
+    Send(TTM_SETTITLEW, static_cast<WPARAM>(m_Icon), reinterpret_cast<LPARAM>(shown.c_str()));
 }
 
 long CTooltip::Delay(WPARAM which) const { return static_cast<long>(Send(TTM_GETDELAYTIME, which)); }

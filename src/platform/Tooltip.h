@@ -31,6 +31,7 @@ public:
     void BallonStyle(bool balloon);
     int ToolCount() const;
     void Activate(bool bActive) const;
+    void Pop() const; // the tip on screen, if there is one, goes
     void SetNewToolRect(UINT_PTR nId, long x, long y, long cx, long cy) const;
     // The window that has room for a text of this area.
     void AdjustRect(RECT& rect) const;
@@ -71,8 +72,8 @@ public:
 
 private:
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    LRESULT SendTool(UINT ansi, UINT wide, WPARAM wParam, TTTOOLINFOW& tool) const;
-    LRESULT SendText(UINT ansi, UINT wide, const std::wstring& text, TTTOOLINFOW& tool);
+    LRESULT SendTool(UINT message, WPARAM wParam, TTTOOLINFOW& tool) const;
+    LRESULT SendText(UINT message, const std::wstring& text, TTTOOLINFOW& tool);
     std::optional<TTTOOLINFOW> ToolAt(int index) const;
     std::optional<TTTOOLINFOW> FindTool(UINT_PTR nId) const;
     RECT Margins() const;

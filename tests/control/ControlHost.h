@@ -50,8 +50,8 @@ private:
     std::wstring AccessKeys() const override { return keys; }
     void OnAccessKey(wchar_t key) override { pressed += key; }
     HRESULT OnTranslateKey(MSG& message) override { return message.wParam == VK_DOWN ? S_OK : S_FALSE; }
-    void OnLoad(IPropertyBag*) override {}
-    void OnSave(IPropertyBag*) override {}
+    void OnLoad(NamedValues&) override {}
+    void OnSave(NamedValues&) override {}
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 };
