@@ -3,6 +3,7 @@
 #include "platform/Rounding.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace ormisk {
 
@@ -80,15 +81,17 @@ Rect HelpText(Size client, long rowHeight) {
 
 long DescriptionHeight(long textHeight, long rowHeight) { return textHeight + rowHeight + 4 + 4; }
 
-ToolbarPlaces LayoutToolbar(Size text, Size container, bool framed) {
+ToolbarPlaces LayoutToolbar(Size text, long total, Size container, bool framed) {
     constexpr long kAir = 4;
     const long height = text.cy + 2;
     const long margin = framed ? 4 : 0; // the frame of the page, and as much air
     const long bottom = container.cy - margin;
     ToolbarPlaces places{{margin, bottom - height - 2 * kAir, container.cx - margin, bottom}, {}};
-    const long letter = text.cx / 2;
-    // The number is eight letters wide; the total has room for what it says of most tables.
-    const long widths[] = {height, height, letter * 8, letter * 12, height, height};
+    // The number is eight letters wide.
+    std::array<long, 6> widths{height, height, text.cx / 2 * 8, total, height, height};
+    for (const std::size_t part : {3, 2, 0, 5})
+        if (std::accumulate(widths.begin(), widths.end(), 2 * kAir) > places.strip.Width())
+            widths[part] = 0;
     long x = kAir;
     for (std::size_t i = 0; i < places.parts.size(); ++i) {
         places.parts[i] = {x, kAir, x + widths[i], kAir + height};

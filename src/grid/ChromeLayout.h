@@ -56,12 +56,13 @@ Rect HelpText(Size client, long rowHeight);
 long DescriptionHeight(long textHeight, long rowHeight);
 
 // The record toolbar at the bottom of the tab container, and in it from left to right: first, previous, record number,
-// total, next, last. `text` is the size of two letters.
+// total, next, last. `text` is the size of two letters, `total` the width of that text, 0 for none. What does not fit
+// is left out, with no width: the total first, then the number, then both ends.
 struct ToolbarPlaces {
     Rect strip;
     std::array<Rect, 6> parts;
 };
-ToolbarPlaces LayoutToolbar(Size text, Size container, bool framed);
+ToolbarPlaces LayoutToolbar(Size text, long total, Size container, bool framed);
 
 // A triangle half as high as the button and half as deep as high, in the middle, with a bar behind its base if asked
 // for.

@@ -119,7 +119,7 @@ bool EditSession::LoadEditorValue(CProperty& property, _CEditor* editor) {
     m_Asked.reset();
     const ComPtr<CProperty> held(&property);
     const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
-    if (!IsValueValidForEditor(property.Value(), property.EditorKind()))
+    if (!m_Grid.m_Records.IsPropertyValueValid(property))
         return false;
     if (!m_Grid.m_Selection.IsOn(selected))
         return true;
@@ -284,6 +284,22 @@ void EditSession::CommitAndHide() {
         HideCurrentEditor();
 }
 
+void EditSession::CommitForMove() {
+    ++m_Moves;
+    CloseUp();
+    CloseEditor(true);
+}
+
+void EditSession::ShowMoved() {
+    CProperty* property = m_EditNode ? m_EditNode->Property() : nullptr;
+    if (!m_CurrentEditor || !property || !m_Grid.m_Selection.IsOn(m_EditNode))
+        return;
+    if (m_Grid.m_Records.IsPropertyValueValid(*property))
+        m_Grid.Trapped([&] { StartEditor(); });
+    else
+        HideCurrentEditor();
+}
+
 void EditSession::CancelAndHide() {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
     if (!editor)
@@ -334,6 +350,7 @@ void EditSession::ApplyValue(_CEditor* editor) {
         m_Asked = value;
     bool typed = !builtIn || builtIn->IsModified();
     const unsigned start = m_Starts;
+    const unsigned moves = m_Moves;
     bool cancel = false;
     {
         const Meanwhile<const CProperty*> asking(m_Validated, property.Get());
@@ -341,8 +358,9 @@ void EditSession::ApplyValue(_CEditor* editor) {
     }
     if (cancel)
         return;
-    // The property may be gone by now. The handler, or an editor of the host, may have made the value fit.
-    if (!m_Grid.IsAlive() || node->Property() != property.Get())
+    // The property may be gone by now, or another record in it. The handler, or an editor of the host, may have made
+    // the value fit.
+    if (!m_Grid.IsAlive() || node->Property() != property.Get() || m_Moves != moves)
         return;
     // One that was started anew meanwhile shows the present value: what the user gave is not in it any more.
     if (m_EditNode == node && (!builtIn || (m_CurrentEditor.Get() == editor && m_Starts == start))) {

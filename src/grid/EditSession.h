@@ -53,6 +53,10 @@ public:
     // After the selected property changed: shows what it kept.
     void ReloadEditor(CProperty& property);
     void CommitAndHide();
+    // Around a move to another record. The edit lands on the record that it was made on, or is given up; the editor
+    // stays, for a new edit of the value that its row has afterwards.
+    void CommitForMove();
+    void ShowMoved();
     // The editor shows the stored value again; hidden by then, it commits nothing on the way.
     void CancelAndHide();
 
@@ -101,6 +105,7 @@ private:
     unsigned m_AskedPicks = 0;              // of the editor at that time
     bool m_Collecting = false;
     unsigned m_Starts = 0;
+    unsigned m_Moves = 0; // to other records
     ComPtr<CEditorListener> m_editListener;
 };
 

@@ -26,7 +26,8 @@ std::vector<HWND> FocusOrder::Stops(bool shown) const {
         {panes.m_picHeaderContainer.hWnd(), state.headers != omHeadersNone},
         {panes.TreeWnd(), true},
         {editor, editor != nullptr},
-        {m_Grid.m_RecordToolbar.m_txtRecordNo.hWnd(), panes.RecordToolbarShown()},
+        {m_Grid.m_RecordToolbar.m_txtRecordNo.hWnd(),
+         panes.RecordToolbarShown() && m_Grid.m_RecordToolbar.m_txtRecordNo.IsVisible()},
         {panes.m_picDescPane.hWnd(), state.showDescription},
     };
     std::vector<HWND> stops;

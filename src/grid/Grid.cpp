@@ -19,7 +19,7 @@ constexpr std::int64_t kErrorBase = static_cast<std::int32_t>(0x80040000);
 
 Grid::Grid(GridHost& host)
     : m_Host(host), m_Events(host.Sinks()), m_CProperties(MakeObject<CProperties>()), m_Properties(*this),
-      m_ModelView(*this), m_ObjectLoader(*this), m_PaneEvents(*this), m_Panes(*this), m_RowLook(*this),
+      m_ModelView(*this), m_ObjectLoader(*this), m_Records(*this), m_PaneEvents(*this), m_Panes(*this), m_RowLook(*this),
       m_RowPainter(*this), m_ChromeMetrics(*this), m_ChromePainter(*this), m_RecordToolbar(*this), m_Input(*this),
       m_ListInput(*this), m_ColorInput(*this), m_FieldInput(*this), m_FocusOrder(*this), m_Selection(*this),
       m_Session(*this) {
@@ -50,6 +50,7 @@ void Grid::Release() {
     if (!properties)
         return;
     m_PaneEvents.End();
+    m_Records.Release();
     m_Session.Drop();
     m_State.picture = nullptr;
     m_Alive = false; // from here on no room touches a window
@@ -67,6 +68,7 @@ void Grid::Release() {
 void Grid::LetObjectsGo() {
     m_ObjectLoader.Stop();
     m_Session.LetObjectsGo();
+    m_Records.Detach();
     if (const ComPtr<CProperties> properties = m_CProperties)
         properties->LetObjectsGo();
 }

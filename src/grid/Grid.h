@@ -16,6 +16,7 @@
 #include "grid/ObjectLoader.h"
 #include "grid/PaneEvents.h"
 #include "grid/Panes.h"
+#include "grid/RecordBinding.h"
 #include "grid/RecordToolbar.h"
 #include "grid/RowLook.h"
 #include "grid/RowPainter.h"
@@ -91,6 +92,7 @@ public:
     GridProperties m_Properties;
     ModelView m_ModelView;
     ObjectLoader m_ObjectLoader;
+    RecordBinding m_Records;
     PaneEvents m_PaneEvents;
     Panes m_Panes;
     RowLook m_RowLook;

@@ -186,6 +186,11 @@ Ref<CNode> Input::PageFrom(const CNode& node, int direction) const {
 bool Input::HandleNavigation(int keyCode, int shift, const Ref<CNode>& selected, Ref<CNode>& target) {
     CNode& node = *selected;
     const bool parent = node.ChildCount() > 0;
+    RecordBinding& records = m_Grid.m_Records;
+    if (shift & kCtrlKey && (keyCode == VK_LEFT || keyCode == VK_RIGHT) && records.IsLoaded()) {
+        IgnoringFailures([&] { keyCode == VK_LEFT ? records.MovePrevious() : records.MoveNext(); });
+        return true;
+    }
     switch (keyCode) {
     case VK_PRIOR:
     case VK_NEXT:

@@ -4,6 +4,7 @@
 #include "tree/CategoryPath.h"
 #include "tree/CategoryWalk.h"
 #include "tree/HostSort.h"
+#include "win/Meanwhile.h"
 
 #include <algorithm>
 #include <exception>
@@ -33,6 +34,18 @@ void ModelView::RefreshView() {
         return;
     }
     m_Grid.m_Panes.UpdateScrollBar();
+    m_Grid.m_Panes.RepaintRows();
+}
+
+void ModelView::Fill(const std::function<void()>& body) {
+    {
+        const Meanwhile locked(m_Grid.m_State.lockRefresh, true); // what the host had set comes back
+        body();
+    }
+    if (!m_Grid.IsAlive())
+        return;
+    m_Grid.m_Panes.RecalcLayout();
+    m_Grid.m_Panes.m_picDescPane.Invalidate(true); // a new row may be selected by now
     m_Grid.m_Panes.RepaintRows();
 }
 
@@ -258,6 +271,7 @@ bool ModelView::IsSelectedWithin(const CProperty& property) const {
 }
 
 void ModelView::ValueChanged(CProperty& property) {
+    m_Grid.m_Records.WriteThrough(property);
     if (m_Grid.m_Selection.SelectedProperty() == &property)
         Trapped([&] { m_Grid.m_Session.ReloadEditor(property); });
     Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });

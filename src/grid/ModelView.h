@@ -3,6 +3,8 @@
 #include "model/PropertyOwner.h"
 #include "tree/CNodes.h"
 
+#include <functional>
+
 namespace ormisk {
 
 class Grid;
@@ -16,6 +18,8 @@ public:
 
     // Rows came, went or moved. Scroll range and rows anew, unless refresh is locked; an open editor follows its row.
     void RefreshView();
+    // Runs a body that adds many rows: they are filed only, and the view follows at the end.
+    void Fill(const std::function<void()>& body);
     // Sorts the tree on screen in the present order; with CustomSort the host is asked about each pair. Nothing while
     // the host is being asked for another sort. Raises what a handler raises; the rows that are exchanged by then stay
     // so.

@@ -15,19 +15,12 @@ bool ObjectLoader::LoadObjectProperties(IDispatch* object, bool clear, bool auto
     if (m_Loads == kMostLoads)
         return false;
     bool done = false;
-    {
+    m_Grid.m_ModelView.Fill([&] {
         const Meanwhile loads(m_Loads, m_Loads + 1);
-        const Meanwhile locked(m_Grid.m_State.lockRefresh, true); // what the host had set comes back
         m_Stopped = m_Stopped && m_Loads > 1;
         done = ObjectWalk(*this, m_Types)
                    .InspectObject(nullptr, object, clear, autoUpdate, m_Grid.m_State.inspectionDepth);
-    }
-    // Once, with the rows unlocked again.
-    if (m_Grid.IsAlive()) {
-        m_Grid.m_Panes.RecalcLayout();
-        m_Grid.m_Panes.m_picDescPane.Invalidate(true); // a new row may be selected by now
-        m_Grid.m_Panes.RepaintRows();
-    }
+    });
     return done;
 }
 
@@ -35,6 +28,7 @@ bool ObjectLoader::IsOpen() const { return !m_Stopped && m_Grid.IsAlive() && m_G
 
 void ObjectLoader::Clear() {
     m_Grid.m_Session.CancelAndHide();
+    m_Grid.m_Records.Detach();
     if (const ComPtr<CProperties> properties = m_Grid.m_CProperties)
         properties->RemoveAll();
 }

@@ -141,15 +141,17 @@ STDMETHODIMP OrmiskGrid::LoadObjectProperties(IDispatch* object, VARIANT_BOOL cl
     });
 }
 
-STDMETHODIMP OrmiskGrid::LoadRecordset(IDispatch*, VARIANT_BOOL, VARIANT_BOOL*) {
-    return Run([]() { Raise(E_NOTIMPL, L"This version does not read recordsets."); });
+// Hosts know no other answer than False.
+STDMETHODIMP OrmiskGrid::LoadRecordset(IDispatch* recordset, VARIANT_BOOL autoUpdate, VARIANT_BOOL* result) {
+    return Run([&] {
+        if (result)
+            *result = VARIANT_FALSE;
+        m_Grid.m_Records.LoadRecordset(recordset, autoUpdate != VARIANT_FALSE);
+    });
 }
 
 STDMETHODIMP OrmiskGrid::get_Recordset(IDispatch** value) {
-    return Run([&] {
-        CheckPointer(value);
-        *value = nullptr;
-    });
+    return Run([&] { Give(value, ComPtr<IDispatch>(m_Grid.m_Records.Source().Object())); });
 }
 
 STDMETHODIMP OrmiskGrid::get_Picture(IPictureDisp** value) {

@@ -20,6 +20,13 @@ constexpr PaneEntry ToolbarPane(PaneId id, omHitItem hitItem) {
             .paint = [](Grid& grid, const Pane& pane, HDC dc, const Rect&) { grid.m_RecordToolbar.Paint(pane, dc); }};
 }
 
+// Of a quick hand each press counts, also the second of a double click.
+template <RecordButton button> constexpr PaneEntry ToolbarButton(PaneId id, omHitItem hitItem) {
+    PaneEntry entry = ToolbarPane(id, hitItem);
+    entry.clicked = entry.doubleClicked = [](Grid& grid) { grid.m_RecordToolbar.Click(button); };
+    return entry;
+}
+
 } // namespace
 
 constexpr std::array<PaneEntry, kPaneCount> kPaneTable = {{
@@ -51,11 +58,11 @@ constexpr std::array<PaneEntry, kPaneCount> kPaneTable = {{
      .keyDown = [](Grid& grid, int key, int) { grid.m_Input.TabKeyDown(key); },
      .focused = [](Grid& grid, bool) { grid.m_Panes.m_picTabContainer.Invalidate(true); }},
     {.id = PaneId::RSToolbar, .parent = PaneId::TabContainer, .options = {.visible = false}, .hitItem = omRSToolbar},
-    ToolbarPane(PaneId::ShowFirst, omRSToolbarFirstButton),
-    ToolbarPane(PaneId::ShowPrevious, omRSToolbarPreviousButton),
+    ToolbarButton<RecordButton::First>(PaneId::ShowFirst, omRSToolbarFirstButton),
+    ToolbarButton<RecordButton::Previous>(PaneId::ShowPrevious, omRSToolbarPreviousButton),
     ToolbarPane(PaneId::TotalRecords, omRSToolbarInfo),
-    ToolbarPane(PaneId::ShowNext, omRSToolbarNextButton),
-    ToolbarPane(PaneId::ShowLast, omRSToolbarLastButton),
+    ToolbarButton<RecordButton::Next>(PaneId::ShowNext, omRSToolbarNextButton),
+    ToolbarButton<RecordButton::Last>(PaneId::ShowLast, omRSToolbarLastButton),
     {.id = PaneId::TreeContainer,
      .parent = PaneId::TabContainer,
      .options = {.takesFocus = true, .erases = false},

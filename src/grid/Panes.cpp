@@ -97,8 +97,10 @@ void Panes::ControlResized() {
     RecalcLayout();
 }
 
-// Without recordsets, "automatic" is never.
-bool Panes::RecordToolbarShown() const { return m_Grid.m_State.recordsetToolbar == omShow; }
+bool Panes::RecordToolbarShown() const {
+    const long toolbar = m_Grid.m_State.recordsetToolbar;
+    return toolbar == omShow || (toolbar == omAutomatic && m_Grid.m_Records.IsLoaded());
+}
 
 long Panes::HeaderPixels() const { return m_Grid.m_State.headers != omHeadersNone ? m_HeaderHeight : 0; }
 
@@ -174,7 +176,7 @@ void Panes::ApplyEnabled() {
     EnableWindow(control, enabled);
     RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     m_TextEditor.SetEnabled(enabled);
-    m_Grid.m_RecordToolbar.m_txtRecordNo.SetEnabled(enabled);
+    m_Grid.m_RecordToolbar.ApplyEnabled();
     m_ListEditor.SetEnabled(enabled);
     m_ColorEditor.SetEnabled(enabled);
     m_Grid.m_Session.m_Editors.SetEnabled(enabled);

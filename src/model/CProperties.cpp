@@ -123,6 +123,11 @@ CProperty* CProperties::At(long position) const {
 
 CProperty* CProperties::ItemByInternalKey(const std::wstring& key) const { return m_Items.Find(FoldedKey(key)); }
 
+CProperty* CProperties::ItemByKey(std::wstring_view key) const {
+    const std::wstring text(TrimBlanks(key));
+    return text.empty() ? nullptr : m_Keys.Find(FoldedKey(text));
+}
+
 CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
     if (CountOf() == 0)
         return nullptr;

@@ -38,6 +38,7 @@ public:
     long CountOf() const { return m_Items.Count(); }
     CProperty* At(long position) const;                          // raises
     CProperty* ItemByInternalKey(const std::wstring& key) const; // null when there is none
+    CProperty* ItemByKey(std::wstring_view key) const;           // given by the host; null when there is none
     CProperty* FindItem(const VARIANT& indexOrKey) const;        // null in an empty collection; raises
     void RemoveByInternalKey(const std::wstring& key);           // raises
     // The halves of a removal, for the owner that removes child rows in between: the property leaves the collection,

@@ -35,6 +35,7 @@ public:
     bool CustomDraw() const { return m_CustomDraw; }
     bool ByteExpanded() const { return m_Unicode; }
     bool AutoUpdateSource() const { return m_AutoUpdateSource; }
+    void SetAutoUpdateSource(bool update) { m_AutoUpdateSource = update; }
     omAppearance Appearance() const { return m_Appearance; }
     OLE_COLOR RawBackColor() const { return m_BackColor; } // 0xFFFFFFFF follows the owner
     OLE_COLOR RawForeColor() const { return m_ForeColor; }

@@ -67,15 +67,31 @@ TEST(ChromeLayout, HeadersAndHelpKeepClearOfTheirEdges) {
 }
 
 TEST(ChromeLayout, PartsOfTheToolbarStandSideBySide) {
-    const ToolbarPlaces places = LayoutToolbar({13, 15}, {300, 200}, true);
+    const ToolbarPlaces places = LayoutToolbar({13, 15}, 72, {300, 200}, true);
     EXPECT_EQ(places.strip, (Rect{4, 171, 296, 196}));
-    EXPECT_EQ(LayoutToolbar({13, 15}, {300, 200}, false).strip, (Rect{0, 175, 300, 200}));
+    EXPECT_EQ(LayoutToolbar({13, 15}, 72, {300, 200}, false).strip, (Rect{0, 175, 300, 200}));
     long x = 4;
     const long widths[] = {17, 17, 48, 72, 17, 17};
     for (std::size_t i = 0; i < places.parts.size(); ++i) {
         EXPECT_EQ(places.parts[i], (Rect{x, 4, x + widths[i], 21})) << i;
         x += widths[i];
     }
+}
+
+TEST(ChromeLayout, AToolbarThatIsTooNarrowKeepsTheStepsLongest) {
+    const auto shown = [](long width, long total) {
+        std::string parts;
+        for (const Rect& part : LayoutToolbar({13, 15}, total, {width, 200}, false).parts)
+            parts += part.Width() > 0 ? 'x' : '-';
+        return parts;
+    };
+    EXPECT_EQ(shown(196, 72), "xxxxxx");
+    EXPECT_EQ(shown(195, 72), "xxx-xx");
+    EXPECT_EQ(shown(124, 0), "xxx-xx"); // a total that is not known
+    EXPECT_EQ(shown(123, 72), "xx--xx");
+    EXPECT_EQ(shown(75, 72), "-x--xx");
+    EXPECT_EQ(shown(58, 72), "-x--x-");
+    EXPECT_EQ(shown(0, 72), "-x--x-");
 }
 
 TEST(ChromeLayout, ArrowsAreMirroredAndInTheMiddle) {
