@@ -2,6 +2,8 @@
 
 #include "InDialog.h"
 
+#include <tuple>
+
 namespace ormisk::test {
 
 ComPtr<RecordsetDouble> People() {
@@ -43,14 +45,21 @@ RecordBar::RecordBar(const GridContainer& host) {
     for (HWND child = GetWindow(host.TabStrip(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         if (child != host.Tree())
             strip = child;
-    std::map<long, HWND> byLeft;
+    // From left to right; a hidden total has no width.
+    std::set<std::tuple<long, long, HWND>> parts;
     for (HWND child = GetWindow(strip, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        byLeft[PlaceInParent(child).left] = child;
-    EXPECT_EQ(byLeft.size(), 6U) << "not laid out";
-    auto each = byLeft.begin();
+        parts.emplace(PlaceInParent(child).left, PlaceInParent(child).right, child);
+    EXPECT_EQ(parts.size(), 6U);
+    auto each = parts.begin();
     for (HWND* part : {&first, &previous, &number, &total, &next, &last})
-        if (each != byLeft.end())
-            *part = (each++)->second;
+        if (each != parts.end())
+            *part = std::get<HWND>(*each++);
+}
+
+// No right click beside it: that would open the menu of the number.
+void RecordBar::Click(GridContainer& host, HWND part) {
+    host.RealDrag(part, {5, 5}, {5, 5});
+    host.Pump();
 }
 
 bool RecordBar::IsShown() const { return GetWindowLongPtrW(strip, GWL_STYLE) & WS_VISIBLE; }
@@ -76,7 +85,7 @@ void RecordsetTest::WarmUp() {
             LoadRecords(host, People().Get());
             const RecordBar bar(host);
             for (const HWND part : {bar.next, bar.number, bar.total, bar.strip})
-                host.RealClick(part, 3, 3);
+                bar.Click(host, part);
             Edit(host, L"Age", L"31");
             host.Paint();
         }
