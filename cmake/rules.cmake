@@ -24,4 +24,8 @@ set(RULE_SOURCES
   tree/RowCounts.cpp
   ../host/KeySequence.cpp
   ../host/Options.cpp
+  ../records/FieldTypes.cpp
+  ../records/RecordPosition.cpp
+  ../records/SqlText.cpp
+  ../records/SqlTokens.cpp
 )

@@ -7,8 +7,10 @@ LOGS=$ROOT/build/logs
 mkdir -p "$LOGS"
 
 BUILD_PACKAGES=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev googletest)
-WINE_PACKAGES=(wine wine64 fonts-wine xvfb)
+# Drivers of databases are those of the system, also for programs under Wine.
+WINE_PACKAGES=(wine wine64 libodbc2 libsqliteodbc fonts-wine xvfb)
 TEST_PACKAGES=(g++-mingw-w64-i686-posix clang-format-19 clang-tidy-19)
+WINE32_PACKAGES=(libodbc2:i386 libsqliteodbc:i386) # where 32-bit Wine is
 
 Say() { printf '%s\n' "$*" >&2; }
 

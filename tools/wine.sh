@@ -63,4 +63,6 @@ EndWine() {
 trap EndWine EXIT
 trap 'exit 130' INT TERM
 
+# Makes the classes known to programs in the prefix.
+RegisterRecords() { Logged register-records wine regsvr32 /s "$(WindowsPath $X64/OrmiskRecords.dll)"; }
 RegisterControl() { Logged register wine regsvr32 /s "$(WindowsPath $X64/OrmiskGrid.ocx)"; }

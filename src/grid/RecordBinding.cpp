@@ -42,7 +42,8 @@ void RecordBinding::LoadRecordset(IDispatch* object, bool autoUpdate) {
         return;
     // The former recordset may do anything when it is let go.
     const Recordset former = std::exchange(m_Recordset, given);
-    m_Connection = RecordsetConnection(m_Recordset, *this);
+    m_Connection = nullptr;
+    m_Connection = std::make_unique<RecordsetConnection>(m_Recordset, static_cast<RecordsetListener&>(*this));
     if (!IsLoad(load))
         return;
     ShowToolbarIfAutomatic();
@@ -64,7 +65,7 @@ void RecordBinding::Detach() {
 void RecordBinding::Release() {
     ++m_Loads;
     const Recordset former = std::exchange(m_Recordset, {});
-    m_Connection = {};
+    m_Connection = nullptr;
 }
 
 void RecordBinding::ShowToolbarIfAutomatic() {
@@ -119,11 +120,9 @@ CProperty* RecordBinding::RowOf(const std::wstring& fieldName) const {
 void RecordBinding::ShowField(CProperty& row, const RecordField& field) {
     const ComPtr<CProperty> held(&row);
     const _variant_t value = field.Value();
-    if (IsNull(value) && IsNull(row.Value()))
-        return; // every Null is news to a row
     const bool updates = row.AutoUpdateSource();
     row.SetAutoUpdateSource(false);
-    IgnoringFailures([&] { row.LetValue(value); });
+    IgnoringFailures([&] { row.MirrorValue(value); });
     row.SetAutoUpdateSource(updates);
 }
 

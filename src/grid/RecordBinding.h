@@ -57,7 +57,7 @@ private:
 
     Grid& m_Grid;
     Recordset m_Recordset;
-    RecordsetConnection m_Connection;
+    std::unique_ptr<RecordsetConnection> m_Connection;
     // Loads and moves so far: a handler may have begun another one.
     unsigned m_Loads = 0;
     unsigned m_Moves = 0;

@@ -11,7 +11,7 @@ namespace ormisk {
 namespace {
 
 constexpr wchar_t kToolbarFont[] = L"RSToolbarFont";
-constexpr UINT kTotalFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
+constexpr UINT kTotalFormat = DT_SINGLELINE | DT_NOPREFIX; // on a line with the number
 using enum RecordButton;
 
 std::wstring WindowText(HWND window) {

@@ -188,40 +188,21 @@ private:
     RecordsetListener* m_Listener;
 };
 
-RecordsetConnection::RecordsetConnection() = default;
-
-RecordsetConnection::~RecordsetConnection() { Cut(); }
-
-RecordsetConnection::RecordsetConnection(const Recordset& recordset, RecordsetListener& listener) {
+RecordsetConnection::RecordsetConnection(const Recordset& recordset, RecordsetListener& listener)
+    : m_Sink(Adopt(new Sink(listener))) {
     const ComPtr<IConnectionPointContainer> container = Query<IConnectionPointContainer>(recordset.Object());
-    for (const GUID& events : kEvents) {
-        if (!container || FAILED(container->FindConnectionPoint(events, m_Point.ReleaseAndGetAddressOf())) || !m_Point)
-            continue;
-        m_Sink = Adopt(new Sink(listener));
-        if (SUCCEEDED(m_Point->Advise(m_Sink.Get(), &m_Cookie)))
+    for (const GUID& events : kEvents)
+        if (container && SUCCEEDED(container->FindConnectionPoint(events, m_Point.ReleaseAndGetAddressOf())) &&
+            m_Point && SUCCEEDED(m_Point->Advise(m_Sink.Get(), &m_Cookie)))
             return;
-        Cut();
-    }
-}
-
-RecordsetConnection& RecordsetConnection::operator=(RecordsetConnection&& other) noexcept {
-    if (this != &other) {
-        Cut();
-        m_Sink = std::move(other.m_Sink);
-        m_Point = std::move(other.m_Point);
-        m_Cookie = std::exchange(other.m_Cookie, 0);
-    }
-    return *this;
+    m_Point = nullptr;
 }
 
 // A recordset that keeps the sink all the same finds nobody behind it.
-void RecordsetConnection::Cut() noexcept {
-    const ComPtr<Sink> sink = std::move(m_Sink);
-    const ComPtr<IConnectionPoint> point = std::move(m_Point);
-    if (sink)
-        sink->Cut();
-    if (point && m_Cookie != 0)
-        point->Unadvise(std::exchange(m_Cookie, 0));
+RecordsetConnection::~RecordsetConnection() {
+    m_Sink->Cut();
+    if (m_Point)
+        m_Point->Unadvise(m_Cookie);
 }
 
 } // namespace ormisk

@@ -97,15 +97,13 @@ protected:
 // Connects a listener to the events of a recordset, if it has any, for its own life.
 class RecordsetConnection {
 public:
-    RecordsetConnection();
     RecordsetConnection(const Recordset& recordset, RecordsetListener& listener);
     RecordsetConnection(const RecordsetConnection&) = delete;
-    RecordsetConnection& operator=(RecordsetConnection&& other) noexcept;
+    RecordsetConnection& operator=(const RecordsetConnection&) = delete;
     ~RecordsetConnection();
 
 private:
     class Sink;
-    void Cut() noexcept;
 
     ComPtr<Sink> m_Sink;
     ComPtr<IConnectionPoint> m_Point;
