@@ -37,17 +37,22 @@ void Need(HRESULT result, const char* what) {
     std::exit(1);
 }
 
+ComPtr<IClassFactory> ClassIn(const wchar_t* server, REFCLSID id) {
+    const auto classObject = Entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>(Loaded(OwnFolder() + server, "a server"),
+                                                                               "DllGetClassObject");
+    ComPtr<IClassFactory> factory;
+    Need(classObject(id, IID_PPV_ARGS(&factory)), "a class");
+    return factory;
+}
+
 GridWindow::GridWindow() {
     m_Atl = Loaded(L"atl.dll", "the container");
-    m_Server = Loaded(OwnFolder() + L"OrmiskGrid.ocx", "OrmiskGrid.ocx");
     Entry<BOOL(WINAPI*)()>(m_Atl, "AtlAxWinInit")();
     m_Window = CreateWindowExW(0, L"AtlAxWin", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, kWidth, kHeight, nullptr,
                                nullptr, GetModuleHandleW(nullptr), nullptr);
     Need(m_Window ? S_OK : E_FAIL, "the window");
 
-    ComPtr<IClassFactory> factory;
-    const auto classObject = Entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>(m_Server, "DllGetClassObject");
-    Need(classObject(CLSID_OrmiskGrid, IID_PPV_ARGS(&factory)), "the class of the control");
+    const ComPtr<IClassFactory> factory = ClassIn(L"OrmiskGrid.ocx", CLSID_OrmiskGrid);
     Need(factory->CreateInstance(nullptr, IID_PPV_ARGS(&m_Grid)), "the control");
     ComPtr<IPersistStreamInit> state;
     Need(m_Grid.As(&state), "the state of the control");
@@ -63,7 +68,6 @@ GridWindow::~GridWindow() {
     m_Container.Reset();
     DestroyWindow(m_Window);
     m_Grid.Reset();
-    FreeLibrary(m_Server);
     FreeLibrary(m_Atl);
 }
 

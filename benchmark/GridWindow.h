@@ -14,6 +14,9 @@ using Microsoft::WRL::ComPtr;
 // Ends the program with this text when a call has failed.
 void Need(HRESULT result, const char* what);
 
+// A class of a server in the folder of this program. The server stays loaded.
+ComPtr<IClassFactory> ClassIn(const wchar_t* server, REFCLSID id);
+
 // A visible window that the rows of a grid fill: categorized, without tabs, headers and description. The system's own
 // container sites the control.
 class GridWindow {
@@ -42,7 +45,6 @@ private:
     void Arrange();
 
     HMODULE m_Atl = nullptr;
-    HMODULE m_Server = nullptr;
     HWND m_Window = nullptr;
     HWND m_Tree = nullptr;
     ComPtr<IUnknown> m_Container;

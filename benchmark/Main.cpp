@@ -6,6 +6,7 @@
 #include "GridWindow.h"
 #include "Inspection.h"
 #include "Palette.h"
+#include "Records.h"
 #include "Rows.h"
 #include "Sorting.h"
 #include "Stopwatch.h"
@@ -199,6 +200,7 @@ void RunAll() {
         MeasureInspection(window);
         MeasureEditors(window);
         MeasurePalette(window);
+        MeasureRecords(window);
         for (const int count : kSizes)
             Cases(window, count).Run();
     }

@@ -68,6 +68,26 @@ std::wstring Connection::Information(SQLUSMALLINT item) const {
     return text.data();
 }
 
+namespace {
+
+SQLRETURN SetAutoCommit(const Connection& connection, std::intptr_t mode) {
+    return SQLSetConnectAttrW(connection.Get(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(mode),
+                              SQL_IS_UINTEGER);
+}
+
+} // namespace
+
+Transaction::Transaction(const Connection& connection) : m_Connection(connection) {
+    connection.Check(SetAutoCommit(connection, SQL_AUTOCOMMIT_OFF));
+}
+
+Transaction::~Transaction() {
+    SQLEndTran(SQL_HANDLE_DBC, m_Connection.Get(), SQL_ROLLBACK);
+    SetAutoCommit(m_Connection, SQL_AUTOCOMMIT_ON);
+}
+
+void Transaction::Commit() const { m_Connection.Check(SQLEndTran(SQL_HANDLE_DBC, m_Connection.Get(), SQL_COMMIT)); }
+
 Statement::Statement(const Connection& connection) : m_Handle(SQL_HANDLE_DBC, connection.Get()) {}
 
 Statement::Statement(const Connection& connection, const std::wstring& text) : Statement(connection) {

@@ -47,11 +47,25 @@ public:
     Connection& operator=(const Connection&) = delete;
     ~Connection();
     SQLHANDLE Get() const { return m_Handle.Get(); }
+    void Check(SQLRETURN result) const { m_Handle.Check(result); }
     std::wstring Information(SQLUSMALLINT item) const;
 
 private:
     Environment m_Environment;
     OdbcHandle<SQL_HANDLE_DBC> m_Handle;
+};
+
+// The commands of a connection from here on, which count together or not at all.
+class Transaction {
+public:
+    explicit Transaction(const Connection& connection);
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    ~Transaction(); // undoes what was not committed
+    void Commit() const;
+
+private:
+    const Connection& m_Connection;
 };
 
 struct Column {

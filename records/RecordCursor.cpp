@@ -75,7 +75,7 @@ void RecordCursor::Open(const Source& source) {
         m_Table = std::move(table);
         m_Position = position;
         m_Row = std::move(row);
-        m_Writes = source.writes;
+        m_Lock = source.lock;
         m_ForwardOnly = source.forwardOnly;
     });
 }
@@ -89,6 +89,7 @@ void RecordCursor::Close() {
 
 void RecordCursor::Drop() {
     ForgetEdit();
+    m_Batch.clear();
     m_Row.reset();
     m_Table.reset();
 }
@@ -109,6 +110,13 @@ void RecordCursor::NeedNothingPending() const {
 
 void RecordCursor::NeedWriting() const {
     if (!Writes())
+        Raise(Failure::FeatureNotAvailable);
+}
+
+// Of a batch, only changes of records are kept.
+void RecordCursor::NeedRowWriting() const {
+    NeedWriting();
+    if (IsBatch())
         Raise(Failure::FeatureNotAvailable);
 }
 
@@ -176,6 +184,9 @@ _variant_t RecordCursor::Value(std::size_t column) const {
     const auto changed = m_Changes.find(column);
     if (changed != m_Changes.end())
         return changed->second;
+    if (const auto batch = m_Batch.find(Current()); batch != m_Batch.end())
+        if (const auto kept = batch->second.find(column); kept != batch->second.end())
+            return kept->second;
     return m_Adding ? NullValue() : (*m_Row)[column];
 }
 
@@ -220,7 +231,7 @@ void RecordCursor::ForgetEdit() {
 }
 
 void RecordCursor::AddNew() {
-    NeedWriting();
+    NeedRowWriting();
     Update();
     ChangeRecord(adRsnAddNew, [&] {
         NeedNothingPending();
@@ -237,6 +248,11 @@ void RecordCursor::Update() {
 void RecordCursor::Write() {
     if (!IsPending())
         return; // a handler has done it
+    if (IsBatch()) {
+        m_Changes.merge(m_Batch[Current()]); // keeps the later ones
+        m_Batch[Current()] = std::move(m_Changes);
+        return ForgetEdit();
+    }
     if (m_Adding) {
         m_Table->Insert(m_Changes);
         m_Position.Append();
@@ -253,8 +269,26 @@ void RecordCursor::CancelUpdate() {
         ChangeRecord(m_Adding ? adRsnUndoAddNew : adRsnUndoUpdate, [&] { ForgetEdit(); });
 }
 
+void RecordCursor::UpdateBatch() {
+    Update();
+    if (m_Batch.empty())
+        return;
+    ChangeRecord(adRsnUpdate, [&] {
+        NeedNothingPending();
+        m_Table->Update(m_Batch);
+        m_Batch.clear();
+        m_Row = RowAt(m_Position);
+    });
+}
+
+void RecordCursor::CancelBatch() {
+    CancelUpdate();
+    if (!m_Batch.empty())
+        ChangeRecord(adRsnUndoUpdate, [&] { m_Batch.clear(); });
+}
+
 void RecordCursor::Delete() {
-    NeedWriting();
+    NeedRowWriting();
     NeedNothingPending();
     NeedRecord();
     ChangeRecord(adRsnDelete, [&] {
@@ -275,6 +309,7 @@ void RecordCursor::Requery() {
             Table();
             NeedNothingPending();
             m_Table->Load();
+            m_Batch.clear();
             m_Position.Reset(m_Table->Count());
             m_Row = RowAt(m_Position);
         });

@@ -18,7 +18,7 @@ public:
         std::wstring connection;
         std::wstring text;
         SourceKind kind = SourceKind::Guess;
-        bool writes = false;
+        LockTypeEnum lock = adLockReadOnly;
         bool forwardOnly = false;
     };
 
@@ -31,7 +31,9 @@ public:
     bool IsOpen() const { return m_Table != nullptr; }
     // These raise when it is closed.
     RecordTable& Table() const;
-    bool Writes() const { return Table().HasKey() && m_Writes; }
+    bool Writes() const { return Table().HasKey() && m_Lock != adLockReadOnly; }
+    // Whether updates are kept until they are all written at once.
+    bool IsBatch() const { return Writes() && m_Lock == adLockBatchOptimistic; }
     bool AtStart() const { return Table(), !m_Adding && m_Position.AtStart(); }
     bool AtEnd() const { return Table(), !m_Adding && m_Position.AtEnd(); }
     bool IsForwardOnly() const { return Table(), m_ForwardOnly; }
@@ -55,6 +57,8 @@ public:
     void AddNew();
     void Update();
     void CancelUpdate();
+    void UpdateBatch(); // all of it or nothing
+    void CancelBatch();
     void Delete();
     void Requery();
     void Resync();
@@ -63,6 +67,7 @@ private:
     bool IsPending() const { return m_Adding || !m_Changes.empty(); }
     void NeedNothingPending() const;
     void NeedWriting() const;
+    void NeedRowWriting() const;
     void NeedRecord() const;
     std::optional<Row> RowAt(const RecordPosition& position) const;
     void Write();
@@ -77,7 +82,8 @@ private:
     std::optional<Row> m_Row; // of the current record, unless somebody else deleted it
     Changes m_Changes;
     bool m_Adding = false;
-    bool m_Writes = false;
+    std::map<double, Changes> m_Batch; // by the number of the record
+    LockTypeEnum m_Lock = adLockReadOnly;
     bool m_ForwardOnly = false;
 };
 

@@ -138,10 +138,10 @@ STDMETHODIMP RecordFields::get_Count(LONG* count) {
 STDMETHODIMP RecordFields::_NewEnum(IUnknown** enumerator) {
     return Run([&] {
         Give(enumerator, [&] {
-            std::vector<ComPtr<RecordField>> fields(m_Recordset.Cursor().Table().Columns().size());
+            std::vector<_variant_t> fields(m_Recordset.Cursor().Table().Columns().size());
             for (std::size_t i = 0; i < fields.size(); ++i)
-                fields[i] = m_Recordset.FieldAt(i);
-            return EnumeratorOf(fields);
+                fields[i] = static_cast<IDispatch*>(m_Recordset.FieldAt(i).Get());
+            return MakeEnumerator(std::move(fields));
         });
     });
 }

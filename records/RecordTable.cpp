@@ -179,6 +179,19 @@ void RecordTable::Update(long place, const Changes& changes) {
     entry.values = std::move(key);
 }
 
+void RecordTable::Update(const std::map<double, Changes>& batch) {
+    const std::vector<Entry> before = m_Entries;
+    try {
+        Transaction transaction(m_Connection);
+        for (const auto& [id, changes] : batch)
+            Update(*PlaceOf(id), changes);
+        transaction.Commit();
+    } catch (...) {
+        m_Entries = before; // with the keys that the rows still have
+        throw;
+    }
+}
+
 void RecordTable::Insert(const Changes& changes) {
     Row key(m_Keys.size(), NullValue());
     TakeKeys(key, changes);

@@ -32,7 +32,8 @@ public:
     void Load();
     std::optional<Row> Read(long place); // nothing when somebody else deleted it
     void Update(long place, const Changes& changes);
-    void Insert(const Changes& changes); // becomes the last
+    void Update(const std::map<double, Changes>& batch); // by the numbers of the rows, all of it or nothing
+    void Insert(const Changes& changes);                 // becomes the last
     void Delete(long place);
 
 private:

@@ -112,7 +112,7 @@ STDMETHODIMP Recordset::Open(VARIANT source, VARIANT connection, CursorTypeEnum 
         const LockTypeEnum lock = lockType == adLockUnspecified ? m_LockType : lockType;
         const CursorTypeEnum type = cursorType == adOpenUnspecified ? m_CursorType : cursorType;
         const bool forwardOnly = type == adOpenForwardOnly && m_Location == adUseServer;
-        m_Cursor.Open({target, text, KindOf(options), lock != adLockReadOnly, forwardOnly});
+        m_Cursor.Open({target, text, KindOf(options), lock, forwardOnly});
         m_Source = text;
         m_Connection = target;
         m_LockType = lock;
@@ -258,6 +258,15 @@ STDMETHODIMP Recordset::CancelUpdate() {
     return Run([&] { m_Cursor.CancelUpdate(); });
 }
 
+// Whatever records are named: all that are kept.
+STDMETHODIMP Recordset::UpdateBatch(AffectEnum) {
+    return Run([&] { m_Cursor.UpdateBatch(); });
+}
+
+STDMETHODIMP Recordset::CancelBatch(AffectEnum) {
+    return Run([&] { m_Cursor.CancelBatch(); });
+}
+
 STDMETHODIMP Recordset::Delete(AffectEnum affected) {
     return Run([&] {
         if (affected != adAffectCurrent)
@@ -280,7 +289,9 @@ STDMETHODIMP Recordset::Supports(CursorOptionEnum options, VARIANT_BOOL* support
             long can = adHoldRecords | adResync | adNotify;
             if (!m_Cursor.IsForwardOnly())
                 can |= adMovePrevious | adBookmark | adApproxPosition;
-            if (m_Cursor.Writes())
+            if (m_Cursor.IsBatch())
+                can |= adUpdate | adUpdateBatch;
+            else if (m_Cursor.Writes())
                 can |= adAddNew | adDelete | adUpdate;
             return (options & ~can) == 0;
         });

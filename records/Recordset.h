@@ -70,6 +70,8 @@ public:
     STDMETHODIMP put_Collect(VARIANT index, VARIANT value) override;
     STDMETHODIMP Cancel() override { return S_OK; }
     STDMETHODIMP CompareBookmarks(VARIANT first, VARIANT second, CompareEnum* result) override;
+    STDMETHODIMP UpdateBatch(AffectEnum affected) override;
+    STDMETHODIMP CancelBatch(AffectEnum affected) override;
     STDMETHODIMP Resync(AffectEnum affected, ResyncEnum values) override;
 
 private:

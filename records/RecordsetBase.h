@@ -25,8 +25,6 @@ public:
     STDMETHODIMP get_Sort(BSTR*) override { return Unavailable(); }
     STDMETHODIMP put_Sort(BSTR) override { return Unavailable(); }
     STDMETHODIMP _xClone(::_Recordset**) override { return Unavailable(); }
-    STDMETHODIMP UpdateBatch(AffectEnum) override { return Unavailable(); }
-    STDMETHODIMP CancelBatch(AffectEnum) override { return Unavailable(); }
     STDMETHODIMP NextRecordset(VARIANT*, ::_Recordset**) override { return Unavailable(); }
     STDMETHODIMP get_MarshalOptions(MarshalOptionsEnum*) override { return Unavailable(); }
     STDMETHODIMP put_MarshalOptions(MarshalOptionsEnum) override { return Unavailable(); }

@@ -67,6 +67,8 @@ STDMETHODIMP Recordset::get_LockType(LockTypeEnum* type) {
         Give(type, [&] {
             if (!m_Cursor.IsOpen())
                 return m_LockType;
+            if (m_Cursor.IsBatch())
+                return adLockBatchOptimistic;
             return m_Cursor.Writes() ? adLockOptimistic : adLockReadOnly;
         });
     });

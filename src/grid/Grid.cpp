@@ -19,10 +19,10 @@ constexpr std::int64_t kErrorBase = static_cast<std::int32_t>(0x80040000);
 
 Grid::Grid(GridHost& host)
     : m_Host(host), m_Events(host.Sinks()), m_CProperties(MakeObject<CProperties>()), m_Properties(*this),
-      m_ModelView(*this), m_ObjectLoader(*this), m_Records(*this), m_PaneEvents(*this), m_Panes(*this), m_RowLook(*this),
-      m_RowPainter(*this), m_ChromeMetrics(*this), m_ChromePainter(*this), m_RecordToolbar(*this), m_Input(*this),
-      m_ListInput(*this), m_ColorInput(*this), m_FieldInput(*this), m_FocusOrder(*this), m_Selection(*this),
-      m_Session(*this) {
+      m_ModelView(*this), m_ObjectLoader(*this), m_Records(*this), m_PaneEvents(*this), m_Panes(*this),
+      m_RowLook(*this), m_RowPainter(*this), m_ChromeMetrics(*this), m_ChromePainter(*this), m_RecordToolbar(*this),
+      m_Input(*this), m_ListInput(*this), m_ColorInput(*this), m_FieldInput(*this), m_FocusOrder(*this),
+      m_Selection(*this), m_Session(*this) {
     INITCOMMONCONTROLSEX classes{};
     classes.dwSize = sizeof classes;
     classes.dwICC = kControlClasses;

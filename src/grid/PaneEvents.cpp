@@ -91,7 +91,7 @@ bool PaneEvents::OnRunTimeMessage(Pane& pane, UINT message, WPARAM wParam, LPARA
         return false;
     case WM_SYSCOLORCHANGE:
         panes.Refresh();
-        RedrawWindow(panes.m_picRSToolbar.hWnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        m_Grid.m_RecordToolbar.RefreshRecordToolbar();
         return false;
     case WM_CTLCOLORSTATIC:
         return ColorOfStatic(wParam, lParam, result);

@@ -4,10 +4,18 @@
 #include "platform/Rounding.h"
 #include "platform/TextOutput.h"
 #include "platform/WindowPicture.h"
+#include "win/Handles.h"
+#include "win/Meanwhile.h"
 
 #include <algorithm>
 
 namespace ormisk {
+
+namespace {
+
+Rect WithLineBelow(Rect row) { return {row.left, row.top, row.right, row.bottom + 1}; }
+
+} // namespace
 
 Panes::Panes(Grid& grid)
     : m_HeaderSplitter(&grid.m_PaneEvents), m_ContainerSplitter(&grid.m_PaneEvents), m_Grid(grid) {}
@@ -269,12 +277,34 @@ void Panes::RepaintRows() {
         m_picTreeContainer.Invalidate(true);
 }
 
-void Panes::InvalidateNodeRow(const CNode* node) {
-    auto rect = RowRectOf(node);
-    if (!rect)
+void Panes::InvalidateNodeRow(CNode* node) {
+    if (!node)
         return;
-    rect->bottom += 1;
-    m_picTreeContainer.Invalidate(*rect, true);
+    if (m_Together)
+        m_Together->emplace_back(node);
+    else if (const auto rect = RowRectOf(node))
+        m_picTreeContainer.Invalidate(WithLineBelow(*rect), true);
+}
+
+void Panes::InvalidateTogether(const std::function<void()>& body) {
+    std::vector<Ref<CNode>> nodes;
+    {
+        const Meanwhile<std::vector<Ref<CNode>>*> together(m_Together, &nodes);
+        body();
+    }
+    if (!m_Grid.IsAlive() || nodes.empty())
+        return;
+    const Unique<HRGN> rows(CreateRectRgn(0, 0, 0, 0));
+    const Unique<HRGN> row(CreateRectRgn(0, 0, 0, 0));
+    for (const Ref<CNode>& node : nodes) {
+        const auto rect = RowRectOf(node.Get());
+        if (!rect || !row)
+            continue;
+        const Rect place = WithLineBelow(*rect);
+        SetRectRgn(row.get(), place.left, place.top, place.right, place.bottom);
+        CombineRgn(rows.get(), rows.get(), row.get(), RGN_OR);
+    }
+    InvalidateRgn(TreeWnd(), rows.get(), TRUE);
 }
 
 void Panes::InvalidateRowsFrom(const CNode& node) {

@@ -65,7 +65,9 @@ public:
 
     // Repainting.
     void RepaintRows(); // unless refresh is locked
-    void InvalidateNodeRow(const CNode* node);
+    void InvalidateNodeRow(CNode* node);
+    // The rows that the body invalidates all at once at its end, wherever they are by then.
+    void InvalidateTogether(const std::function<void()>& body);
     void InvalidateRowsFrom(const CNode& node);
     void Refresh(); // everything, unless refresh is locked
 
@@ -111,6 +113,7 @@ private:
     Grid& m_Grid;
     long m_RowHeight = 18;
     long m_HeaderHeight = 19;
+    std::vector<Ref<CNode>>* m_Together = nullptr; // rows that are invalidated in the end
 };
 
 } // namespace ormisk

@@ -7,6 +7,7 @@
 #include "win/Meanwhile.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 
 namespace ormisk {
@@ -21,6 +22,19 @@ std::optional<RecordField> FindField(const Recordset& recordset, const std::wstr
     std::optional<RecordField> field;
     IgnoringFailures([&] { field = recordset.Fields().Find(name); });
     return field;
+}
+
+// A field that fails is passed over.
+void ForEachField(const Recordset& source, const std::function<bool()>& goesOn,
+                  const std::function<void(const RecordField&)>& body) {
+    std::optional<RecordFields> fields;
+    std::int32_t count = 0;
+    IgnoringFailures([&] {
+        fields = source.Fields();
+        count = fields->Count();
+    });
+    for (std::int32_t i = 0; i < count && goesOn(); ++i)
+        IgnoringFailures([&] { body(fields->At(i)); });
 }
 
 } // namespace
@@ -81,15 +95,9 @@ void RecordBinding::ShowToolbarIfAutomatic() {
 
 void RecordBinding::LoadRecordsetFields(bool autoUpdate, unsigned load) {
     m_Grid.m_ModelView.Fill([&] {
-        const Recordset source = m_Recordset;
-        std::optional<RecordFields> fields;
-        std::int32_t count = 0;
-        IgnoringFailures([&] {
-            fields = source.Fields();
-            count = fields->Count();
-        });
-        for (std::int32_t i = 0; i < count && IsLoad(load); ++i)
-            IgnoringFailures([&] { AddRow(fields->At(i), autoUpdate); });
+        ForEachField(
+            Recordset(m_Recordset), [&] { return IsLoad(load); },
+            [&](const RecordField& field) { AddRow(field, autoUpdate); });
     });
 }
 
@@ -136,23 +144,17 @@ void RecordBinding::ShowCurrentRecord() {
     if (!open)
         return;
     m_Grid.m_RecordToolbar.ShowPosition(source);
-    std::optional<RecordFields> fields;
-    std::int32_t count = 0;
-    IgnoringFailures([&] {
-        fields = source.Fields();
-        count = fields->Count();
-    });
-    std::vector<ComPtr<CProperty>> shown; // of fields that are called alike, the first one has the row
-    for (std::int32_t i = 0; i < count && IsLoad(load) && m_Moves == move; ++i) {
-        IgnoringFailures([&] {
-            const RecordField field = fields->At(i);
+    m_Grid.m_Panes.InvalidateTogether([&] {
+        std::vector<ComPtr<CProperty>> shown; // of fields that are called alike, the first one has the row
+        const auto goesOn = [&] { return IsLoad(load) && m_Moves == move; };
+        ForEachField(source, goesOn, [&](const RecordField& field) {
             const ComPtr<CProperty> row(RowOf(field.Name()));
-            if (!row || std::ranges::find(shown, row) != shown.end())
-                return;
-            shown.push_back(row);
-            ShowField(*row.Get(), field);
+            if (row && std::ranges::find(shown, row) == shown.end()) {
+                shown.push_back(row);
+                ShowField(*row.Get(), field);
+            }
         });
-    }
+    });
 }
 
 void RecordBinding::WriteThrough(CProperty& property) {

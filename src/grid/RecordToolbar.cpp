@@ -228,9 +228,11 @@ void RecordToolbar::ShowPosition(const Recordset& recordset) {
 
 void RecordToolbar::UpdateRecordsetToolbar(const Recordset& recordset) {
     Pane& label = m_Grid.m_Panes.m_lblTotalRecords;
-    m_Emptied = !recordset;
-    ApplyEnabled();
-    EnableWindow(label.hWnd(), !m_Emptied);
+    if (m_Emptied == static_cast<bool>(recordset)) {
+        m_Emptied = !recordset;
+        ApplyEnabled();
+        EnableWindow(label.hWnd(), !m_Emptied);
+    }
     if (m_Emptied) {
         Enable({First, Previous, Next, Last}, false);
         SetTotal({}, true);
@@ -298,10 +300,7 @@ void RecordToolbar::RecordsetChangeComplete(const Recordset& recordset) {
 }
 
 void RecordToolbar::RefreshRecordToolbar() {
-    Panes& panes = m_Grid.m_Panes;
-    for (Pane* pane : {&panes.m_picRSToolbar, &panes.m_picShowLast, &panes.m_picShowNext, &panes.m_picShowFirst,
-                       &panes.m_picShowPrevious})
-        pane->Refresh();
+    RedrawWindow(m_Grid.m_Panes.m_picRSToolbar.hWnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void RecordToolbar::Click(RecordButton button) {

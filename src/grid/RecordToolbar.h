@@ -47,6 +47,7 @@ public:
     // Draws one of its panes, into a cleared context with the origin of the pane. Other panes are left alone.
     void Paint(const Pane& pane, HDC dc);
 
+    void RefreshRecordToolbar(); // all of it is painted anew
     // The mouse on any pane of the control.
     void Mouse(const Pane& pane, const MouseEvent& event);
     void MouseUp() { Press(nullptr); }
@@ -83,7 +84,6 @@ private:
     void EnableFor(const Recordset& recordset, std::initializer_list<RecordButton> buttons);
     void EnableAt(const Recordset& recordset, std::int64_t position);
     void SetTotal(const std::wstring& caption, bool countKnown);
-    void RefreshRecordToolbar();
     void GoToNumber();
 
     Grid& m_Grid;

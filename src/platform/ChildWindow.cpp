@@ -54,6 +54,8 @@ void ChildWindow::SetFocus() {
 }
 
 void ChildWindow::SetEnabled(bool enabled) {
+    if (m_Enabled == enabled)
+        return;
     m_Enabled = enabled;
     Repaint();
 }

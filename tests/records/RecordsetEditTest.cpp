@@ -10,7 +10,8 @@ class RecordsetEditTest : public testing::Test {
 protected:
     RecordsetEditTest() {
         database.Do(L"create table things (id integer primary key, word varchar(20) not null unique, number integer, "
-                    L"size double, day date, moment timestamp, flag bit, data blob, story text, price decimal(10,2))");
+                    L"size double, day date, moment timestamp, flag bit, data blob, story text, price decimal(10,2), "
+                    L"clock time, ratio real)");
         database.Do(L"insert into things (id, word) values (1, 'one'), (2, 'two')");
         rs.Open(database, L"things");
     }
@@ -40,6 +41,13 @@ TEST_F(RecordsetEditTest, ValuesOfEachTypeComeBack) {
     const std::wstring story(50000, L'\u0416');
     EXPECT_TRUE(TextOf(RoundTrip(L"story", ToVariant(story))) == story);
     EXPECT_TRUE(BytesOf(RoundTrip(L"data", FromBytes(std::string("a\0b", 3)))) == std::string("a\0b", 3));
+    EXPECT_EQ(CompareValues(RoundTrip(L"clock", moment), _variant_t(0.5, VT_DATE)), Comparison::Equal);
+    EXPECT_EQ(static_cast<double>(RoundTrip(L"ratio", 1e300)), 1e300) << "also where the column tells of less";
+    _variant_t variable(31L);
+    _variant_t reference;
+    V_VT(&reference) = VT_BYREF | VT_VARIANT;
+    V_VARIANTREF(&reference) = &variable;
+    EXPECT_EQ(static_cast<long>(RoundTrip(L"number", reference)), 31);
     EXPECT_EQ(TextOf(RoundTrip(L"price", L"12.5")), L"12.5");
     EXPECT_TRUE(IsNull(RoundTrip(L"number", NullValue())));
     EXPECT_TRUE(IsNull(RoundTrip(L"day", NullValue())));
@@ -59,6 +67,8 @@ TEST_F(RecordsetEditTest, AnEditIsSeenUndoneAndWritten) {
     EXPECT_EQ(rs.Do(L"MoveNext"), S_OK) << "a move writes first";
     EXPECT_EQ(database.Ask(L"select number from things where id = 1"), L"6");
     EXPECT_EQ(rs.TrySetValue(L"number", L"many"), Number(Failure::DataConversion));
+    EXPECT_EQ(rs.TrySetValue(L"number", 1e300), Number(Failure::DataConversion));
+    EXPECT_EQ(rs.TrySetValue(L"number", FromBytes("ab")), Number(Failure::DataConversion));
     EXPECT_EQ(rs.Number(L"EditMode"), adEditNone);
     EXPECT_EQ(rs.Do(L"Close"), S_OK);
 }
@@ -99,6 +109,32 @@ TEST_F(RecordsetEditTest, ARecordIsAddedAndGivenUp) {
     EXPECT_EQ(database.Ask(L"select count(*) from things"), L"2");
     EXPECT_EQ(rs.Do(L"MovePrevious"), S_OK);
     EXPECT_EQ(rs.Text(L"word"), L"two");
+}
+
+TEST_F(RecordsetEditTest, ABatchIsWrittenAsAWholeOrNotAtAll) {
+    Script batch;
+    batch.Open(database, L"things", adLockBatchOptimistic);
+    EXPECT_EQ(batch.Number(L"LockType"), adLockBatchOptimistic);
+    VARIANT_BOOL can = VARIANT_FALSE;
+    EXPECT_EQ(batch->Supports(adUpdateBatch, &can), S_OK);
+    EXPECT_EQ(can, VARIANT_TRUE);
+    EXPECT_EQ(batch.Do(L"AddNew"), Number(Failure::FeatureNotAvailable));
+    batch.SetValue(L"number", 1L);
+    EXPECT_EQ(batch.Do(L"MoveNext"), S_OK);
+    batch.SetValue(L"word", L"one");
+    EXPECT_EQ(batch.Do(L"MoveFirst"), S_OK);
+    EXPECT_EQ(batch.Text(L"number"), L"1");
+    EXPECT_EQ(database.Ask(L"select number is null from things where id = 1"), L"1");
+    EXPECT_TRUE(FAILED(batch.Do(L"UpdateBatch"))) << "two of a word";
+    EXPECT_EQ(database.Ask(L"select number is null from things where id = 1"), L"1");
+    batch.SetValue(L"word", L"uno");
+    EXPECT_EQ(batch.Do(L"UpdateBatch"), S_OK);
+    EXPECT_EQ(database.Ask(L"select number || word from things where id = 1"), L"1uno");
+    EXPECT_EQ(database.Ask(L"select word from things where id = 2"), L"one");
+    batch.SetValue(L"number", 2L);
+    EXPECT_EQ(batch.Do(L"Update"), S_OK);
+    EXPECT_EQ(batch.Do(L"CancelBatch"), S_OK);
+    EXPECT_EQ(batch.Text(L"number"), L"1");
 }
 
 TEST_F(RecordsetEditTest, AFileThatCannotBeWrittenSaysSo) {

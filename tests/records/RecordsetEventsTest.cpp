@@ -1,5 +1,7 @@
 #include "Tools.h"
 
+#include <functional>
+
 using namespace ormisk;
 using namespace ormisk::records;
 using namespace ormisk::records::test;
@@ -13,6 +15,8 @@ class Sink final : public ormisk::Unknown<IDispatch> {
 public:
     explicit Sink(Words& events) : m_Events(events) {}
     DISPID cancels = 0;
+    DISPID acts = 0;
+    std::function<void()> act; // within that event
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
         const bool source = iid == __uuidof(::RecordsetEvents) || iid == kFormerEvents;
@@ -36,6 +40,8 @@ public:
         if (id == cancels)
             *V_I4REF(&given->rgvarg[1]) = adStatusCancel;
         m_Events.push_back(text);
+        if (id == acts)
+            act();
         return S_OK;
     }
 
@@ -117,6 +123,62 @@ TEST_P(RecordsetEventsTest, AHandlerCancels) {
     sink->cancels = 11;
     EXPECT_EQ(rs.Do(L"Delete"), Number(Failure::OperationCancelled));
     EXPECT_EQ(database.Ask(L"select count(*) from t"), L"2");
+}
+
+TEST_P(RecordsetEventsTest, AHandlerThatMovesDoesNotTurnAnOperationToAnotherRecord) {
+    sink->acts = 11;
+    sink->act = [&] {
+        sink->acts = 0;
+        rs.Do(L"MoveNext");
+    };
+    EXPECT_EQ(rs.Do(L"Delete"), Number(Failure::IllegalOperation));
+    EXPECT_EQ(database.Ask(L"select count(*) from t"), L"2");
+    rs.Do(L"MoveFirst");
+    sink->acts = 9;
+    sink->act = [&] {
+        sink->acts = 0;
+        rs.Do(L"MoveNext");
+    };
+    EXPECT_EQ(rs.TrySetValue(L"a", L"z"), Number(Failure::IllegalOperation));
+    EXPECT_EQ(rs.Text(L"a"), L"y");
+    EXPECT_EQ(rs.Number(L"EditMode"), adEditNone);
+}
+
+TEST_P(RecordsetEventsTest, AnEditMadeWithinAMoveIsOfTheRecordThatIsLeft) {
+    sink->acts = 15;
+    sink->act = [&] { rs.SetValue(L"a", L"left"); };
+    EXPECT_EQ(rs.Do(L"MoveNext"), S_OK);
+    EXPECT_EQ(rs.Text(L"a"), L"y");
+    EXPECT_EQ(database.Ask(L"select a from t where id = 1"), L"left");
+}
+
+TEST_P(RecordsetEventsTest, AHandlerClosesAtAnyTime) {
+    for (const DISPID event : {9, 10, 11, 12, 15, 16}) {
+        sink->acts = event;
+        sink->act = [&] {
+            rs.Do(L"CancelUpdate");
+            rs.Do(L"Close");
+        };
+        rs.TrySetValue(L"a", L"z");
+        if (rs.Number(L"State") == adStateOpen)
+            rs.Do(L"MoveNext");
+        EXPECT_EQ(rs.Number(L"State"), adStateClosed) << event;
+        EXPECT_EQ(ErrorOf([&] { rs.Number(L"RecordCount"); }).number, Number(Failure::ObjectClosed));
+        sink->acts = 0;
+        rs.Open(database, L"t");
+    }
+    sink->acts = 13; // within its own event, without an end
+    EXPECT_EQ(rs.Do(L"Close"), S_OK);
+    EXPECT_EQ(rs.Number(L"State"), adStateClosed);
+}
+
+TEST_P(RecordsetEventsTest, AHandlerLetsTheRecordsetGo) {
+    const ComPtr<IDispatch> field = rs.Field(L"a");
+    sink->acts = 9;
+    sink->act = [&] { rs = Script(); };
+    _variant_t value(L"z");
+    EXPECT_EQ(ErrorOf([&] { InvokeByName(field.Get(), L"Value", DISPATCH_PROPERTYPUT, &value); }).number, S_OK);
+    EXPECT_EQ(TextOf(InvokeByName(field.Get(), L"Value", DISPATCH_PROPERTYGET)), L"z") << "a field holds its recordset";
 }
 
 INSTANTIATE_TEST_SUITE_P(BothIdentifiers, RecordsetEventsTest, testing::Bool());

@@ -102,6 +102,61 @@ TEST_F(RecordsetTest, WithoutAKeyItCanOnlyBeRead) {
     EXPECT_EQ(rs.Number(L"RecordCount"), 2);
 }
 
+TEST_F(RecordsetTest, KeysThatAreNullFindNoRow) {
+    database.Do(L"create table codes (code varchar(5) primary key, a integer)");
+    database.Do(L"insert into codes values (null, 1), (null, 2), ('x', 3)");
+    rs.Open(database, L"codes");
+    EXPECT_EQ(rs.Number(L"LockType"), adLockReadOnly);
+    EXPECT_EQ(rs.Number(L"RecordCount"), 3);
+    rs.Do(L"MoveNext");
+    EXPECT_EQ(rs.Text(L"a"), L"2");
+}
+
+TEST_F(RecordsetTest, ForwardOnlyDoesNotGoBack) {
+    const _variant_t connection = ToVariant(database.Connect());
+    EXPECT_EQ(rs->Open(_variant_t(L"people"), connection, adOpenUnspecified, adLockOptimistic, -1), S_OK);
+    EXPECT_EQ(rs.Number(L"CursorType"), adOpenForwardOnly);
+    EXPECT_EQ(rs.Number(L"RecordCount"), -1);
+    EXPECT_EQ(rs.Number(L"AbsolutePosition"), -1);
+    EXPECT_EQ(rs.Do(L"MoveFirst"), S_OK) << "it stands there";
+    EXPECT_EQ(rs.Do(L"MoveNext"), S_OK);
+    for (const wchar_t* back : {L"MovePrevious", L"MoveFirst", L"MoveLast"})
+        EXPECT_EQ(rs.Do(back), Number(Failure::FeatureNotAvailable)) << back;
+    EXPECT_EQ(ErrorOf([&] { rs.Get(L"Bookmark"); }).number, Number(Failure::FeatureNotAvailable));
+    EXPECT_EQ(ErrorOf([&] { rs.Put(L"AbsolutePosition", 1L); }).number, Number(Failure::FeatureNotAvailable));
+    VARIANT_BOOL can = VARIANT_TRUE;
+    EXPECT_EQ(rs->Supports(adMovePrevious, &can), S_OK);
+    EXPECT_EQ(can, VARIANT_FALSE);
+    EXPECT_EQ(rs.Text(L"name"), L"Bob");
+    rs.SetValue(L"name", L"Ben");
+    EXPECT_EQ(rs.Do(L"MoveNext"), S_OK);
+    EXPECT_EQ(database.Ask(L"select name from people where id = 5"), L"Ben");
+}
+
+TEST_F(RecordsetTest, CommandsAreDoneAndNamesLookedUpByTheDatabase) {
+    rs.Open(database, L"update people set name = 'Zed' where id = 3");
+    EXPECT_EQ(rs.Number(L"State"), adStateClosed) << "no rows";
+    EXPECT_EQ(database.Ask(L"select name from people where id = 3"), L"Zed");
+    EXPECT_NE(ErrorOf([&] { rs.Open(database, L"select nme from people"); }).description.find(L"nme"),
+              std::wstring::npos);
+    rs.Open(database, L"select rowid from people");
+    EXPECT_EQ(rs.Text(0L), L"3");
+}
+
+TEST_F(RecordsetTest, AFieldIsKeptThroughCloseAndReopening) {
+    rs.Open(database, L"people");
+    const ComPtr<IDispatch> field = rs.Field(L"NAME");
+    EXPECT_TRUE(SameObject(field.Get(), rs.Field(1L).Get()));
+    const auto value = [&] { return InvokeByName(field.Get(), L"Value", DISPATCH_PROPERTYGET); };
+    rs.Do(L"Close");
+    EXPECT_EQ(ErrorOf(value).number, Number(Failure::ObjectClosed));
+    rs.Open(database, L"select id from people");
+    EXPECT_EQ(ErrorOf(value).number, Number(Failure::ItemNotFound));
+    rs.Do(L"Close");
+    rs.Open(database, L"people");
+    EXPECT_EQ(TextOf(value()), L"Ada");
+}
+
 TEST_F(RecordsetTest, SelectsAndOddNames) {
     database.Do(L"create table \"or\"\"der by\" (\"a b\" integer, \"sel\"\"ect\" text, primary key (\"a b\"))");
     database.Do(L"insert into \"or\"\"der by\" values (1, 'one'), (2, 'two')");

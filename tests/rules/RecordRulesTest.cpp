@@ -199,8 +199,7 @@ TEST(SqlText, CommandsByKey) {
     const std::wstring table = L"\"my \"\"t\"\"\"";
     const Names key = {L"id", L"a b"};
     EXPECT_EQ(SelectAll(query, kQuote), L"SELECT * FROM " + table);
-    EXPECT_EQ(SelectKeys(query, key, kQuote),
-              L"SELECT \"id\", \"a b\" FROM " + table + L" ORDER BY \"id\", \"a b\"");
+    EXPECT_EQ(SelectKeys(query, key, kQuote), L"SELECT \"id\", \"a b\" FROM " + table + L" ORDER BY \"id\", \"a b\"");
     EXPECT_EQ(SelectRow(query, key, kQuote), L"SELECT * FROM " + table + L" WHERE \"id\" = ? AND \"a b\" = ?");
     EXPECT_EQ(SelectNone(query, kQuote), L"SELECT * FROM " + table + L" WHERE 1 = 0");
     EXPECT_EQ(UpdateRow(query, {L"x", L"set"}, {L"id"}, kQuote),
