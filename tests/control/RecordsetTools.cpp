@@ -57,8 +57,8 @@ RecordBar::RecordBar(const GridContainer& host) {
 }
 
 // No right click beside it: that would open the menu of the number.
-void RecordBar::Click(GridContainer& host, HWND part) {
-    host.RealDrag(part, {5, 5}, {5, 5});
+void RecordBar::Click(GridContainer& host, HWND part, long x) {
+    host.RealDrag(part, {x, 5}, {x, 5});
     host.Pump();
 }
 

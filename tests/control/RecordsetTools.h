@@ -26,7 +26,7 @@ public:
     HWND strip = nullptr;
     HWND first = nullptr, previous = nullptr, number = nullptr, total = nullptr, next = nullptr, last = nullptr;
 
-    static void Click(GridContainer& host, HWND part); // with the real mouse
+    static void Click(GridContainer& host, HWND part, long x = 5); // with the real mouse
     bool IsShown() const;
     // The enabled buttons by their initials, with dashes for the others, around number and total: "FP[2] of 3 --".
     std::wstring Text() const;
