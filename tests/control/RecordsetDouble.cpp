@@ -3,7 +3,7 @@
 #include "automation/ByName.h"
 
 #include <algorithm>
-#include <cwctype>
+#include <ranges>
 
 namespace ormisk::test {
 
@@ -133,8 +133,8 @@ HRESULT RecordsetEvents::FindConnectionPoint(REFIID iid, IConnectionPoint** poin
 void RecordsetEvents::Tell(DISPID id, std::initializer_list<_variant_t> before, long status) {
     // Arguments count from the last one: the recordset, the status, and what comes before.
     std::vector<VARIANT> arguments{Object(static_cast<RecordsetDouble*>(this)).Detach(), Reference(VT_I4, &status)};
-    for (auto each = std::rbegin(before); each != std::rend(before); ++each)
-        arguments.push_back(*each);
+    for (const _variant_t& each : std::ranges::reverse_view(before))
+        arguments.push_back(each);
     DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
     for (const auto& sink : SinksOf(Source())) {
         const auto now = SinksOf(Source());

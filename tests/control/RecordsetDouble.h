@@ -7,7 +7,7 @@
 namespace ormisk::test {
 
 // What a recordset tells of a field, as published.
-inline constexpr long kIntegerField = 3, kDateField = 7, kFlagField = 11, kTextField = 202;
+inline constexpr long kIntegerField = 3, kTextField = 202;
 inline constexpr long kUpdatable = 0x4, kNullable = 0x20;
 struct FieldShape {
     std::wstring name;
@@ -113,7 +113,7 @@ private:
 // A recordset in memory. A test says what it can do and what fails, and reads what was done to it.
 class RecordsetDouble final : public NamedObject<RecordsetEvents> {
 public:
-    RecordsetDouble(std::vector<FieldShape> fields, Records records);
+    RecordsetDouble(std::vector<FieldShape> shapes, Records data);
 
     std::vector<FieldShape> fields;
     Records records;
@@ -163,8 +163,8 @@ protected:
 
 private:
     struct Failure {
-        int nth; // call from now on; 0 for each
-        HRESULT number;
+        int nth = 0; // call from now on; 0 for each
+        HRESULT number = kRefused;
         std::wstring text;
     };
 

@@ -62,7 +62,7 @@ void ExpectSound(GridContainer& host, const ComPtr<RecordsetDouble>& records) {
 TEST_F(RecordsetTest, AMemberThatFailsAnywhereCrashesLeaksOrLeavesAHalfDoneMove) {
     bool once = false;
     for (const auto& member : RecordsetDouble::AllMembers())
-        for (const int nth : {0, 1, 2, 3, 5, 8, 13, 21}) {
+        for (const int nth : {0, 1, 2, 4, 9}) {
             SCOPED_TRACE(testing::Message() << member << ", call " << nth);
             GridContainer host;
             const auto people = People();
@@ -159,6 +159,7 @@ bool Meddle(const Meddling& meddling, const std::wstring& event, int nth) {
     else
         host.events.on[event] = [&](const EventCall&) { meddle(); };
     Exercise(host, *people.Get());
+    people->FailNothing();
     people->onCall = nullptr;
     host.events.on.clear();
     if (!meddling.ends) {
@@ -177,7 +178,7 @@ TEST_P(RecordsetMeddler, CrashesLeaksOrLeavesAHalfDoneMove) {
         bool came = true;
         int nth = 1;
         // Each occurrence, the later ones in steps.
-        for (; came; nth += 1 + nth / 6) {
+        for (; came; nth += 1 + nth / 4) {
             SCOPED_TRACE(testing::Message() << "a host that " << meddling.name << " at " << nth);
             came = Meddle(meddling, GetParam(), nth);
             ExpectNothingLeft();
