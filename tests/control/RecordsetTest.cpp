@@ -163,7 +163,7 @@ TEST_F(RecordsetTest, FieldsThatAreCalledAlikeOrLikeNumbersShowOrWriteOneAnother
         std::vector<FieldShape>{{.name = L"2"}, {.name = L"A"}, {.name = L"a"}, {.name = L"1"}, {.name = L" B "}},
         Records{{L"two", L"upper", L"lower", L"one", L"blanks"}, {L"TWO", L"UPPER", L"LOWER", L"ONE", L"BLANKS"}});
     LoadRecords(host, records.Get());
-    EXPECT_EQ(Values(host), L"2=two A=upper 1=one  B =blanks");
+    ASSERT_EQ(Values(host), L"2=two A=upper 1=one  B =blanks");
     records->Host(L"MoveNext");
     EXPECT_EQ(Values(host), L"2=TWO A=UPPER 1=ONE  B =BLANKS");
     records->Done();
