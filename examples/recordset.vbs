@@ -123,8 +123,7 @@ Sub DressClocks()
     Grid.Properties("insured").Format = "#,##0.00"
     Describe "acquired", "Day on which it came into the museum."
     Grid.Properties("acquired").SetEditorParam "DateFormat", "yyyy-MM-dd"
-    Describe "inspected", "When the clock maker has last looked at it. An editor of dates knows days only, so it cannot be edited here."
-    Grid.Properties("inspected").ReadOnly = True
+    Describe "inspected", "When the clock maker has last looked at it. An edit of the day sets the hour back to midnight."
     Describe "running", "Whether it runs."
     Grid.Properties("running").SetEditorParam "True", "Runs"
     Grid.Properties("running").SetEditorParam "False", "Stands still"
