@@ -28,7 +28,6 @@ Const omFlat = 0
 Const om3d = 1
 Const omShow = 1
 Const omHide = 2
-Const omRSToolbarNextButton = 8
 
 Const kTransparent = &HFF00FF
 Const kSky = &HFBF1E4
@@ -38,8 +37,11 @@ Const kGreen = &H7CC48A
 Const kPaper = &HFFFFFF
 
 Host.Include "lib\palette.vbs"
+Host.Include "lib\toolbar.vbs"
+Host.Include "lib\clocks.vbs"
+Host.Include "lib\record-sheet.vbs"
 
-Dim words, folder, part
+Dim words, folder
 words = Host.Arguments
 Grid.SetEditorParam omNumberEditor, "AllowFloatingPoint", "True"
 If UBound(words) < 0 Then
@@ -162,10 +164,6 @@ Sub Grid_DisplayError(message, number, showBox)
     Host.Quit 1
 End Sub
 
-Sub Grid_MouseMove(button, shift, x, y, hit)
-    part = hit
-End Sub
-
 ' ---- The sheets ----
 
 Sub MakeSheets()
@@ -187,6 +185,7 @@ Sub MakeSheets()
     MakeDialogs
     MakeSchemes
     MakeDisabled
+    MakeRecords folder & "\..\clocks.db"
 End Sub
 
 ' A grid as a new one is, of that size, with the rows that `fill` names; without the parts around the rows when bare.
@@ -431,17 +430,10 @@ Sub MakeDescriptions()
 End Sub
 
 Sub MakeToolbars()
-    Dim x, y
     Start 220, 210, False, "few"
     Grid.RecordsetToolbar = omShow
     Shot "Record toolbar"
-    For y = 120 To 150 Step 6
-        For x = 60 To 210 Step 6
-            Host.MoveTo x, y
-            If part = omRSToolbarNextButton Then Exit For
-        Next
-        If part = omRSToolbarNextButton Then Exit For
-    Next
+    If Not MoveToPart(omRSToolbarNextButton, 220, 210) Then Host.Quit 1
     Shot "The mouse over a button"
     Grid.ShowTabs = False
     Host.MoveTo 1, 1

@@ -233,9 +233,13 @@ void RecordCursor::ForgetEdit() {
 void RecordCursor::AddNew() {
     NeedRowWriting();
     Update();
-    ChangeRecord(adRsnAddNew, [&] {
-        NeedNothingPending();
-        m_Adding = true;
+    // The new record is where the recordset stands from now on.
+    WithEvents(m_Events, RecordEvent::WillMove, RecordEvent::MoveComplete, {Reason(adRsnAddNew)}, [&] {
+        Update(); // what a handler began on the record that is left
+        ChangeRecord(adRsnAddNew, [&] {
+            NeedNothingPending();
+            m_Adding = true;
+        });
     });
 }
 
@@ -265,8 +269,13 @@ void RecordCursor::Write() {
 
 void RecordCursor::CancelUpdate() {
     Table();
-    if (IsPending())
-        ChangeRecord(m_Adding ? adRsnUndoAddNew : adRsnUndoUpdate, [&] { ForgetEdit(); });
+    if (m_Adding)
+        WithEvents(m_Events, RecordEvent::WillMove, RecordEvent::MoveComplete, {Reason(adRsnUndoAddNew)}, [&] {
+            if (m_Adding)
+                ChangeRecord(adRsnUndoAddNew, [&] { ForgetEdit(); });
+        });
+    else if (IsPending())
+        ChangeRecord(adRsnUndoUpdate, [&] { ForgetEdit(); });
 }
 
 void RecordCursor::UpdateBatch() {

@@ -52,6 +52,8 @@ public:
     virtual void KeyPress(int& /*keyAscii*/) {}
     // Whether the user changed the text since the last load.
     virtual bool IsModified() const { return false; }
+    // Whether the user may have changed what it was loaded with.
+    virtual bool IsTouched() const { return true; }
     // What it has dropped down, which is no child of it; null when there is none.
     virtual HWND DropDownWindow() const { return nullptr; }
     virtual void CloseUp() {}

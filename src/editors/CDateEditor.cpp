@@ -89,6 +89,7 @@ void CDateEditor::SetValue(const VARIANT& value) {
     std::optional<DATE> date;
     const bool reads = none || (maybe && IgnoringFailures([&] { date = DateFrom(plain); }));
     m_InPlace.reset();
+    m_LoadedPicks = Picks();
     if (!(reads ? m_Picker.SetDate(date) : m_Picker.SetToday()))
         m_InPlace = m_Picker.Date();
 }

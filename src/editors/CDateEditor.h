@@ -15,6 +15,7 @@ public:
     void Changed() override;
     HWND DropDownWindow() const override { return m_Picker.OpenCalendar(); }
     void CloseUp() override { m_Picker.CloseUp(); }
+    bool IsTouched() const override { return Picks() != m_LoadedPicks; }
 
 private:
     void Create(HWND parent) override { m_Picker.Create(parent, this, false); }
@@ -29,6 +30,7 @@ private:
     DatePicker m_Picker;
     DateLimits m_Limits;
     std::optional<DATE> m_InPlace; // what the picker shows in place of a value that it cannot show
+    unsigned m_LoadedPicks = 0;
 };
 
 } // namespace ormisk

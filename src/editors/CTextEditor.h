@@ -14,6 +14,7 @@ public:
     void BeginTyping() override;
     void KeyPress(int& keyAscii) override;
     bool IsModified() const override;
+    bool IsTouched() const override { return IsModified(); }
 
 private:
     void Borrow(const EditorTools& tools) override { m_TextBox = tools.TextEditor; }

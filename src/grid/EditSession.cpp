@@ -293,13 +293,18 @@ void EditSession::CommitForMove() {
 }
 
 void EditSession::ShowMoved() {
-    CProperty* property = m_EditNode ? m_EditNode->Property() : nullptr;
-    if (!m_CurrentEditor || !property || !m_Grid.m_Selection.IsOn(m_EditNode))
+    const ComPtr<_CEditor> former = m_CurrentEditor;
+    const ComPtr<CProperty> property(m_EditNode ? m_EditNode->Property() : nullptr);
+    if (!former || !property || !m_Grid.m_Selection.IsOn(m_EditNode))
         return;
-    if (m_Grid.m_Records.IsPropertyValueValid(*property))
+    const bool valid = m_Grid.m_Records.IsPropertyValueValid(*property.Get());
+    if (m_CurrentEditor != former)
+        return; // a handler ended the edit
+    // The row may take another editor by now, or none. One that goes on takes the focus along.
+    m_CurrentEditor = nullptr;
+    if (valid)
         m_Grid.Trapped([&] { StartEditor(); });
-    else
-        HideCurrentEditor();
+    HideUnused(former.Get());
 }
 
 void EditSession::CancelAndHide() {
@@ -314,7 +319,11 @@ void EditSession::CancelAndHide() {
         builtIn->LetObjectsGo();
 }
 
+// A visit writes nothing into a record: an editor need not show all of its value, nor would it take each of them.
 void EditSession::Collect(_CEditor* editor) {
+    const BuiltInEditor* builtIn = m_Editors.BuiltIn(editor);
+    if (m_Grid.m_Records.IsLoaded() && builtIn && !builtIn->IsTouched())
+        return;
     const Meanwhile collecting(m_Collecting, true);
     EditorProxy(editor).Commit();
 }

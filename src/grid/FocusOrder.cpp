@@ -27,7 +27,7 @@ std::vector<HWND> FocusOrder::Stops(bool shown) const {
         {panes.TreeWnd(), true},
         {editor, editor != nullptr},
         {m_Grid.m_RecordToolbar.m_txtRecordNo.hWnd(),
-         panes.RecordToolbarShown() && m_Grid.m_RecordToolbar.m_txtRecordNo.IsVisible()},
+         panes.RecordToolbarShown() && m_Grid.m_RecordToolbar.TakesNumber()},
         {panes.m_picDescPane.hWnd(), state.showDescription},
     };
     std::vector<HWND> stops;
@@ -78,8 +78,9 @@ void FocusOrder::Enter(bool backward) {
 void FocusOrder::FocusTo(HWND stop) {
     Panes& panes = m_Grid.m_Panes;
     SetFocus(stop);
-    if (m_Grid.IsAlive() && stop == panes.m_TextEditor.hWnd())
-        panes.m_TextEditor.SelectAll();
+    for (TextBox* box : {&panes.m_TextEditor, &m_Grid.m_RecordToolbar.m_txtRecordNo})
+        if (m_Grid.IsAlive() && stop == box->hWnd())
+            box->SelectAll();
 }
 
 void FocusOrder::HeaderKeyDown(int keyCode, int shift) {

@@ -273,7 +273,8 @@ bool ModelView::IsSelectedWithin(const CProperty& property) const {
 }
 
 void ModelView::ValueChanged(CProperty& property) {
-    m_Grid.m_Records.WriteThrough(property);
+    if (!m_Grid.m_Records.WriteThrough(property))
+        return;
     if (m_Grid.m_Selection.SelectedProperty() == &property)
         Trapped([&] { m_Grid.m_Session.ReloadEditor(property); });
     Trapped([&] { m_Grid.m_Events.PropertyValueChanged(property); });

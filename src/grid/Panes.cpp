@@ -304,7 +304,8 @@ void Panes::InvalidateTogether(const std::function<void()>& body) {
         SetRectRgn(row.get(), place.left, place.top, place.right, place.bottom);
         CombineRgn(rows.get(), rows.get(), row.get(), RGN_OR);
     }
-    InvalidateRgn(TreeWnd(), rows.get(), TRUE);
+    if (TreeWnd())
+        InvalidateRgn(TreeWnd(), rows.get(), TRUE);
 }
 
 void Panes::InvalidateRowsFrom(const CNode& node) {

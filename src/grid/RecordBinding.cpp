@@ -51,15 +51,16 @@ void RecordBinding::LoadRecordset(IDispatch* object, bool autoUpdate) {
     const Meanwhile loading(m_Loading, m_Loading + 1);
     const unsigned load = ++m_Loads;
     if (const ComPtr<CProperties> properties = m_Grid.m_CProperties)
-        properties->RemoveAll();
+        IgnoringFailures([&] { properties->RemoveAll(); }); // a handler of it that fails
     if (!IsLoad(load))
         return;
     // The former recordset may do anything when it is let go.
     const Recordset former = std::exchange(m_Recordset, given);
     m_Connection = nullptr;
-    m_Connection = std::make_unique<RecordsetConnection>(m_Recordset, static_cast<RecordsetListener&>(*this));
+    auto connection = std::make_unique<RecordsetConnection>(given, static_cast<RecordsetListener&>(*this));
     if (!IsLoad(load))
         return;
+    m_Connection = std::move(connection);
     ShowToolbarIfAutomatic();
     if (open)
         LoadRecordsetFields(autoUpdate, load);
@@ -125,13 +126,19 @@ CProperty* RecordBinding::RowOf(const std::wstring& fieldName) const {
     return row ? row : m_Grid.m_CProperties->ItemByInternalKey(L"_" + fieldName);
 }
 
-void RecordBinding::ShowField(CProperty& row, const RecordField& field) {
+// True when the row has another value by now.
+bool RecordBinding::ShowField(CProperty& row, const RecordField& field) {
     const ComPtr<CProperty> held(&row);
     const _variant_t value = field.Value();
+    if (!row.IsFiled())
+        return false;
     const bool updates = row.AutoUpdateSource();
+    bool changed = false;
     row.SetAutoUpdateSource(false);
-    IgnoringFailures([&] { row.MirrorValue(value); });
-    row.SetAutoUpdateSource(updates);
+    IgnoringFailures([&] { changed = row.MirrorValue(value); });
+    if (!row.AutoUpdateSource()) // else a handler wants it so
+        row.SetAutoUpdateSource(updates);
+    return changed;
 }
 
 // Each change of a row is told to the host, which may go to another record meanwhile: that one shows then.
@@ -144,7 +151,7 @@ void RecordBinding::ShowCurrentRecord() {
     if (!open)
         return;
     m_Grid.m_RecordToolbar.ShowPosition(source);
-    m_Grid.m_Panes.InvalidateTogether([&] {
+    const auto show = [&] {
         std::vector<ComPtr<CProperty>> shown; // of fields that are called alike, the first one has the row
         const auto goesOn = [&] { return IsLoad(load) && m_Moves == move; };
         ForEachField(source, goesOn, [&](const RecordField& field) {
@@ -154,40 +161,59 @@ void RecordBinding::ShowCurrentRecord() {
                 ShowField(*row.Get(), field);
             }
         });
-    });
+    };
+    // A handler may want to see each change on the screen.
+    if (m_Grid.m_Host.Sinks().HasListeners())
+        show();
+    else
+        m_Grid.m_Panes.InvalidateTogether(show);
 }
 
-void RecordBinding::WriteThrough(CProperty& property) {
+bool RecordBinding::WriteThrough(CProperty& property) {
     const Recordset source = m_Recordset;
     if (!property.AutoUpdateSource() || !source)
-        return;
+        return true;
     std::optional<RecordField> field;
-    const bool written = m_Grid.Trapped([&] {
+    const auto show = [&] {
+        bool changed = false;
+        if (field && m_Grid.IsAlive() && m_Recordset == source)
+            IgnoringFailures([&] { changed = ShowField(property, *field); });
+        return changed;
+    };
+    try {
         if (!source.IsOpen() || !source.IsOnRecord() || !source.CanUpdate())
-            return;
+            return true;
         field = FindField(source, property.Name());
-        if (!field)
-            return;
-        bool edited = false;
-        _variant_t former;
-        IgnoringFailures([&] { edited = source.IsBeingEdited(); });
-        if (edited)
-            IgnoringFailures([&] { former = field->Value(); });
-        try {
-            field->SetValue(property.Value());
-            if (source.UpdatesAtOnce())
-                source.Update();
-        } catch (...) {
-            // What the host had begun to change itself stays.
-            if (edited)
-                IgnoringFailures([&] { field->SetValue(former); });
-            else
-                IgnoringFailures([&] { source.CancelUpdate(); });
-            throw;
-        }
-    });
-    if (!written && field && m_Grid.IsAlive() && m_Recordset == source)
-        IgnoringFailures([&] { ShowField(property, *field); });
+        if (field)
+            Write(source, *field, property.Value());
+    } catch (...) {
+        const AutomationError error = CurrentError();
+        const bool changed = show();
+        m_Grid.ReportTrappedError(error);
+        m_Grid.m_Panes.m_picTreeContainer.TakeFocus();
+        return !changed;
+    }
+    return !show();
+}
+
+// Whoever edits the record already has the say when it is done. What is refused is taken back, but for that.
+void RecordBinding::Write(const Recordset& source, const RecordField& field, const VARIANT& value) {
+    std::optional<bool> edited; // not every source tells
+    std::optional<_variant_t> former;
+    IgnoringFailures([&] { edited = source.IsBeingEdited(); });
+    if (edited != false)
+        IgnoringFailures([&] { former = field.Value(); });
+    try {
+        field.SetValue(value);
+        if (source.UpdatesAtOnce() && edited != true)
+            source.Update();
+    } catch (...) {
+        if (edited == false)
+            IgnoringFailures([&] { source.CancelUpdate(); });
+        else if (former)
+            IgnoringFailures([&] { field.SetValue(*former); });
+        throw;
+    }
 }
 
 bool RecordBinding::IsPropertyValueValid(CProperty& property) const {

@@ -17,7 +17,8 @@ public:
     const Recordset& Source() const { return m_Recordset; }
 
     // Puts rows of its fields in the place of all others. The recordset that is loaded already stays as it is. Raises
-    // InvalidRecordset, and what a recordset raises that does not tell its state; nothing has changed then.
+    // InvalidRecordset, and what a recordset raises that does not tell its state; nothing has changed then. Without
+    // windows nothing is loaded.
     void LoadRecordset(IDispatch* object, bool autoUpdate);
     // Lets the recordset go; its rows stay. An automatic toolbar goes along.
     void Detach();
@@ -34,9 +35,10 @@ public:
 
     // Values of the current record into the rows, none of which writes them back. What cannot be read stays.
     void ShowCurrentRecord();
-    // A row has a new value: it goes to the field of its name. A recordset that refuses it is reported, keeps nothing
-    // of it, and its value shows again.
-    void WriteThrough(CProperty& property);
+    // A row has a new value: it goes to the field of its name, and the row shows what the field made of it. A recordset
+    // that refuses it keeps nothing of it, and is reported. False when the row took another value meanwhile, which has
+    // been told.
+    bool WriteThrough(CProperty& property);
     // Whether the value is one for the row's editor. Of Null a field knows it.
     bool IsPropertyValueValid(CProperty& property) const;
 
@@ -52,7 +54,8 @@ private:
     void LoadRecordsetFields(bool autoUpdate, unsigned load);
     void AddRow(const RecordField& field, bool autoUpdate);
     CProperty* RowOf(const std::wstring& fieldName) const;
-    void ShowField(CProperty& row, const RecordField& field);
+    bool ShowField(CProperty& row, const RecordField& field);
+    static void Write(const Recordset& source, const RecordField& field, const VARIANT& value);
     void ShowToolbarIfAutomatic();
 
     Grid& m_Grid;

@@ -85,6 +85,8 @@ void RecordToolbar::LayoutRecordToolbar() {
     const Rect& number = places.parts[2];
     m_txtRecordNo.SetFont(state.font);
     m_txtRecordNo.Move(number.left, number.top, number.Width(), number.Height());
+    if (number.Width() <= 0 && GetFocus() == m_txtRecordNo.hWnd())
+        panes.m_picTreeContainer.TakeFocus();
     m_txtRecordNo.SetVisible(number.Width() > 0);
 }
 
@@ -234,7 +236,7 @@ void RecordToolbar::UpdateRecordsetToolbar(const Recordset& recordset) {
         EnableWindow(label.hWnd(), !m_Emptied);
     }
     if (m_Emptied) {
-        Enable({First, Previous, Next, Last}, false);
+        Enable({First, Next, Previous, Last}, false);
         SetTotal({}, true);
         m_txtRecordNo.SetText({});
         return;
@@ -300,7 +302,8 @@ void RecordToolbar::RecordsetChangeComplete(const Recordset& recordset) {
 }
 
 void RecordToolbar::RefreshRecordToolbar() {
-    RedrawWindow(m_Grid.m_Panes.m_picRSToolbar.hWnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    if (const HWND strip = m_Grid.m_Panes.m_picRSToolbar.hWnd())
+        RedrawWindow(strip, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void RecordToolbar::Click(RecordButton button) {
@@ -337,16 +340,15 @@ void RecordToolbar::GoToNumber() {
         if (position < 1)
             return;
         if (position != source.AbsolutePosition()) {
-            records.MoveTo(position);
-            if (!m_Grid.IsAlive() || records.Source() != source)
-                return;
+            records.MoveTo(position); // and what shows follows
+        } else {
+            EnableAt(source, position);
+            RefreshRecordToolbar();
         }
-        EnableAt(source, position);
-        RefreshRecordToolbar();
     });
 }
 
-// The box is no pane: the control is held here while the host is told.
+// The box is no pane: the control is held here while the host is told, and acts on what it was told.
 
 void RecordToolbar::OnKeyDown(int& keyCode, int shift) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
@@ -356,8 +358,12 @@ void RecordToolbar::OnKeyDown(int& keyCode, int shift) {
 void RecordToolbar::OnKeyPress(int& keyAscii) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Events.KeyPress(keyAscii);
+    if (!m_Grid.IsAlive())
+        return;
     if (keyAscii == VK_RETURN)
         GoToNumber();
+    else if (keyAscii == VK_ESCAPE)
+        ShowPosition(m_Grid.m_Records.Source());
     if ((keyAscii < L'0' || keyAscii > L'9') && keyAscii != VK_BACK)
         keyAscii = 0;
 }

@@ -55,6 +55,7 @@ public:
     // Goes to another record. A failure is reported.
     void Click(RecordButton button);
     void ApplyEnabled();
+    bool TakesNumber() const { return m_txtRecordNo.IsVisible() && !m_Emptied; }
 
     // What it tells of a recordset. What the recordset does not tell is passed over.
     void RecordsetLoaded(const Recordset& recordset);

@@ -135,16 +135,17 @@ void CProperty::SetValue(const VARIANT& given) {
     NotifyChange(Attribute::Value);
 }
 
-void CProperty::MirrorValue(const VARIANT& given) {
+bool CProperty::MirrorValue(const VARIANT& given) {
     const ComPtr<CProperty> alive(this);
     _variant_t value = Plain(given);
     const bool same = V_VT(&value) == VT_NULL || V_VT(&value) == VT_EMPTY || V_VT(&m_Value) == VT_EMPTY
                           ? V_VT(&value) == V_VT(&m_Value)
                           : ValuesEqual(value, m_Value);
     if (same)
-        return;
+        return false;
     Exchange(m_Value, value);
     NotifyChange(Attribute::Value);
+    return true;
 }
 
 // The source's own idea of the value wins. The source may do anything meanwhile; it and the member's name are held.

@@ -63,7 +63,8 @@ public:
     // An object, by reference. Reports in every case.
     void SetValue(const VARIANT& given);
     // The value as it is elsewhere, which nothing is written back to: Null, Empty and other values are all different.
-    void MirrorValue(const VARIANT& given);
+    // True when it was another one.
+    bool MirrorValue(const VARIANT& given);
 
     void SetName(const std::wstring& name);
     void SetBold(bool bold) { Change(m_Bold, bold, Attribute::Bold); }

@@ -21,6 +21,7 @@ constexpr std::int32_t kClosed = 0;
 constexpr std::int32_t kForwardOnly = 0;
 constexpr std::int32_t kOptimistic = 3;
 constexpr std::int32_t kNotEdited = 0;
+constexpr std::int32_t kErrorsOccurred = 2; // status of an event
 constexpr std::int32_t kMovesBack = 0x200;
 constexpr std::int32_t kUpdates = 0x1008000;
 constexpr std::int32_t kUpdatesBatch = 0x10000;
@@ -181,8 +182,12 @@ private:
             m_Listener->WillMove();
         else if (id == kRecordsetChangeComplete)
             m_Listener->RecordsetChangeComplete();
-        else if (id == kMoveComplete && parameters && parameters->cArgs > 0) // the last comes first
+        else if (id == kMoveComplete && parameters && parameters->cArgs > 0 && !HasFailed(*parameters))
             m_Listener->MoveComplete(static_cast<MoveReason>(LongOf(parameters->rgvarg[parameters->cArgs - 1])));
+    }
+    // Reason, error, status and recordset, of which the last comes first.
+    static bool HasFailed(const DISPPARAMS& parameters) {
+        return parameters.cArgs == 4 && LongOf(parameters.rgvarg[1]) == kErrorsOccurred;
     }
 
     RecordsetListener* m_Listener;

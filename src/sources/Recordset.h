@@ -57,7 +57,7 @@ public:
     std::int64_t AbsolutePosition() const; // from 1; less when it is not known
     void SetAbsolutePosition(std::int32_t position) const;
     bool IsForwardOnly() const;
-    bool UpdatesAtOnce() const; // an edit is locked and written by itself
+    bool UpdatesAtOnce() const; // optimistic lock: each edit wants an Update of its own
     bool IsBeingEdited() const;
     bool CanUpdate() const;
     bool CanMoveBack() const;
@@ -87,7 +87,7 @@ enum class MoveReason : std::int32_t { First = 12, Next = 13, Previous = 14, Las
 class RecordsetListener {
 public:
     virtual void WillMove() = 0;
-    virtual void MoveComplete(MoveReason reason) = 0; // any number
+    virtual void MoveComplete(MoveReason reason) = 0; // any number; not of a move that failed
     virtual void RecordsetChangeComplete() = 0;
 
 protected:

@@ -105,7 +105,8 @@ TEST_P(RecordsetEventsTest, ChangesAreToldWithTheirReasons) {
     EXPECT_EQ(Taken(), (Words{"WillRecord 4", "Record 4"}));
     rs.Do(L"AddNew");
     rs.Do(L"CancelUpdate");
-    EXPECT_EQ(Taken(), (Words{"WillRecord 1", "Record 1", "WillRecord 5", "Record 5"}));
+    EXPECT_EQ(Taken(), (Words{"WillMove 1", "WillRecord 1", "Record 1", "MoveComplete 1", "WillMove 5", "WillRecord 5",
+                              "Record 5", "MoveComplete 5"}));
     rs.Do(L"Delete");
     EXPECT_EQ(Taken(), (Words{"WillRecord 2", "Record 2"}));
 }
