@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::wstring_view kFirstLine = L"Ormisk form ";
 constexpr int kVersion = 1;
-constexpr std::wstring_view kExplained =
-    L"' One setting a line; what is left out keeps its default. Controls stand in the order of TAB.\n"
-    L"' Lines that begin with an apostrophe, like this one, are comments.\n";
+constexpr std::wstring_view kExplained = L"' One setting a line. A setting of Object that is left out is its default. "
+                                         L"The order of the controls is that of TAB.\n"
+                                         L"' Lines that begin with an apostrophe, like this one, are comments.\n";
 constexpr std::wstring_view kOwn = L"Object";
 constexpr wchar_t kMark = 0xFEFF;
 constexpr wchar_t kReplaced = 0xFFFD; // what stands where the bytes of the file were no text
