@@ -164,15 +164,16 @@ End Sub
 
 ' The lines of a picture belong to the setting before them.
 Function LinesByKey(text)
-    Dim line, key, at
-    Set LinesByKey = CreateObject("Scripting.Dictionary")
+    Dim found, line, key, at
+    Set found = CreateObject("Scripting.Dictionary")
     For Each line In Split(text, vbCrLf)
         at = InStr(line, " = ")
         If Left(line, 1) = "|" Then
-            LinesByKey(key) = LinesByKey(key) & line
+            found(key) = found(key) & line
         ElseIf at > 0 And Left(line, 1) <> "'" Then
             key = Left(line, at - 1)
-            LinesByKey.Add key, Mid(line, at + 3)
+            found.Add key, Mid(line, at + 3)
         End If
     Next
+    Set LinesByKey = found
 End Function

@@ -67,7 +67,7 @@ struct Planned {
 
 CLSID ClassOf(const std::wstring& progId, const std::wstring& path) {
     CLSID id{};
-    ComPtr<IUnknown> factory;
+    ComPtr<IClassFactory> factory;
     const std::wstring trouble = path + L": the class " + progId + L" cannot be created; it may not be registered";
     Check(CLSIDFromProgID(progId.c_str(), &id), trouble.c_str());
     Check(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)), trouble.c_str());

@@ -108,6 +108,10 @@ const HostObject::Member HostObject::kMembers[] = {
     {L"Quit", 0, 1, &HostObject::Quit},                 // [exit code]
 };
 
+HostObject::HostObject(const HostParts& parts) : m_Parts(parts) { parts.form.SetParent(this); }
+
+HostObject::~HostObject() { m_Parts.form.SetParent(nullptr); }
+
 STDMETHODIMP HostObject::GetTypeInfoCount(UINT* count) {
     *count = 0;
     return S_OK;

@@ -33,8 +33,8 @@ struct HostParts {
 // the run is ending fails, which unwinds the script.
 class HostObject final : public ComObject<IDispatch> {
 public:
-    explicit HostObject(const HostParts& parts) : m_Parts(parts) { parts.form.SetParent(this); }
-    ~HostObject() override { m_Parts.form.SetParent(nullptr); }
+    explicit HostObject(const HostParts& parts);
+    ~HostObject() override;
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
