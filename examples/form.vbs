@@ -74,9 +74,8 @@ Sub Design()
         .BackColor = &H504840
         .ForeColor = &HF0F0F0
         .PropertyBackColor = &H3A332D
-        .PropertyForeColor = &HE0E0E0
+        .PropertyForeColor = &H402810
         .LineColor = &H706860
-        .HighlightBackColor = &H8A6A3A
         .Sorted = True
         Set .Picture = Host.Picture("pictures\hills.bmp")
         .PictureLayout = omStretch
@@ -85,16 +84,19 @@ Sub Design()
 End Sub
 
 Sub FillVoyage(place)
+    Dim stay
     With place.Properties
         .Add "Harbour", "Enkhuizen", "Out"
         .Add "Day", #2026-05-14#, "Out"
         .Add "Wind", "SW 4", "Out|Weather"
         .Add "Rain", False, "Out|Weather"
-        .Add "Anchorage", "Vlieland", "Stay"
+        Set stay = .Add("Anchorage", "Vlieland", "Stay")
         .Add "Nights", 3, "Stay"
         .Add "Harbour", "Enkhuizen", "Home", "home"
         .Add "Motor", True, "Home"
     End With
+    stay.Help = "Where the ship lies between the voyage out and the voyage home."
+    Set place.SelectedProperty = stay
     place.ColumnDividerPosition = kHalf * 0.45
 End Sub
 
@@ -150,7 +152,7 @@ Sub CompareHalves()
     Set lines = LinesByKey(TextOf(folder & "\form-both.txt"))
     For Each key In lines
         other = Replace(key, ".Object.", kAgain & ".Object.")
-        If lines.Exists(other) Then
+        If other <> key And lines.Exists(other) Then
             compared = compared + 1
             If lines(key) <> lines(other) Then
                 differ = differ + 1
