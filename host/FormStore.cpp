@@ -65,13 +65,21 @@ struct Planned {
     ComPtr<ControlSite> site; // null while the form lacks it
 };
 
+std::wstring CannotCreate(const std::wstring& path, const std::wstring& progId) {
+    return path + L": the control " + progId + L" cannot be created; it may not be registered";
+}
+
 CLSID ClassOf(const std::wstring& progId, const std::wstring& path) {
     CLSID id{};
-    ComPtr<IClassFactory> factory;
-    const std::wstring trouble = path + L": the class " + progId + L" cannot be created; it may not be registered";
-    Check(CLSIDFromProgID(progId.c_str(), &id), trouble.c_str());
-    Check(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)), trouble.c_str());
+    Check(CLSIDFromProgID(progId.c_str(), &id), CannotCreate(path, progId).c_str());
     return id;
+}
+
+// A control is made to find that out, before any is replaced.
+void CheckControl(REFCLSID id, const std::wstring& progId, const std::wstring& path) {
+    ComPtr<IOleObject> trial;
+    Check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&trial)),
+          CannotCreate(path, progId).c_str());
 }
 
 // Without a class a control is that of the form.
@@ -91,7 +99,9 @@ std::vector<Planned> PlanOf(const Form& form, std::vector<FormControl> controls,
             continue;
         }
         const CLSID id = ClassOf(planned.progId, path);
-        if (planned.site && ClassOf(planned.site->ProgId(), path) != id)
+        if (!planned.site)
+            CheckControl(id, planned.progId, path);
+        else if (ClassOf(planned.site->ProgId(), path) != id)
             throw Failure{path + L": the form has a control " + planned.site->Name() + L" of another class"};
         plan.push_back(std::move(planned));
     }

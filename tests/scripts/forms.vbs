@@ -6,7 +6,7 @@ Host.Include "lib\common.vbs"
 Const kGrid = "Ormisk.OrmiskGrid"
 Const kReading = 1
 
-Dim files, path, second, handled, loadWhere
+Dim files, path, second, loadWhere, what
 Set files = CreateObject("Scripting.FileSystemObject")
 path = files.BuildPath(files.GetSpecialFolder(2), "ormisk-form.txt")
 
@@ -38,25 +38,54 @@ End Function
 
 Sub Second_SelChanged(aProperty)
     Note "second"
-    LoadOnce "Second_SelChanged"
+    LoadOnce "SelChanged of the other"
 End Sub
 Sub Grid_SelChanged(aProperty)
     Note "grid"
-    LoadOnce "Grid_SelChanged"
+    LoadOnce "SelChanged"
 End Sub
-Sub Grid_ValidateValue(aProperty, newValue, cancel)
-    LoadOnce "Grid_ValidateValue"
+Sub Grid_AddingProperty(name, category, editorType, cancel)
+    LoadOnce "AddingProperty"
 End Sub
 Sub Grid_PropertyAdded(aProperty)
-    LoadOnce "Grid_PropertyAdded"
+    LoadOnce "PropertyAdded"
+End Sub
+Sub Grid_PropertyDeleted(aProperty)
+    LoadOnce "PropertyDeleted"
+End Sub
+Sub Grid_PropertyDraw(context, aProperty, width, height, stage, doDefault)
+    LoadOnce "PropertyDraw"
+End Sub
+Sub Grid_PropertyCompare(first, second, byName, swap)
+    LoadOnce "PropertyCompare"
+End Sub
+Sub Grid_PropertyValueChanged(aProperty)
+    LoadOnce "PropertyValueChanged"
+End Sub
+Sub Grid_ValidateValue(aProperty, newValue, cancel)
+    LoadOnce "ValidateValue"
+End Sub
+Sub Grid_ShowEditorDialog(aProperty, value)
+    LoadOnce "ShowEditorDialog"
+End Sub
+Sub Grid_ActiveViewChanged()
+    LoadOnce "ActiveViewChanged"
+End Sub
+Sub Grid_CategoryCollapsing(category, cancel)
+    LoadOnce "CategoryCollapsing"
+End Sub
+Sub Grid_KeyDown(key, shift)
+    LoadOnce "KeyDown"
 End Sub
 Sub Grid_MouseDown(button, shift, x, y, hit)
-    LoadOnce "Grid_MouseDown"
+    LoadOnce "MouseDown"
+End Sub
+Sub Grid_MouseMove(button, shift, x, y, hit)
+    LoadOnce "MouseMove"
 End Sub
 Sub LoadOnce(where)
     If loadWhere <> where Then Exit Sub
     loadWhere = ""
-    handled = handled & where & " "
     Host.LoadForm path
 End Sub
 
@@ -157,7 +186,8 @@ Edit "Second.Object.NameCaption", "' Second.Object.NameCaption"
 Edit "Second.Object.Indentation = 20.5", "Second.Object.Indentation = ""many"""
 Edit "Second.Object.Grid = 2", "Second.Object.Grid = &H" & vbLf & "Second.Object.Sorted"
 Edit "Second.HelpContextID = 7", "Second.HelpContextID = ""x""" & vbLf & "Second.Colour = 3" & vbLf & "Second.Object.NoSuch = 4"
-Edit "Grid.Fills = True", "Grid.Fills = False" & vbLf & "Grid.Left = 5" & vbLf & "Grid.Top = 6" & vbLf & "Grid.Width = 70" & vbLf & "Grid.Height = 80"
+Edit "Grid.Fills = True", "Grid.Fills = False" & vbLf & _
+    "Grid.Left = 5" & vbLf & "Grid.Top = 6" & vbLf & "Grid.Width = 70" & vbLf & "Grid.Height = 80"
 Write Text() & "Third.Class = """ & kGrid & """" & vbLf & "Third.Left = 400" & vbLf & "Third.Width = 100" & vbLf & "Fourth.Left = 2"
 Host.LoadForm path
 CheckEqual "a blank separator is refused", "|", second.CategorySeparator
@@ -191,7 +221,7 @@ CheckUnloaded "a foreign file", "Option Explicit" & vbLf & "Third.Left = 2", "is
 CheckUnloaded "an empty file", "", "is not a form file"
 CheckUnloaded "no such class", "Ormisk form 1" & vbLf & "Third.Left = 2" & vbLf & "New.Class = ""No.Such""", "No.Such"
 CheckUnloaded "another class", "Ormisk form 1" & vbLf & "Third.Left = 2" & vbLf & "Second.Class = ""StdFont""", "another class"
-CheckUnloaded "no control", "Ormisk form 1" & vbLf & "New.Class = ""StdFont""", "not a control"
+CheckUnloaded "no control", "Ormisk form 1" & vbLf & "Second.Tag = ""lost""" & vbLf & "New.Class = ""StdFont""", "StdFont"
 files.DeleteFile path
 On Error Resume Next
 Host.LoadForm path
@@ -202,45 +232,60 @@ On Error GoTo 0
 
 ' ---- A form that is loaded by a control's own event
 
-Sub LoadIn(where)
-    loadWhere = where
-    handled = ""
-End Sub
-Sub CheckHandled(what)
-    CheckEqual what, True, handled <> "" And loadWhere = ""
-    Grid.Properties.Clear
+Write Replace(saved, "Second.TabStop = False", "Second.TabStop = True")
+For Each what In Array("nothing", "SelChanged", "SelChanged by a key", "SelChanged of the other", "AddingProperty", _
+    "PropertyAdded", "PropertyDeleted", "PropertyDraw", "PropertyCompare", "PropertyValueChanged", "ValidateValue", _
+    "ShowEditorDialog", "ActiveViewChanged", "CategoryCollapsing", "KeyDown", "MouseDown", "MouseMove")
+    loadWhere = ""
+    Host.LoadForm path
+    second.Properties.Add "C", 3
     Grid.Properties.Add "A", "one"
     Grid.Properties.Add "B", "two"
-    second.Properties.Clear
-    second.Properties.Add "C", 3
+    Host.MoveTo 60, 10
+    loadWhere = Replace(what, " by a key", "")
+    BringAbout what
+    CheckEqual "loaded in " & what, what = "nothing", loadWhere <> ""
+    CheckEqual "a new grid after " & what, what = "nothing", Grid.Properties.Count = 2
+Next
+
+' Grid may be another one from one statement to the next.
+Sub BringAbout(what)
+    Select Case what
+    Case "SelChanged": Set Grid.SelectedProperty = Grid.Properties(1)
+    Case "SelChanged of the other": Set second.SelectedProperty = second.Properties(1)
+    Case "AddingProperty": Grid.LoadObjectProperties second
+    Case "PropertyAdded": Grid.Properties.Add "D", 4
+    Case "PropertyDeleted": Grid.Properties.Remove 1
+    Case "PropertyDraw": Grid.Properties(1).CustomDraw = True
+    Case "PropertyCompare": Sort
+    Case "PropertyValueChanged": Grid.Properties(1).Value = 5
+    Case "ShowEditorDialog": EditInDialog
+    Case "ActiveViewChanged": Grid.ActiveView = 0
+    Case "MouseDown": Host.Click 60, 60
+    Case "MouseMove": Host.MoveTo 62, 62
+    Case Else
+        Host.Control("Grid").SetFocus
+        Select Case what
+        Case "SelChanged by a key", "KeyDown": Host.Keys "{DOWN 2}"
+        Case "ValidateValue": Host.Keys "{DOWN 2}x{ENTER}"
+        Case "CategoryCollapsing": Host.Keys "{HOME}{LEFT}"
+        End Select
+    End Select
     Host.Pump 20
 End Sub
 
-Write Replace(saved, "Second.TabStop = False", "Second.TabStop = True")
-Host.LoadForm path
-handled = "-"
-CheckHandled "at first"
-LoadIn "Grid_SelChanged"
-Set Grid.SelectedProperty = Grid.Properties(1)
-CheckHandled "by the script"
-LoadIn "Grid_SelChanged"
-Host.Control("Grid").SetFocus
-Host.Keys "{DOWN 2}"
-CheckHandled "by a key"
-LoadIn "Second_SelChanged"
-second.SetFocus
-Host.Keys "{DOWN 2}"
-CheckHandled "of the other"
-LoadIn "Grid_PropertyAdded"
-Grid.Properties.Add "D", 4
-CheckHandled "by a row"
-LoadIn "Grid_MouseDown"
-Host.Click 60, 60
-CheckHandled "by the mouse"
-LoadIn "Grid_ValidateValue"
-Host.Control("Grid").SetFocus
-Host.Keys "{DOWN 2}x{ENTER}"
-CheckHandled "by an edit"
+Sub Sort()
+    Grid.CustomSort = True
+    Grid.Sorted = True
+End Sub
+
+Sub EditInDialog()
+    Grid.Properties.Add "E", "x", "", "e", Nothing, True, 0
+    Set Grid.SelectedProperty = Grid.Properties("e")
+    Host.Control("Grid").SetFocus
+    Host.Keys "{F4}"
+End Sub
+
 Host.SaveForm path
 CheckTrue "all is in order", InStr(Text(), "Grid.Object.PropertyBackColor = &H00102030") > 0
 files.DeleteFile path
