@@ -204,6 +204,17 @@ void BagValues::Write(const wchar_t* name, const _variant_t& value, const _varia
     Check(m_Bag->Write(name, &given));
 }
 
+void BagValues::Refused(const wchar_t* name, const AutomationError& error) {
+    const _bstr_t source(error.source.c_str());
+    const _bstr_t description(error.description.c_str());
+    EXCEPINFO info{};
+    info.scode = error.number;
+    info.bstrSource = source;
+    info.bstrDescription = description;
+    if (m_Log)
+        m_Log->AddError(name, &info);
+}
+
 StreamValues::StreamValues(IStream* stream) {
     CheckPointer(stream);
     const std::vector<std::uint8_t> header = ReadBytes(stream, kStoredHeader);

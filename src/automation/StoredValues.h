@@ -6,7 +6,8 @@
 
 namespace ormisk {
 
-// The named values of a container's bag. The container's own log hears of what it could not give.
+// The named values of a container's bag. The container's own log hears of what it could not give, and of what was
+// refused.
 class BagValues final : public NamedValues {
 public:
     // Borrowed; with `all` values that are the default are kept as well.
@@ -14,6 +15,7 @@ public:
         : m_Bag(bag), m_Log(log), m_All(all) {}
     _variant_t Read(const wchar_t* name, const _variant_t& defaultValue) override;
     void Write(const wchar_t* name, const _variant_t& value, const _variant_t& defaultValue) override;
+    void Refused(const wchar_t* name, const AutomationError& error) override;
 
 private:
     ComPtr<IPropertyBag> m_Bag;

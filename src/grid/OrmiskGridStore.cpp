@@ -9,12 +9,13 @@ namespace ormisk {
 namespace {
 
 // A key that fails leaves a line, of one text for both ways, and what was there.
-template <class Statement> void Noted(Statement&& statement) {
+template <class Statement> void Noted(NamedValues& store, const PropertyEntry& entry, Statement&& statement) {
     try {
         statement();
     } catch (...) {
         const AutomationError error = CurrentError();
         WriteDebugLine(L"ERR_WRITEPROP : " + error.description + L" : " + std::to_wstring(error.number));
+        store.Refused(entry.name, error);
     }
 }
 
@@ -40,7 +41,7 @@ void OrmiskGrid::OnLoad(NamedValues& store) {
     AdoptScaleUnits();
     for (const PropertyEntry& entry : kProperties)
         if (entry.stored && m_Grid.IsAlive())
-            Noted([&] { LoadSetting(store, entry); });
+            Noted(store, entry, [&] { LoadSetting(store, entry); });
     if (!m_Grid.IsAlive())
         return;
     m_Grid.m_Panes.ControlResized();
@@ -75,7 +76,7 @@ void OrmiskGrid::LoadFont(NamedValues& store, const wchar_t* key) {
 void OrmiskGrid::OnSave(NamedValues& store) {
     for (const PropertyEntry& entry : kProperties)
         if (entry.stored)
-            Noted([&] {
+            Noted(store, entry, [&] {
                 const Pane& scale = m_Grid.m_Panes.m_Control;
                 store.Write(entry.name, StoredOf(entry, m_Grid.m_State, scale), DefaultOf(entry, scale));
             });
