@@ -85,7 +85,9 @@ STDMETHODIMP SettingsBag::AddError(LPCOLESTR name, EXCEPINFO* error) {
         return E_POINTER;
     const FormSetting* const setting = FindSetting(m_Settings, name);
     const std::wstring text = error->bstrDescription ? error->bstrDescription : SystemText(error->scode);
-    m_Tell(setting ? setting->line : 0, std::wstring(name) + L": " + text);
+    const int line = setting ? setting->line : 0;
+    if (line == 0 || m_Told.insert(line).second)
+        m_Tell(line, std::wstring(name) + L": " + text);
     return S_OK;
 }
 

@@ -32,6 +32,7 @@ public:
 private:
     std::vector<FormSetting> m_Settings;
     std::set<int> m_Read; // lines
+    std::set<int> m_Told;
     Tell m_Tell;
 };
 
