@@ -61,7 +61,7 @@ private:
 struct TipHost : GridContainer {
     TipHost() {
         Add(L"Short", L"fits");
-        Add(L"Long", kLong);
+        Add(L"Long", kLong.c_str());
         Add(kLong, L"x");
         Add(L"Color", 255L, L"", omColorEditor);
     }
@@ -103,10 +103,10 @@ TEST_F(GridTest, AnOldTipHangsOverAnotherRow) {
     const Tip tip(host);
     const std::function<void()> changes[] = {
         [&] { SendMessageW(host.Tree(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0); },
-        [&] { SendMessageW(host.Tree(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0); },
+        [&] { host.Resize({240, 300}); },
         [&] { host->put_ActiveView(omCatagorized); },
         [&] { host->put_ActiveView(omAlphabetic); },
-        [&] { host.Item(L"_Long")->put_Value(_variant_t(kLong + L"!")); },
+        [&] { host.Item(L"_Long")->put_Value(ToVariant(kLong + L"!")); },
         [&] { host->put_ColumnDividerPosition(90); },
         [&] { host->put_ShowToolTip(VARIANT_FALSE), host->put_ShowToolTip(VARIANT_TRUE); },
         [&] { host.Select(host.Item(L"_Long").Get()), host.Select(nullptr); },
