@@ -24,6 +24,7 @@ set(RULE_SOURCES
   platform/VersionText.cpp
   tree/CategoryPath.cpp
   tree/RowCounts.cpp
+  ../host/FormFile.cpp
   ../host/KeySequence.cpp
   ../host/Options.cpp
   ../records/FieldTypes.cpp

@@ -62,3 +62,10 @@ template <class T, class... Args> ComPtr<T> MakeCom(Args&&... args) {
 }
 
 } // namespace ormisk
+
+// The toolchain's ComPtr has no comparison of its own, and would compare whether there are objects at all.
+namespace Microsoft::WRL {
+
+template <class T, class U> bool operator==(const ComPtr<T>& a, const ComPtr<U>& b) { return a.Get() == b.Get(); }
+
+} // namespace Microsoft::WRL

@@ -37,11 +37,15 @@ SIZE PixelsPerInch() {
     return density;
 }
 
-// A new control learns that there is no stored state for it.
-void InitNew(IUnknown* control) {
+// A control gets its stored state, or learns that there is none for it. One without bags has none.
+void Initialize(IUnknown* control, SettingsBag* stored) {
     ComPtr<IPersistStreamInit> stream;
     ComPtr<IPersistPropertyBag> bag;
     HRESULT result = S_OK;
+    if (stored && SUCCEEDED(control->QueryInterface(IID_PPV_ARGS(&bag)))) {
+        Check(bag->Load(stored, stored), L"The control refuses its settings");
+        return;
+    }
     if (SUCCEEDED(control->QueryInterface(IID_PPV_ARGS(&stream))))
         result = stream->InitNew();
     else if (SUCCEEDED(control->QueryInterface(IID_PPV_ARGS(&bag))))
@@ -56,68 +60,96 @@ ControlSite::ControlSite(Form& form, std::wstring name, std::optional<RECT> plac
     : m_Form(form), m_Extended(MakeCom<ExtendedControl>(*this)), m_Font(MakeAmbientFont()), m_Name(std::move(name)),
       m_Place(place.value_or(RECT{})), m_Fills(!place) {}
 
-void ControlSite::Load(const wchar_t* progId) {
+void ControlSite::Load(const std::wstring& progId, SettingsBag* stored) {
+    const ComPtr<ControlSite> alive(this);
     CLSID classId;
-    const std::wstring trouble =
-        L"The control " + std::wstring(progId) + L" cannot be created; it may not be registered";
-    Check(CLSIDFromProgID(progId, &classId), trouble.c_str());
-    Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&m_Control)), trouble.c_str());
-    Check(m_Control.As(&m_Object), L"The class is not a control");
+    Loaded loaded;
+    const std::wstring trouble = L"The control " + progId + L" cannot be created; it may not be registered";
+    Check(CLSIDFromProgID(progId.c_str(), &classId), trouble.c_str());
+    Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&loaded.control)), trouble.c_str());
+    Check(loaded.control.As(&loaded.object), L"The class is not a control");
 
+    const bool focused = IsOfControl(GetFocus());
+    const Loaded before = std::exchange(m_Loaded, loaded);
+    try {
+        BringUp(stored);
+    } catch (...) {
+        m_Loaded = before;
+        Close(loaded.object.Get());
+        throw;
+    }
+    m_Events.reset();
+    m_ProgId = progId;
+    if (!m_ToolTip.empty())
+        m_Form.SetToolTip(*this, m_ToolTip);
+    Close(before.object.Get());
+    if (focused)
+        Activate(OLEIVERB_UIACTIVATE, nullptr);
+}
+
+void ControlSite::BringUp(SettingsBag* stored) {
+    const ComPtr<IOleObject> object = m_Loaded.object;
     DWORD status = 0;
-    m_Object->GetMiscStatus(DVASPECT_CONTENT, &status);
+    object->GetMiscStatus(DVASPECT_CONTENT, &status);
     const bool siteFirst = (status & OLEMISC_SETCLIENTSITEFIRST) != 0;
     if (siteFirst)
-        Check(m_Object->SetClientSite(this), L"The control refuses its site");
-    InitNew(m_Control.Get());
+        Check(object->SetClientSite(this), L"The control refuses its site");
+    Initialize(m_Loaded.control.Get(), stored);
     const SIZE density = PixelsPerInch();
     SIZEL extent = {MulDiv(m_Place.right - m_Place.left, kHimetricPerInch, density.cx),
                     MulDiv(m_Place.bottom - m_Place.top, kHimetricPerInch, density.cy)};
-    m_Object->SetExtent(DVASPECT_CONTENT, &extent);
+    object->SetExtent(DVASPECT_CONTENT, &extent);
     if (!siteFirst)
-        Check(m_Object->SetClientSite(this), L"The control refuses its site");
-    Check(m_Object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, this, 0, m_Form.Window().Handle(), &m_Place),
+        Check(object->SetClientSite(this), L"The control refuses its site");
+    Check(object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, this, 0, m_Form.Window().Handle(), &m_Place),
           L"The control cannot be activated");
+    if (!m_Visible)
+        object->DoVerb(OLEIVERB_HIDE, nullptr, this, 0, m_Form.Window().Handle(), &m_Place);
 }
 
+void ControlSite::Close(IOleObject* object) {
+    ComPtr<IOleInPlaceObject> inPlace;
+    if (!object)
+        return;
+    if (SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&inPlace))))
+        inPlace->InPlaceDeactivate();
+    object->Close(OLECLOSE_NOSAVE);
+    object->SetClientSite(nullptr);
+}
+
+// The site stands until the control has let go of it.
 void ControlSite::Unload() {
-    // The site stands until the control has let go of it.
     const ComPtr<ControlSite> alive(this);
-    if (m_Object) {
-        ComPtr<IOleInPlaceObject> inPlace;
-        if (SUCCEEDED(m_Object.As(&inPlace)))
-            inPlace->InPlaceDeactivate();
-        m_Object->Close(OLECLOSE_NOSAVE);
-        m_Object->SetClientSite(nullptr);
-    }
+    m_Events.reset();
+    Close(m_Loaded.object.Get());
     m_Extended->CutOff();
-    m_Object.Reset();
-    m_Control.Reset();
+    m_Loaded = {};
 }
 
 HWND ControlSite::ControlWindow() const {
     ComPtr<IOleInPlaceObject> inPlace;
     HWND window = nullptr;
-    if (m_Object && SUCCEEDED(m_Object.As(&inPlace)) && FAILED(inPlace->GetWindow(&window)))
+    if (m_Loaded.object && SUCCEEDED(m_Loaded.object.As(&inPlace)) && FAILED(inPlace->GetWindow(&window)))
         window = nullptr;
     return window;
 }
 
 bool ControlSite::Activate(LONG verb, MSG* cause) {
     const ComPtr<ControlSite> alive(this);
-    return m_Object && SUCCEEDED(m_Object->DoVerb(verb, cause, this, 0, m_Form.Window().Handle(), &m_Place));
+    return m_Loaded.object &&
+           SUCCEEDED(m_Loaded.object->DoVerb(verb, cause, this, 0, m_Form.Window().Handle(), &m_Place));
 }
 
 void ControlSite::DeactivateUi() {
     ComPtr<IOleInPlaceObject> inPlace;
-    if (m_Object && SUCCEEDED(m_Object.As(&inPlace)))
+    if (m_Loaded.object && SUCCEEDED(m_Loaded.object.As(&inPlace)))
         inPlace->UIDeactivate();
 }
 
 ComPtr<IDispatch> ControlSite::Automation() const {
     ComPtr<IDispatch> automation;
-    if (m_Control)
-        m_Control.As(&automation);
+    if (m_Loaded.control)
+        m_Loaded.control.As(&automation);
     return automation;
 }
 
@@ -128,7 +160,7 @@ bool ControlSite::IsOfControl(HWND window) const {
 
 bool ControlSite::TranslateAccessKey(MSG& message) {
     ComPtr<IOleControl> control;
-    return m_Control && IsAccessKey(message) && SUCCEEDED(m_Control.As(&control)) &&
+    return m_Loaded.control && IsAccessKey(message) && SUCCEEDED(m_Loaded.control.As(&control)) &&
            SUCCEEDED(control->OnMnemonic(&message));
 }
 
@@ -138,7 +170,8 @@ bool ControlSite::IsAccessKey(MSG& message) const {
     ComPtr<IOleControl> control;
     CONTROLINFO info = {};
     info.cb = sizeof info;
-    if (FAILED(m_Control.As(&control)) || FAILED(control->GetControlInfo(&info)) || !info.hAccel || info.cAccel == 0)
+    if (FAILED(m_Loaded.control.As(&control)) || FAILED(control->GetControlInfo(&info)) || !info.hAccel ||
+        info.cAccel == 0)
         return false;
     return IsAccelerator(info.hAccel, info.cAccel, &message, nullptr) != FALSE;
 }
@@ -147,6 +180,11 @@ void ControlSite::MoveTo(const RECT& place) {
     if (m_Align == Align::None && !EqualRect(&place, &m_Place))
         m_Fills = false;
     m_Place = place;
+    m_Form.Layout();
+}
+
+void ControlSite::SetFills(bool fills) {
+    m_Fills = fills;
     m_Form.Layout();
 }
 
@@ -174,7 +212,7 @@ void ControlSite::Place(const RECT& rest) {
     if (m_Fills && m_Align == Align::None)
         m_Place = rest;
     ComPtr<IOleInPlaceObject> inPlace;
-    if (m_Object && SUCCEEDED(m_Object.As(&inPlace)))
+    if (m_Loaded.object && SUCCEEDED(m_Loaded.object.As(&inPlace)))
         inPlace->SetObjectRects(&m_Place, &m_Place);
 }
 

@@ -2,12 +2,15 @@
 
 #include "ComObject.h"
 #include "ControlFrame.h"
+#include "EventBinder.h"
 #include "ExtendedControl.h"
+#include "SettingsBag.h"
 
 #include <ocidl.h>
 #include <oleidl.h>
 #include <servprov.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -25,15 +28,20 @@ public:
     // Without a place the control fills what the others leave.
     ControlSite(Form& form, std::wstring name, std::optional<RECT> place);
 
-    // Creates the control of that class, new and without stored state, and activates it in place. Throws a Failure.
-    void Load(const wchar_t* progId);
+    // Creates the control of that class, with what the bag holds or, without one, new, and activates it in place. It
+    // replaces the one that was here, and gets the focus where that had it. Throws a Failure; nothing has changed then.
+    void Load(const std::wstring& progId, SettingsBag* stored = nullptr);
+
+    // Has the events of the control heard for as long as it is here.
+    void Hear(std::unique_ptr<EventBinder> events) { m_Events = std::move(events); }
 
     // Takes the control out again and lets go of it.
     void Unload();
 
-    IUnknown* Control() const { return m_Control.Get(); }
+    const std::wstring& ProgId() const { return m_ProgId; }
+    IUnknown* Control() const { return m_Loaded.control.Get(); }
     ComPtr<IDispatch> Automation() const; // null when the control has none
-    IDispatch* Extended() const { return m_Extended.Get(); }
+    ExtendedControl* Extended() const { return m_Extended.Get(); }
 
     // The control's window, null while it has none.
     HWND ControlWindow() const;
@@ -50,6 +58,8 @@ public:
     // others leave does so until it gets another place.
     const RECT& Place() const { return m_Place; }
     void MoveTo(const RECT& place);
+    bool Fills() const { return m_Fills; }
+    void SetFills(bool fills);
     void TakeEdge(RECT& rest); // of an aligned control
     void Place(const RECT& rest);
 
@@ -112,15 +122,23 @@ public:
     STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** result) override;
 
 private:
+    struct Loaded {
+        ComPtr<IUnknown> control;
+        ComPtr<IOleObject> object;
+    };
+
     void* Find(REFIID iid) override;
+    void BringUp(SettingsBag* stored);
+    static void Close(IOleObject* object);
     bool IsAccessKey(MSG& message) const;
     HRESULT Ambient(DISPID id, VARIANT& value) const;
 
     Form& m_Form;
     ComPtr<ExtendedControl> m_Extended;
     ComPtr<IDispatch> m_Font;
-    ComPtr<IUnknown> m_Control;
-    ComPtr<IOleObject> m_Object;
+    Loaded m_Loaded;
+    std::unique_ptr<EventBinder> m_Events;
+    std::wstring m_ProgId;
     std::wstring m_Name;
     std::wstring m_ToolTip;
     std::wstring m_Tag;

@@ -74,6 +74,7 @@ public:
 
     // Always succeeds: an error of the script ends the run, and until it has ended the control is left in peace.
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*, UINT*) override {
+        const ComPtr<EventSink> alive(this); // a procedure may replace the control
         const auto procedure = m_Procedures.find(id);
         if (procedure == m_Procedures.end() || m_Run.Ending())
             return S_OK;

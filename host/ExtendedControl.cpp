@@ -35,6 +35,7 @@ enum ExtendedId : DISPID {
     kAlign = kBase + 0x101,
     kMove = kBase + 0x102,
     kSetFocus = kBase + 0x103,
+    kFills = kBase + 0x104,
 };
 
 using Side = LONG RECT::*;
@@ -91,6 +92,8 @@ const ExtendedControl::Member ExtendedControl::kMembers[] = {
      [](ControlSite& s, const CallArguments& a) { PutSize(s, &RECT::left, &RECT::right, a.Integer(0)); }},
     {L"Height", kHeight, [](ControlSite& s) { return _variant_t(Get(s, &RECT::top, &RECT::bottom)); },
      [](ControlSite& s, const CallArguments& a) { PutSize(s, &RECT::top, &RECT::bottom, a.Integer(0)); }},
+    {L"Fills", kFills, [](ControlSite& s) { return _variant_t(s.Fills()); },
+     [](ControlSite& s, const CallArguments& a) { s.SetFills(a.Integer(0) != 0); }},
     {L"Visible", kVisible, [](ControlSite& s) { return _variant_t(s.IsVisible()); },
      [](ControlSite& s, const CallArguments& a) { s.Show(a.Integer(0) != 0); }},
     {L"TabIndex", kTabIndex, [](ControlSite& s) { return _variant_t(s.TabIndex()); },
@@ -119,6 +122,29 @@ const ExtendedControl::Member ExtendedControl::kMembers[] = {
      [](ControlSite& s, const CallArguments&) { s.Activate(OLEIVERB_UIACTIVATE, nullptr); }, true},
 };
 
+const ExtendedControl::Member* ExtendedControl::MemberOf(const wchar_t* name) {
+    for (const Member& member : kMembers)
+        if (_wcsicmp(member.name, name) == 0)
+            return &member;
+    return nullptr;
+}
+
+_variant_t ExtendedControl::Value(const wchar_t* name) const {
+    const Member* const member = MemberOf(name);
+    if (!m_Site || !member || !member->get)
+        throw Failure{L"The form knows no " + std::wstring(name) + L" of the control"};
+    return member->get(*m_Site);
+}
+
+void ExtendedControl::SetValue(const wchar_t* name, const _variant_t& value) {
+    const Member* const member = MemberOf(name);
+    if (!m_Site || !member || !member->put || member->method)
+        throw Failure{L"The form knows no " + std::wstring(name) + L" of the control"};
+    _variant_t given = value;
+    DISPPARAMS passed{&given, nullptr, 1, 0};
+    member->put(*m_Site, CallArguments(passed));
+}
+
 ComPtr<IDispatch> ExtendedControl::Inner() const { return m_Site ? m_Site->Automation() : nullptr; }
 
 STDMETHODIMP ExtendedControl::GetTypeInfoCount(UINT* count) {
@@ -132,11 +158,9 @@ STDMETHODIMP ExtendedControl::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
 }
 
 STDMETHODIMP ExtendedControl::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) {
-    for (const Member& member : kMembers) {
-        if (count == 1 && _wcsicmp(member.name, names[0]) == 0) {
-            ids[0] = member.id;
-            return S_OK;
-        }
+    if (const Member* const member = count == 1 ? MemberOf(names[0]) : nullptr) {
+        ids[0] = member->id;
+        return S_OK;
     }
     const ComPtr<IDispatch> inner = Inner();
     return inner ? inner->GetIDsOfNames(reserved, names, count, locale, ids) : DISP_E_UNKNOWNNAME;

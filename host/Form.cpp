@@ -18,14 +18,15 @@ Form::~Form() {
     m_Frame->SetActiveObject(nullptr, nullptr);
 }
 
-ControlSite& Form::Add(const std::wstring& progId, const std::wstring& name, std::optional<RECT> place) {
+ControlSite& Form::Add(const std::wstring& progId, const std::wstring& name, std::optional<RECT> place,
+                       SettingsBag* stored) {
     if (name.empty() || Find(name))
         throw Failure{L"A control needs a name of its own"};
     const ComPtr<ControlSite> site = MakeCom<ControlSite>(*this, name, place);
     m_Sites.push_back(site);
     try {
         Layout();
-        site->Load(progId.c_str());
+        site->Load(progId, stored);
     } catch (...) {
         m_Sites.erase(std::find(m_Sites.begin(), m_Sites.end(), site));
         if (m_UiActive == site.Get())
@@ -133,6 +134,14 @@ void Form::MoveTo(const ControlSite& site, long tabIndex) {
     ComPtr<ControlSite> moved = std::move(*from);
     m_Sites.erase(from);
     m_Sites.insert(m_Sites.begin() + std::clamp(tabIndex, 0L, static_cast<long>(m_Sites.size())), std::move(moved));
+    Layout();
+}
+
+void Form::Arrange(const std::vector<ComPtr<ControlSite>>& order) {
+    auto next = order.begin();
+    for (ComPtr<ControlSite>& place : m_Sites)
+        if (next != order.end() && std::find(order.begin(), order.end(), place) != order.end())
+            place = *next++;
     Layout();
 }
 

@@ -22,10 +22,14 @@ public:
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
 
-    // Creates a control of that class, new and without stored state, and activates it in place. A place is in pixels of
-    // the window; without one the control fills what the aligned ones leave. Throws a Failure, also for a name in use.
-    ControlSite& Add(const std::wstring& progId, const std::wstring& name, std::optional<RECT> place);
+    // Creates a control of that class, new or with what the bag holds, and activates it in place. A place is in pixels
+    // of the window; without one the control fills what the aligned ones leave. Throws a Failure, also for a name in
+    // use.
+    ControlSite& Add(const std::wstring& progId, const std::wstring& name, std::optional<RECT> place,
+                     SettingsBag* stored = nullptr);
     ControlSite* Find(const std::wstring& name) const; // in any case; null when there is none
+
+    const std::vector<ComPtr<ControlSite>>& Sites() const { return m_Sites; }
 
     // Offered each message before it is dispatched: tips follow the mouse, and a key goes to the active control's own
     // handling, to TAB, and to access keys. True when it was used up.
@@ -47,6 +51,8 @@ public:
     void UiActivated(ControlSite& site); // the one that was active is told
     long TabIndexOf(const ControlSite& site) const;
     void MoveTo(const ControlSite& site, long tabIndex); // cut off at the ends
+    // These controls follow one another in this order, on the places that they have among all.
+    void Arrange(const std::vector<ComPtr<ControlSite>>& order);
     void SetToolTip(const ControlSite& site, const std::wstring& text);
 
 private:

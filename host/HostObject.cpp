@@ -2,7 +2,9 @@
 
 #include "CallArguments.h"
 #include "CellPainter.h"
+#include "EventBinder.h"
 #include "Failure.h"
+#include "FormStore.h"
 #include "PngFile.h"
 #include "Screen.h"
 #include "Text.h"
@@ -97,12 +99,18 @@ const HostObject::Member HostObject::kMembers[] = {
     {L"Picture", 1, 1, &HostObject::Picture},       // (file), relative to the script's folder: a picture object
     {L"AddControl", 6, 6, &HostObject::AddControl}, // class, name, left, top, width, height: the control as placed
     {L"Control", 1, 1, &HostObject::Control},       // (name): the control as placed; the grid's name is "Grid"
+    {L"SaveForm", 1, 1, &HostObject::SaveForm},     // file, relative to the script's folder: all controls
+    {L"LoadForm", 1, 1, &HostObject::LoadForm},     // the same: makes its controls anew
     {L"Include", 1, 1, &HostObject::Include},       // file, relative to the script's folder
     {L"Arguments", 0, 0, &HostObject::Arguments},   // array of the script's own arguments
     {L"Interactive", 0, 0, &HostObject::Interactive},   // whether a person may be there: no picture was asked for
     {L"ScriptFolder", 0, 0, &HostObject::ScriptFolder}, // without a separator at its end
     {L"Quit", 0, 1, &HostObject::Quit},                 // [exit code]
 };
+
+HostObject::HostObject(const HostParts& parts) : m_Parts(parts) { parts.form.SetParent(this); }
+
+HostObject::~HostObject() { m_Parts.form.SetParent(nullptr); }
 
 STDMETHODIMP HostObject::GetTypeInfoCount(UINT* count) {
     *count = 0;
@@ -308,20 +316,34 @@ _variant_t HostObject::AddControl(const CallArguments& arguments) {
     const std::wstring name = arguments.Text(1);
     const RECT place{arguments.Integer(2), arguments.Integer(3), arguments.Integer(2) + arguments.Integer(4),
                      arguments.Integer(3) + arguments.Integer(5)};
-    const ControlSite& site = m_Parts.form.Add(arguments.Text(0), name, place);
+    ControlSite& site = m_Parts.form.Add(arguments.Text(0), name, place);
+    Hear(site);
+    return _variant_t(static_cast<IDispatch*>(site.Extended()));
+}
+
+void HostObject::Hear(ControlSite& site) {
     try {
-        m_Events.push_back(std::make_unique<EventBinder>(site.Control(), name + L"_", m_Parts.script, m_Parts.run));
+        site.Hear(std::make_unique<EventBinder>(site.Control(), site.Name() + L"_", m_Parts.script, m_Parts.run));
     } catch (const Failure&) { // NOLINT(bugprone-empty-catch)
         // A control may have no events.
     }
-    return _variant_t(site.Extended());
+}
+
+_variant_t HostObject::SaveForm(const CallArguments& arguments) {
+    ormisk::SaveForm(m_Parts.form, BesideScript(arguments.Text(0)));
+    return {};
+}
+
+_variant_t HostObject::LoadForm(const CallArguments& arguments) {
+    ormisk::LoadForm(m_Parts.form, BesideScript(arguments.Text(0)), [this](ControlSite& site) { Hear(site); });
+    return {};
 }
 
 _variant_t HostObject::Control(const CallArguments& arguments) {
     const ControlSite* const site = m_Parts.form.Find(arguments.Text(0));
     if (!site)
         throw Failure{L"There is no control " + arguments.Text(0)};
-    return _variant_t(site->Extended());
+    return _variant_t(static_cast<IDispatch*>(site->Extended()));
 }
 
 _variant_t HostObject::Include(const CallArguments& arguments) {

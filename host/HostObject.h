@@ -2,7 +2,6 @@
 
 #include "ComObject.h"
 #include "ContactSheet.h"
-#include "EventBinder.h"
 #include "Form.h"
 #include "HostWindow.h"
 #include "Input.h"
@@ -13,9 +12,7 @@
 
 #include <comutil.h>
 
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace ormisk {
 
@@ -36,8 +33,8 @@ struct HostParts {
 // the run is ending fails, which unwinds the script.
 class HostObject final : public ComObject<IDispatch> {
 public:
-    explicit HostObject(const HostParts& parts) : m_Parts(parts) { parts.form.SetParent(this); }
-    ~HostObject() override { m_Parts.form.SetParent(nullptr); }
+    explicit HostObject(const HostParts& parts);
+    ~HostObject() override;
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
@@ -69,18 +66,20 @@ private:
     _variant_t Picture(const CallArguments& arguments);
     _variant_t AddControl(const CallArguments& arguments);
     _variant_t Control(const CallArguments& arguments);
+    _variant_t SaveForm(const CallArguments& arguments);
+    _variant_t LoadForm(const CallArguments& arguments);
     _variant_t Include(const CallArguments& arguments);
     _variant_t Arguments(const CallArguments& arguments);
     _variant_t Interactive(const CallArguments& arguments);
     _variant_t ScriptFolder(const CallArguments& arguments);
     _variant_t Quit(const CallArguments& arguments);
 
+    void Hear(ControlSite& site);
     Bitmap GridOnScreen();
     std::wstring BesideScript(const std::wstring& path) const;
 
     HostParts m_Parts;
     ContactSheet m_Sheet;
-    std::vector<std::unique_ptr<EventBinder>> m_Events; // of added controls
 };
 
 } // namespace ormisk

@@ -3,6 +3,7 @@
 #include "EventBinder.h"
 #include "Failure.h"
 #include "Form.h"
+#include "FormNames.h"
 #include "HostObject.h"
 #include "HostWindow.h"
 #include "Input.h"
@@ -17,6 +18,7 @@
 #include <ole2.h>
 #include <windows.h>
 
+#include <memory>
 #include <stdexcept>
 
 namespace ormisk {
@@ -93,9 +95,10 @@ int RunScript(const Options& options, const std::wstring& text) {
         Input input(window.Handle(), site, pump, run);
         ScriptEngine script(options.language, window.Handle(), run);
         const ComPtr<HostObject> host = MakeCom<HostObject>(HostParts{run, options, window, form, pump, input, script});
-        script.AddObject(L"Grid", site.Control());
+        const ComPtr<FormNames> names = MakeCom<FormNames>(site);
+        script.AddMembers(L"Form", names.Get());
         script.AddObject(L"Host", host.Get());
-        const EventBinder events(site.Control(), L"Grid_", script, run);
+        site.Hear(std::make_unique<EventBinder>(site.Control(), L"Grid_", script, run));
         script.RunText(text, options.script);
         pump.UntilEnd();
         run.Unwound();

@@ -32,9 +32,9 @@ ScriptEngine::~ScriptEngine() {
     m_Site->ForgetObjects();
 }
 
-void ScriptEngine::AddObject(const std::wstring& name, IUnknown* object) {
+void ScriptEngine::AddItem(const std::wstring& name, IUnknown* object, DWORD flags) {
     m_Site->AddObject(name, object);
-    Check(m_Engine->AddNamedItem(name.c_str(), SCRIPTITEM_ISVISIBLE), L"The script engine refuses an object");
+    Check(m_Engine->AddNamedItem(name.c_str(), flags), L"The script engine refuses an object");
 }
 
 void ScriptEngine::RunText(const std::wstring& text, const std::wstring& path) {

@@ -23,7 +23,10 @@ public:
     ScriptEngine& operator=(const ScriptEngine&) = delete;
 
     // Makes an object known under a name; before the first text runs.
-    void AddObject(const std::wstring& name, IUnknown* object);
+    void AddObject(const std::wstring& name, IUnknown* object) { AddItem(name, object, SCRIPTITEM_ISVISIBLE); }
+
+    // The same for the members of an object, under their own names. They are asked for anew at each use.
+    void AddMembers(const std::wstring& name, IUnknown* object) { AddItem(name, object, SCRIPTITEM_GLOBALMEMBERS); }
 
     // Runs the text of a file; its procedures stay.
     void RunText(const std::wstring& text, const std::wstring& path);
@@ -35,6 +38,7 @@ public:
     void FailIn(const std::wstring& procedure, const std::wstring& text);
 
 private:
+    void AddItem(const std::wstring& name, IUnknown* object, DWORD flags);
     void Interrupt();
 
     Run& m_Run;

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace ormisk {
@@ -34,6 +35,18 @@ std::string EncodeUtf8(const std::wstring& text) {
     return bytes;
 }
 
+// The text of a file with a mark at its beginning.
+std::optional<std::wstring> DecodeMarked(std::string_view bytes) {
+    if (bytes.starts_with("\xFF\xFE")) {
+        std::wstring text((bytes.size() - 2) / sizeof(wchar_t), 0);
+        std::memcpy(text.data(), bytes.data() + 2, text.size() * sizeof(wchar_t));
+        return text;
+    }
+    if (bytes.starts_with("\xEF\xBB\xBF"))
+        return Decode(CP_UTF8, 0, bytes.substr(3));
+    return std::nullopt;
+}
+
 std::string ReadBytes(const std::wstring& path) {
     const HANDLE opened = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     CheckLast(opened != INVALID_HANDLE_VALUE, path.c_str());
@@ -43,6 +56,15 @@ std::string ReadBytes(const std::wstring& path) {
     for (DWORD read = 1; read > 0; bytes.append(block, read))
         CheckLast(ReadFile(file.get(), block, sizeof block, &read, nullptr) != FALSE, path.c_str());
     return bytes;
+}
+
+void WriteBytes(const std::wstring& path, const std::string& bytes) {
+    const HANDLE opened = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    CheckLast(opened != INVALID_HANDLE_VALUE, path.c_str());
+    const std::unique_ptr<HANDLE, CloseFile> file(opened);
+    DWORD written = 0;
+    CheckLast(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != FALSE,
+              path.c_str());
 }
 
 } // namespace
@@ -62,16 +84,33 @@ void PrintLine(Stream stream, const std::wstring& line) {
 
 std::wstring ReadTextFile(const std::wstring& path) {
     const std::string bytes = ReadBytes(path);
-    const std::string_view view = bytes;
-    if (view.starts_with("\xFF\xFE")) {
-        std::wstring text((view.size() - 2) / sizeof(wchar_t), 0);
-        std::memcpy(text.data(), view.data() + 2, text.size() * sizeof(wchar_t));
-        return text;
+    if (const auto marked = DecodeMarked(bytes))
+        return *marked;
+    const std::wstring text = Decode(CP_UTF8, MB_ERR_INVALID_CHARS, bytes);
+    return text.empty() ? Decode(CP_ACP, 0, bytes) : text;
+}
+
+std::wstring ReadUtf8File(const std::wstring& path) {
+    const std::string bytes = ReadBytes(path);
+    const auto marked = DecodeMarked(bytes);
+    return marked ? *marked : Decode(CP_UTF8, 0, bytes);
+}
+
+void WriteUtf8File(const std::wstring& path, const std::wstring& text) {
+    const std::wstring fresh = path + L".new";
+    std::wstring lines;
+    for (const wchar_t sign : text) {
+        if (sign == L'\n')
+            lines += L'\r';
+        lines += sign;
     }
-    if (view.starts_with("\xEF\xBB\xBF"))
-        return Decode(CP_UTF8, 0, view.substr(3));
-    const std::wstring text = Decode(CP_UTF8, MB_ERR_INVALID_CHARS, view);
-    return text.empty() ? Decode(CP_ACP, 0, view) : text;
+    try {
+        WriteBytes(fresh, EncodeUtf8(lines));
+        CheckLast(MoveFileExW(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE, path.c_str());
+    } catch (const Failure&) {
+        DeleteFileW(fresh.c_str());
+        throw;
+    }
 }
 
 std::wstring Widen(const char* ascii) { return std::wstring(ascii, ascii + std::strlen(ascii)); }

@@ -13,6 +13,13 @@ void PrintLine(Stream stream, const std::wstring& line);
 // Throws a Failure when the file cannot be read.
 std::wstring ReadTextFile(const std::wstring& path);
 
+// The same for a file that is UTF-8 where it has no mark: bytes that are none show as U+FFFD.
+std::wstring ReadUtf8File(const std::wstring& path);
+
+// Writes UTF-8, each \n as a line end of Windows. A file that is there already is replaced when all is written. Throws
+// a Failure.
+void WriteUtf8File(const std::wstring& path, const std::wstring& text);
+
 // Wide form of a message made of ASCII characters.
 std::wstring Widen(const char* ascii);
 

@@ -52,5 +52,6 @@ CheckEqual "a name in use", "A control needs a name of its own", Err.Description
 Err.Clear
 Host.AddControl "No.Such.Class", "Third", 0, 0, 10, 10
 CheckEqual "no such class", True, Err.Number <> 0
+CheckEqual "the others are still there", "01", Host.Control("Grid").TabIndex & second.TabIndex
 On Error GoTo 0
 Finish
