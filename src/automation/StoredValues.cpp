@@ -81,7 +81,7 @@ std::wstring TextFrom(const std::vector<std::uint8_t>& bytes) {
     return text;
 }
 
-ComPtr<IStream> MemoryStream(const std::vector<std::uint8_t>& bytes = {}) {
+ComPtr<IStream> MemoryStream(std::span<const std::uint8_t> bytes) {
     ComPtr<IStream> stream;
     *stream.GetAddressOf() = SHCreateMemStream(bytes.data(), static_cast<UINT>(bytes.size()));
     if (!stream)
@@ -89,27 +89,28 @@ ComPtr<IStream> MemoryStream(const std::vector<std::uint8_t>& bytes = {}) {
     return stream;
 }
 
+// The identifier of the class, and what the object writes itself.
 std::vector<std::uint8_t> BytesOfObject(IUnknown* object) {
     const ComPtr<IPersistStream> persistent = Query<IPersistStream>(object);
     CLSID id{};
     if (!persistent || FAILED(persistent->GetClassID(&id)) || !IsStorable(id))
         Check(DISP_E_TYPEMISMATCH);
-    const ComPtr<IStream> stream = MemoryStream();
+    const ComPtr<IStream> stream = MemoryStream({});
     Check(WriteClassStm(stream.Get(), id));
     Check(persistent->Save(stream.Get(), TRUE));
     Check(stream->Seek({}, STREAM_SEEK_SET, nullptr));
     return ReadBytes(stream.Get(), kMostStored);
 }
 
-_variant_t ObjectFrom(const std::vector<std::uint8_t>& bytes) {
-    const ComPtr<IStream> stream = MemoryStream(bytes);
+// Pictures want a stream of their own.
+_variant_t ObjectFrom(std::span<const std::uint8_t> bytes) {
     CLSID id{};
-    Check(ReadClassStm(stream.Get(), &id));
+    Check(ReadClassStm(MemoryStream(bytes).Get(), &id));
     if (!IsStorable(id))
         Check(DISP_E_TYPEMISMATCH);
+    const ComPtr<IStream> stream = MemoryStream(bytes.subspan(sizeof id));
     ComPtr<IDispatch> object;
     if (id == CLSID_StdPicture) {
-        // Its class makes none by itself.
         Check(
             OleLoadPicture(stream.Get(), 0, FALSE, IID_IPictureDisp, reinterpret_cast<void**>(object.GetAddressOf())));
     } else {

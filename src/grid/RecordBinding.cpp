@@ -112,10 +112,16 @@ void RecordBinding::AddRow(const RecordField& field, bool autoUpdate) {
         row.key = name;
     row.readOnly = !field.IsUpdatable();
     row.editorType = EditorTypeForField(field, row.readOnly);
+    const bool suits = IsValueValidForEditor(value, row.editorType);
+    if (!suits)
+        row.value = nullptr; // it shows all the same
     const ComPtr<CProperties> properties = m_Grid.m_CProperties;
     const ComPtr<CProperty> property = properties ? properties->AddProperty(nullptr, row) : nullptr;
-    if (property)
-        ConfigureFieldRow(field, *property.Get());
+    if (!property)
+        return;
+    ConfigureFieldRow(field, *property.Get());
+    if (!suits)
+        ShowField(*property.Get(), field);
 }
 
 // One without a key is filed by its name alone.

@@ -104,7 +104,8 @@ void TipsAndHelp::UpdateTooltip(long x, long y) {
     m_Tooltip.Unicode(byteExpanded);
     m_Tooltip.Text(Tool(), text);
     m_Tooltip.Activate(true);
-    m_Ready = true;
+    if (std::exchange(m_Ready, place->cell) != place->cell)
+        m_Tooltip.Relay(x, y);
 }
 
 bool TipsAndHelp::OnNotify(const NMHDR& notice, LRESULT& result) {
@@ -134,9 +135,9 @@ bool TipsAndHelp::OnTooltipShow() {
 }
 
 void TipsAndHelp::Hide() {
-    if (!m_Ready)
+    if (m_Ready == Cell())
         return;
-    m_Ready = false;
+    m_Ready = {};
     m_Shown = {};
     m_Tooltip.Text(Tool(), {});
     m_Tooltip.SetNewToolRect(Tool(), 0, 0, 0, 0);

@@ -56,8 +56,8 @@ private:
 
     Grid& m_Grid;
     CTooltip m_Tooltip;
-    Cell m_Shown;         // over which a tip stands
-    bool m_Ready = false; // the tool has a text
+    Cell m_Shown; // over which a tip stands
+    Cell m_Ready; // whose text the tool has
 };
 
 } // namespace ormisk

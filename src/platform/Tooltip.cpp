@@ -66,6 +66,14 @@ void CTooltip::Activate(bool bActive) const { Send(TTM_ACTIVATE, bActive); }
 
 void CTooltip::Pop() const { Send(TTM_POP); }
 
+void CTooltip::Relay(long x, long y) const {
+    MSG message{};
+    message.hwnd = m_hWndParent;
+    message.message = WM_MOUSEMOVE;
+    message.lParam = MAKELPARAM(x, y);
+    Send(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+}
+
 std::optional<TTTOOLINFOW> CTooltip::ToolAt(int index) const {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;

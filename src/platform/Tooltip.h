@@ -32,6 +32,8 @@ public:
     int ToolCount() const;
     void Activate(bool bActive) const;
     void Pop() const; // the tip on screen, if there is one, goes
+    // The mouse is at a point of the parent: a tool that came under it only now hears of it.
+    void Relay(long x, long y) const;
     void SetNewToolRect(UINT_PTR nId, long x, long y, long cx, long cy) const;
     // The window that has room for a text of this area.
     void AdjustRect(RECT& rect) const;

@@ -25,6 +25,17 @@ std::wstring Describe(_CProperty* row) {
            (Read(row, &_CProperty::get_ReadOnly) ? L" fixed" : L"");
 }
 
+TEST_F(RecordsetTest, AValueThatDoesNotSuitItsFieldHasNoRow) {
+    GridContainer host;
+    const auto records = MakeObject<RecordsetDouble>(
+        std::vector<FieldShape>{{.name = L"Age", .type = kIntegerField}, {.name = L"When", .type = 7}},
+        Records{{L"about forty", 1.5}, {41L, 2.5}});
+    LoadRecords(host, records.Get());
+    EXPECT_EQ(Values(host), L"Age=about forty When=1.5");
+    records->Host(L"MoveNext");
+    EXPECT_EQ(Values(host), L"Age=41 When=2.5");
+}
+
 TEST_F(RecordsetTest, AFieldGetsTheRowOfAnotherTypeOrMayBeEditedWhenItMayNot) {
     const struct {
         std::vector<long> types;

@@ -102,13 +102,13 @@ void PumpMessages() {
 // A window of the system's container with the grid in it.
 class AtlContainer {
 public:
-    AtlContainer() {
+    explicit AtlContainer(IStream* stored = nullptr) {
         using Create = HRESULT WINAPI(LPCOLESTR, HWND, IStream*, IUnknown**, IUnknown**, REFIID, IUnknown*);
         const auto create = Import<Create>(L"atl.dll", "AtlAxCreateControlEx");
         m_Window = CreateWindowExW(0, L"AtlAxWin", L"", WS_POPUP | WS_VISIBLE, 10, 10, 300, 300, nullptr, nullptr,
                                    GetModuleHandleW(nullptr), nullptr);
         ComPtr<IUnknown> control;
-        EXPECT_EQ(create(L"Ormisk.OrmiskGrid", m_Window, nullptr, &m_Container, &control, IID_NULL, nullptr), S_OK);
+        EXPECT_EQ(create(L"Ormisk.OrmiskGrid", m_Window, stored, &m_Container, &control, IID_NULL, nullptr), S_OK);
         grid = LateBound(control.Get());
         properties = grid.Object(L"Properties");
         PumpMessages();
@@ -257,6 +257,32 @@ TEST_F(GridInContainer, RowsAreNotOnScreenOrDoNotFollowTheContainersSize) {
 }
 
 // The palette of a colour row is no child of the container.
+TEST_F(GridInContainer, AStoredControlComesBackAsANewOne) {
+    ComPtr<IStream> stream;
+    ASSERT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, &stream), S_OK);
+    {
+        const AtlContainer container;
+        container.grid.Put(L"NameCaption", L"Feature");
+        container.grid.Put(L"BackColor", 0x00C0FFEEL);
+        ComPtr<IPersistStreamInit> state;
+        ASSERT_EQ(container.grid.Dispatch()->QueryInterface(IID_PPV_ARGS(&state)), S_OK);
+        EXPECT_EQ(state->Save(stream.Get(), TRUE), S_OK);
+        EXPECT_EQ(state->IsDirty(), S_FALSE);
+    }
+    EXPECT_EQ(stream->Seek({}, STREAM_SEEK_SET, nullptr), S_OK);
+    const AtlContainer container(stream.Get());
+    ULARGE_INTEGER read{};
+    stream->Seek({}, STREAM_SEEK_CUR, &read);
+    if (read.QuadPart == 0) { // Wine's container leaves the stream to others
+        ComPtr<IPersistStreamInit> state;
+        ASSERT_EQ(container.grid.Dispatch()->QueryInterface(IID_PPV_ARGS(&state)), S_OK);
+        EXPECT_EQ(state->Load(stream.Get()), S_OK);
+    }
+    const _variant_t caption = container.grid.Call(L"NameCaption");
+    EXPECT_STREQ(static_cast<const wchar_t*>(_bstr_t(caption)), L"Feature");
+    EXPECT_EQ(static_cast<long>(container.grid.Call(L"BackColor")), 0x00C0FFEEL);
+}
+
 TEST_F(GridInContainer, APaletteStaysBehindItsContainer) {
     const auto palette = [] {
         HWND found = nullptr;
