@@ -6,6 +6,7 @@
 #include "automation/StoredValues.h"
 #include "grid/PropertyTable.h"
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 #include <shlwapi.h>
@@ -236,9 +237,11 @@ TEST_F(GridTest, ABadValueCostsMoreThanItsOwnSetting) {
     const auto fresh = Settings(host.grid.Get());
     EXPECT_EQ(As<IPersistPropertyBag>(host)->Load(&bag, &bag), S_OK);
     const auto settings = Settings(host.grid.Get());
-    for (const wchar_t* kept :
-         {L"CategorySeparator", L"AlphabeticTabCaption", L"Indentation", L"ForeColor", L"Font", L"Picture", L"Sorted"})
+    for (const wchar_t* kept : {L"CategorySeparator", L"AlphabeticTabCaption", L"Indentation", L"ForeColor", L"Font",
+                                L"Picture", L"Sorted"}) {
         EXPECT_EQ(settings.at(kept), fresh.at(kept)) << kept;
+        EXPECT_NE(std::ranges::find(bag.told, kept), bag.told.end()) << kept;
+    }
     EXPECT_EQ(settings.at(L"InspectionDepth"), L"1");
     EXPECT_EQ(settings.at(L"BackColor"), std::to_wstring(static_cast<long>(0x8000000F)));
     EXPECT_EQ(settings.at(L"NameCaption"), L"12");
