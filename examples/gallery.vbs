@@ -40,6 +40,7 @@ Host.Include "lib\palette.vbs"
 Host.Include "lib\toolbar.vbs"
 Host.Include "lib\clocks.vbs"
 Host.Include "lib\record-sheet.vbs"
+Host.Include "lib\tip-sheet.vbs"
 
 Dim words, folder
 words = Host.Arguments
@@ -186,6 +187,7 @@ Sub MakeSheets()
     MakeSchemes
     MakeDisabled
     MakeRecords folder & "\..\clocks.db"
+    MakeTips ' the last one: the grid fills the window no more
 End Sub
 
 ' A grid as a new one is, of that size, with the rows that `fill` names; without the parts around the rows when bare.
