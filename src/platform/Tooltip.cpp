@@ -4,6 +4,7 @@
 #include "win/Checked.h"
 
 #include <algorithm>
+#include <cwchar>
 
 namespace ormisk {
 
@@ -152,8 +153,8 @@ std::wstring CTooltip::Text(UINT_PTR nId) const {
     std::wstring room(m_MaxTextLen + 1, L'\0');
     tool->lpszText = room.data();
     SendTool(TTM_GETTEXTW, room.size(), *tool);
-    const std::wstring shown = room.data();
-    return m_Unicode ? ExpandText(shown) : shown;
+    room.resize(std::wcslen(room.data()));
+    return m_Unicode ? ExpandText(room) : room;
 }
 
 void CTooltip::Text(UINT_PTR nId, const std::wstring& text) {
