@@ -3,6 +3,7 @@
 #include "grid/Grid.h"
 #include "grid/PaintPrimitives.h"
 #include "platform/TextOutput.h"
+#include "win/WindowText.h"
 
 #include <algorithm>
 
@@ -13,12 +14,6 @@ namespace {
 constexpr wchar_t kToolbarFont[] = L"RSToolbarFont";
 constexpr UINT kTotalFormat = DT_SINGLELINE | DT_NOPREFIX; // on a line with the number
 using enum RecordButton;
-
-std::wstring WindowText(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
 
 // What cannot be read is not so.
 template <class Call> bool Holds(Call&& call) {

@@ -1,6 +1,7 @@
 #include "platform/TextBox.h"
 
 #include "platform/TextOutput.h"
+#include "win/WindowText.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -46,12 +47,7 @@ void TextBox::Create(HWND parent, ChildWindowListener* listener) {
     SetMaxLength(0);
 }
 
-std::wstring TextBox::Text() const {
-    std::wstring text(static_cast<std::size_t>(hWnd() ? GetWindowTextLengthW(hWnd()) : 0), L'\0');
-    if (!text.empty())
-        text.resize(static_cast<std::size_t>(GetWindowTextW(hWnd(), text.data(), static_cast<int>(text.size()) + 1)));
-    return text;
-}
+std::wstring TextBox::Text() const { return WindowText(hWnd()); }
 
 void TextBox::SetText(const std::wstring& text) {
     ++m_TextsSet;

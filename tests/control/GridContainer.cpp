@@ -6,6 +6,7 @@
 
 #include "automation/Error.h"
 #include "automation/TypeLibrary.h"
+#include "win/WindowText.h"
 
 #include <cmath>
 #include <cstdio>
@@ -271,9 +272,7 @@ std::wstring GridContainer::EditText() const {
     const HWND box = EditBox();
     if (!box || !(GetWindowLongPtrW(box, GWL_STYLE) & WS_VISIBLE))
         return {};
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(box)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(box, text.data(), static_cast<int>(text.size()))));
-    return text;
+    return WindowText(box);
 }
 
 long GridContainer::HeaderHeight() const {

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace ormisk {
+
+// Empty without a window.
+std::wstring WindowText(HWND window);
+
+} // namespace ormisk
