@@ -182,17 +182,20 @@ HRESULT ControlCore::Load(IStorage* storage) {
     return Load(stream.Get());
 }
 
-HRESULT ControlCore::Save(IStorage* storage, BOOL) {
+HRESULT ControlCore::Save(IStorage* storage, BOOL sameAsLoad) {
     if (!storage)
         return E_POINTER;
+    m_SavedInPlace = sameAsLoad;
     ComPtr<IStream> stream;
     const HRESULT hr = storage->CreateStream(kStorageStream, STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0, 0,
                                              stream.GetAddressOf());
     return FAILED(hr) ? hr : Save(stream.Get(), FALSE);
 }
 
-HRESULT ControlCore::SaveCompleted(IStorage*) {
-    m_Dirty = false;
+// What went to another storage, which is not the control's from now on, was a copy.
+HRESULT ControlCore::SaveCompleted(IStorage* storage) {
+    if (m_SavedInPlace || storage)
+        m_Dirty = false;
     return S_OK;
 }
 

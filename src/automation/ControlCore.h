@@ -209,6 +209,7 @@ private:
     bool m_NewWanted = false; // InitNew came before there was a site
     bool m_Initialized = false;
     bool m_Dirty = false;
+    bool m_SavedInPlace = false; // the last time, into a storage
     bool m_Focused = false;
 };
 

@@ -35,19 +35,6 @@ std::uint32_t Checksum(Bytes bytes) {
     return ~value;
 }
 
-// Low byte first.
-void Put(std::vector<std::uint8_t>& to, std::uint32_t number, int bytes) {
-    for (int i = 0; i < bytes; ++i)
-        to.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
-}
-
-std::uint32_t Take(Bytes from, std::size_t at, std::size_t bytes) {
-    std::uint32_t number = 0;
-    for (std::size_t i = 0; i < bytes; ++i)
-        number |= static_cast<std::uint32_t>(from[at + i]) << (8 * i);
-    return number;
-}
-
 bool IsKnown(std::uint8_t type) { return type <= static_cast<std::uint8_t>(StoredType::Object); }
 
 // The record at the beginning of these bytes, and its length in all.
@@ -60,12 +47,12 @@ std::optional<Found> RecordAt(Bytes bytes) {
     if (bytes.size() < kRecordHead + kChecksum || !std::equal(std::begin(kMark), std::end(kMark), bytes.begin()))
         return std::nullopt;
     const std::size_t name = bytes[2];
-    const std::size_t data = Take(bytes, 4, 4);
+    const std::size_t data = TakeNumber(bytes.subspan(4, 4));
     const std::size_t rest = bytes.size() - kRecordHead - kChecksum;
     if (name == 0 || name > rest || data > rest - name)
         return std::nullopt;
     const std::size_t checked = kRecordHead + name + data;
-    if (Checksum(bytes.first(checked)) != Take(bytes, checked, kChecksum))
+    if (Checksum(bytes.first(checked)) != TakeNumber(bytes.subspan(checked, kChecksum)))
         return std::nullopt;
     Found found;
     found.length = checked + kChecksum;
@@ -80,6 +67,18 @@ std::optional<Found> RecordAt(Bytes bytes) {
 
 } // namespace
 
+void PutNumber(std::vector<std::uint8_t>& to, std::uint32_t number, int bytes) {
+    for (int i = 0; i < bytes; ++i)
+        to.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
+}
+
+std::uint32_t TakeNumber(Bytes from) {
+    std::uint32_t number = 0;
+    for (std::size_t i = 0; i < from.size(); ++i)
+        number |= static_cast<std::uint32_t>(from[i]) << (8 * i);
+    return number;
+}
+
 std::vector<std::uint8_t> EncodeStored(const std::vector<StoredValue>& values) {
     std::vector<std::uint8_t> records;
     for (const StoredValue& value : values) {
@@ -89,23 +88,23 @@ std::vector<std::uint8_t> EncodeStored(const std::vector<StoredValue>& values) {
         records.insert(records.end(), std::begin(kMark), std::end(kMark));
         records.push_back(static_cast<std::uint8_t>(value.name.size()));
         records.push_back(static_cast<std::uint8_t>(value.type));
-        Put(records, static_cast<std::uint32_t>(value.data.size()), 4);
+        PutNumber(records, static_cast<std::uint32_t>(value.data.size()), 4);
         records.insert(records.end(), value.name.begin(), value.name.end());
         records.insert(records.end(), value.data.begin(), value.data.end());
-        Put(records, Checksum(Bytes(records).subspan(start)), kChecksum);
+        PutNumber(records, Checksum(Bytes(records).subspan(start)), kChecksum);
     }
     std::vector<std::uint8_t> all(std::begin(kLetters), std::end(kLetters));
-    Put(all, kStoredVersion, 2);
-    Put(all, static_cast<std::uint32_t>(records.size()), 4);
+    PutNumber(all, kStoredVersion, 2);
+    PutNumber(all, static_cast<std::uint32_t>(records.size()), 4);
     all.insert(all.end(), records.begin(), records.end());
     return all;
 }
 
 std::optional<std::size_t> StoredLength(Bytes header) {
     if (header.size() < kStoredHeader || !std::equal(std::begin(kLetters), std::end(kLetters), header.begin()) ||
-        Take(header, 4, 2) == 0)
+        TakeNumber(header.subspan(4, 2)) == 0)
         return std::nullopt;
-    return std::min<std::size_t>(Take(header, 6, 4), kMostStored);
+    return std::min<std::size_t>(TakeNumber(header.subspan(6, 4)), kMostStored);
 }
 
 // Behind a damaged record the next sound one is looked for byte by byte.

@@ -35,6 +35,10 @@ inline constexpr std::size_t kStoredHeader = 10; // bytes
 // No longer store is read, and no longer value is written.
 inline constexpr std::size_t kMostStored = 64 * 1024 * 1024;
 
+// A number, low byte first.
+void PutNumber(std::vector<std::uint8_t>& to, std::uint32_t number, int bytes);
+std::uint32_t TakeNumber(std::span<const std::uint8_t> from); // at most 4 bytes
+
 // Values with a name of more than 255 letters, or of more than kMostStored bytes, are left out.
 std::vector<std::uint8_t> EncodeStored(const std::vector<StoredValue>& values);
 // How many bytes follow the header; none when this is no header. A later version is read as far as it is known.

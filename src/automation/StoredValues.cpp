@@ -49,28 +49,22 @@ std::string NameOf(const wchar_t* name) {
 }
 
 std::vector<std::uint8_t> BytesOf(std::uint32_t number) {
-    std::vector<std::uint8_t> bytes(4);
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes[i] = static_cast<std::uint8_t>(number >> (8 * i));
+    std::vector<std::uint8_t> bytes;
+    PutNumber(bytes, number, 4);
     return bytes;
 }
 
 std::uint32_t NumberOf(const std::vector<std::uint8_t>& bytes) {
     if (bytes.size() != 4)
         Check(DISP_E_TYPEMISMATCH);
-    std::uint32_t number = 0;
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        number |= static_cast<std::uint32_t>(bytes[i]) << (8 * i);
-    return number;
+    return TakeNumber(bytes);
 }
 
 // UTF-16, low byte first.
 std::vector<std::uint8_t> BytesOf(const std::wstring& text) {
     std::vector<std::uint8_t> bytes;
-    for (const wchar_t unit : text) {
-        bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
-        bytes.push_back(static_cast<std::uint8_t>(unit >> 8 & 0xFF));
-    }
+    for (const wchar_t unit : text)
+        PutNumber(bytes, unit, 2);
     return bytes;
 }
 

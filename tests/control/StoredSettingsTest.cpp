@@ -186,7 +186,11 @@ TEST_F(GridTest, ASettingIsLostOnTheWayThroughAStore) {
     EXPECT_EQ(As<IPersistStorage>(third)->Load(storage.Get()), S_OK) << "an empty one";
     EXPECT_EQ(Settings(third.grid.Get()), fresh);
     EXPECT_EQ(As<IPersistStorage>(source)->Save(storage.Get(), FALSE), S_OK);
+    source->put_LineColor(0x112233);
     EXPECT_EQ(As<IPersistStorage>(source)->SaveCompleted(nullptr), S_OK);
+    EXPECT_EQ(As<IPersistStorage>(source)->IsDirty(), S_OK) << "a copy";
+    EXPECT_EQ(As<IPersistStorage>(source)->SaveCompleted(storage.Get()), S_OK);
+    EXPECT_EQ(As<IPersistStorage>(source)->IsDirty(), S_FALSE);
     EXPECT_EQ(As<IPersistStorage>(third)->Load(storage.Get()), S_OK);
     EXPECT_EQ(Settings(third.grid.Get()), settings);
 }
