@@ -1,5 +1,6 @@
 #pragma once
 
+#include <oaidl.h>
 #include <unknwn.h>
 #include <windows.h>
 #include <wrl/client.h>
@@ -55,6 +56,19 @@ protected:
 
 private:
     std::atomic<ULONG> m_Count = 0;
+};
+
+// An object with IDispatch among its interfaces, of whose members no type tells.
+template <class... Interfaces> class UntypedObject : public ComObject<Interfaces...> {
+public:
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+        *count = 0;
+        return S_OK;
+    }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
+        *info = nullptr;
+        return E_NOTIMPL;
+    }
 };
 
 template <class T, class... Args> ComPtr<T> MakeCom(Args&&... args) {

@@ -78,16 +78,6 @@ HRESULT ControlSite::Ambient(DISPID id, VARIANT& value) const {
     return S_OK;
 }
 
-STDMETHODIMP ControlSite::GetTypeInfoCount(UINT* count) {
-    *count = 0;
-    return S_OK;
-}
-
-STDMETHODIMP ControlSite::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-    *info = nullptr;
-    return E_NOTIMPL;
-}
-
 STDMETHODIMP ControlSite::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     for (UINT i = 0; i < count; ++i)
         ids[i] = DISPID_UNKNOWN;

@@ -21,7 +21,7 @@ class Form;
 // The place of a control on the form, with what a control may ask of its container. The ambient properties are answered
 // through IDispatch.
 class ControlSite final
-    : public ComObject<IOleClientSite, IOleInPlaceSiteEx, IOleControlSite, IDispatch, IServiceProvider> {
+    : public UntypedObject<IOleClientSite, IOleInPlaceSiteEx, IOleControlSite, IDispatch, IServiceProvider> {
 public:
     enum class Align { None, Top, Bottom, Left, Right };
 
@@ -113,8 +113,6 @@ public:
     STDMETHODIMP OnFocus(BOOL gained) override;
     STDMETHODIMP ShowPropertyFrame() override;
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
     STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
     STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO* error, UINT* argumentError) override;

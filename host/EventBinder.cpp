@@ -60,16 +60,11 @@ std::map<DISPID, std::wstring> NamesOf(ITypeInfo* events) {
     return names;
 }
 
-class EventSink final : public ComObject<IDispatch> {
+class EventSink final : public UntypedObject<IDispatch> {
 public:
     EventSink(REFIID iid, std::map<DISPID, std::wstring> procedures, ScriptEngine& script, Run& run)
         : m_Iid(iid), m_Procedures(std::move(procedures)), m_Script(script), m_Run(run) {}
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-        *count = 0;
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
 
     // Always succeeds: an error of the script ends the run, and until it has ended the control is left in peace.

@@ -147,16 +147,6 @@ void ExtendedControl::SetValue(const wchar_t* name, const _variant_t& value) {
 
 ComPtr<IDispatch> ExtendedControl::Inner() const { return m_Site ? m_Site->Automation() : nullptr; }
 
-STDMETHODIMP ExtendedControl::GetTypeInfoCount(UINT* count) {
-    *count = 0;
-    return S_OK;
-}
-
-STDMETHODIMP ExtendedControl::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-    *info = nullptr;
-    return E_NOTIMPL;
-}
-
 STDMETHODIMP ExtendedControl::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) {
     if (const Member* const member = count == 1 ? MemberOf(names[0]) : nullptr) {
         ids[0] = member->id;

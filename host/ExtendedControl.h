@@ -13,7 +13,7 @@ class ControlSite;
 // A control as its form knows it: what belongs to the place of the control comes from here (Name, Parent, Object, Left,
 // Top, Width, Height, Fills, Visible, TabIndex, TabStop, ToolTipText, Align, Tag, HelpContextID; Move and SetFocus),
 // every other member is the control's own. Sizes are pixels of the window.
-class ExtendedControl final : public ComObject<IDispatch> {
+class ExtendedControl final : public UntypedObject<IDispatch> {
 public:
     // Uncounted; CutOff comes before the site goes.
     explicit ExtendedControl(ControlSite& site) : m_Site(&site) {}
@@ -23,8 +23,6 @@ public:
     _variant_t Value(const wchar_t* name) const;
     void SetValue(const wchar_t* name, const _variant_t& value);
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
     STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
     STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO* error, UINT* argumentError) override;

@@ -13,16 +13,6 @@ constexpr DISPID kControl = 1;
 
 } // namespace
 
-STDMETHODIMP FormNames::GetTypeInfoCount(UINT* count) {
-    *count = 0;
-    return S_OK;
-}
-
-STDMETHODIMP FormNames::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-    *info = nullptr;
-    return E_NOTIMPL;
-}
-
 STDMETHODIMP FormNames::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     const bool known = count == 1 && _wcsicmp(names[0], m_Site.Name().c_str()) == 0;
     for (UINT i = 0; i < count; ++i)

@@ -112,16 +112,6 @@ HostObject::HostObject(const HostParts& parts) : m_Parts(parts) { parts.form.Set
 
 HostObject::~HostObject() { m_Parts.form.SetParent(nullptr); }
 
-STDMETHODIMP HostObject::GetTypeInfoCount(UINT* count) {
-    *count = 0;
-    return S_OK;
-}
-
-STDMETHODIMP HostObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-    *info = nullptr;
-    return E_NOTIMPL;
-}
-
 // A member's number is its position in the table, counted from 1.
 STDMETHODIMP HostObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     for (UINT i = 0; i < count; ++i)

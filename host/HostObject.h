@@ -31,13 +31,11 @@ struct HostParts {
 
 // The object `Host` of the script. Its members are listed at the table in HostObject.cpp. A member that is called while
 // the run is ending fails, which unwinds the script.
-class HostObject final : public ComObject<IDispatch> {
+class HostObject final : public UntypedObject<IDispatch> {
 public:
     explicit HostObject(const HostParts& parts);
     ~HostObject() override;
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
     STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
     STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO* error, UINT* argumentError) override;
