@@ -6,6 +6,7 @@
 
 Option Explicit
 
+Host.Include "lib\click-on-row.vbs"
 Host.Include "lib\file-rows.vbs"
 
 FillGrid
@@ -38,15 +39,6 @@ Sub ShowItself()
     Host.Quit 0
 End Sub
 
-' Clicks down the names until the row of that name is selected.
 Sub ClickOn(name)
-    Dim y
-    For y = 50 To 600 Step 16
-        Host.Click 120, y
-        If Not Grid.SelectedProperty Is Nothing Then
-            If Grid.SelectedProperty.Name = name Then Exit Sub
-        End If
-    Next
-    Host.Echo "There is no row " & name & " in view."
-    Host.Quit 1
+    ClickOnRow Grid, name, 120, 50, 600
 End Sub

@@ -10,6 +10,7 @@ Const omAlphabetic = 0
 Const omCatagorized = 1
 Const kRightEdge = 4
 
+Host.Include "lib\click-on-row.vbs"
 Host.Include "lib\own-looks.vbs"
 
 Dim inspector, objects

@@ -8,6 +8,7 @@
 
 Option Explicit
 
+Host.Include "lib\click-on-row.vbs"
 Host.Include "lib\clocks.vbs"
 Host.Include "lib\toolbar.vbs"
 
@@ -208,16 +209,8 @@ Sub Edit(name, keys)
     Host.Echo name & ": " & Grid.Properties(name).FormattedText
 End Sub
 
-' Clicks down the names until the row of that name is selected.
 Sub ClickOn(name)
-    Dim y
-    For y = 28 To 300 Step 16
-        Host.Click 60, y
-        If Not Grid.SelectedProperty Is Nothing Then
-            If Grid.SelectedProperty.Name = name Then Exit Sub
-        End If
-    Next
-    Fail "There is no row " & name & " in view."
+    ClickOnRow Grid, name, 60, 28, 300
 End Sub
 
 Sub CheckRecord()

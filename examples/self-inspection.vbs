@@ -7,6 +7,7 @@ Option Explicit
 
 Host.Include "lib\file-rows.vbs"
 Host.Include "lib\palette.vbs"
+Host.Include "lib\click-on-row.vbs"
 Host.Include "lib\own-looks.vbs"
 Host.Include "lib\own-settings.vbs"
 

@@ -1,5 +1,5 @@
 ' A grid that shows its own settings gets another font and a picture through its own editors. `place` is the grid as it is
-' placed on the form.
+' placed on the form. Needs click-on-row.vbs.
 
 ' The picture is one of this folder. The grid has the focus.
 Sub ChangeOwnLooks(place, pictures)
@@ -14,22 +14,11 @@ Sub ChangeOwnLooks(place, pictures)
     Host.Keys "+{TAB}^+p{F4}{END}{ENTER}"
 End Sub
 
-' Clicks down the names until the row of that name is selected, and gives its height on the form. What the double click
-' opens gets the keys.
+' What the double click on the row of that name opens gets the keys. Gives the height of the row on the form.
 Function DoubleClickOn(place, name, keys)
-    Dim x, y
+    Dim x
     x = place.Left + 60
-    For y = 58 To place.Height - 120 Step 16
-        Host.Click x, y
-        If Not place.SelectedProperty Is Nothing Then
-            If place.SelectedProperty.Name = name Then
-                If keys <> "" Then Host.Later keys, 1600
-                Host.DoubleClick x, y
-                DoubleClickOn = y
-                Exit Function
-            End If
-        End If
-    Next
-    Host.Echo "There is no row " & name & " in view."
-    Host.Quit 1
+    DoubleClickOn = ClickOnRow(place, name, x, 58, place.Height - 120)
+    If keys <> "" Then Host.Later keys, 1600
+    Host.DoubleClick x, DoubleClickOn
 End Function
