@@ -10,6 +10,9 @@ namespace ormisk {
 class Grid;
 struct GridState;
 
+// Handlers of one fill may begin another; one inside that is left out.
+inline constexpr int kMostFills = 2;
+
 // Keeps both trees, the selection and the screen in step with the model. It hears of every change of the properties and
 // of the nodes, and raises the public events that follow from them.
 class ModelView final : public PropertyOwner, public _CNodeListener {
@@ -63,6 +66,7 @@ private:
     void EndRemoval(const Removal& removal);
     void RemoveCategorizedNode(CNode* node);
     bool AskHost(const CNode& first, const CNode& second, bool nameButtonClicked, bool& swap);
+    void ShowRowChanged(CNode* node);
     void UpdateChildren(CProperty& property);
     void VisibilityChanged(CProperty& property);
     bool IsSelectedWithin(const CProperty& property) const;

@@ -5,14 +5,8 @@
 
 namespace ormisk {
 
-namespace {
-
-constexpr int kMostLoads = 2;
-
-} // namespace
-
 bool ObjectLoader::LoadObjectProperties(IDispatch* object, bool clear, bool autoUpdate) {
-    if (m_Loads == kMostLoads)
+    if (m_Loads == kMostFills)
         return false;
     bool done = false;
     m_Grid.m_ModelView.Fill([&] {

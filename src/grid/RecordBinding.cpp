@@ -14,7 +14,6 @@ namespace ormisk {
 
 namespace {
 
-constexpr int kMostLoads = 2;
 // Moves in handlers of moves that are shown one inside another.
 constexpr int kMostMoves = 8;
 
@@ -46,7 +45,7 @@ bool RecordBinding::IsLoad(unsigned load) const { return m_Grid.IsAlive() && m_L
 void RecordBinding::LoadRecordset(IDispatch* object, bool autoUpdate) {
     const Recordset given(object);
     const bool open = given.IsOpen();
-    if (given == m_Recordset || m_Loading == kMostLoads || !m_Grid.IsAlive())
+    if (given == m_Recordset || m_Loading == kMostFills || !m_Grid.IsAlive())
         return;
     const Meanwhile loading(m_Loading, m_Loading + 1);
     const unsigned load = ++m_Loads;
@@ -223,8 +222,9 @@ void RecordBinding::Write(const Recordset& source, const RecordField& field, con
 }
 
 bool RecordBinding::IsPropertyValueValid(CProperty& property) const {
-    if (m_Recordset && IsNull(property.Value())) {
-        const auto field = FindField(m_Recordset, property.Name());
+    const Recordset source = m_Recordset;
+    if (source && IsNull(property.Value())) {
+        const auto field = FindField(source, property.Name());
         bool nullable = false;
         if (field && IgnoringFailures([&] { nullable = field->IsNullable(); }))
             return nullable;
@@ -254,6 +254,7 @@ void RecordBinding::MoveComplete(MoveReason reason) {
 }
 
 void RecordBinding::ShowMove(MoveReason reason) {
+    const Recordset source = m_Recordset;
     const unsigned load = m_Loads;
     const unsigned move = m_Moves;
     const auto goesOn = [&] { return IsLoad(load) && m_Moves == move; };
@@ -262,7 +263,7 @@ void RecordBinding::ShowMove(MoveReason reason) {
     if (goesOn())
         m_Grid.m_Session.ShowMoved();
     if (goesOn())
-        m_Grid.m_RecordToolbar.MoveComplete(m_Recordset, reason);
+        m_Grid.m_RecordToolbar.MoveComplete(source, reason);
 }
 
 template <class F> void RecordBinding::Moving(MoveReason reason, F&& move) {
@@ -287,8 +288,10 @@ void RecordBinding::MoveTo(std::int32_t position) {
 }
 
 void RecordBinding::RecordsetChangeComplete() {
+    const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
+    const Recordset source = m_Recordset;
     if (m_Grid.IsAlive())
-        m_Grid.m_RecordToolbar.RecordsetChangeComplete(m_Recordset);
+        m_Grid.m_RecordToolbar.RecordsetChangeComplete(source);
 }
 
 } // namespace ormisk

@@ -185,9 +185,11 @@ private:
         else if (id == kMoveComplete && parameters && parameters->cArgs > 0 && !HasFailed(*parameters))
             m_Listener->MoveComplete(static_cast<MoveReason>(LongOf(parameters->rgvarg[parameters->cArgs - 1])));
     }
-    // Reason, error, status and recordset, of which the last comes first.
+    // Reason, error, status and recordset, of which the last comes first. Without a status it has been done.
     static bool HasFailed(const DISPPARAMS& parameters) {
-        return parameters.cArgs == 4 && LongOf(parameters.rgvarg[1]) == kErrorsOccurred;
+        std::int32_t status = 0;
+        IgnoringFailures([&] { status = parameters.cArgs == 4 ? LongOf(parameters.rgvarg[1]) : 0; });
+        return status == kErrorsOccurred;
     }
 
     RecordsetListener* m_Listener;
