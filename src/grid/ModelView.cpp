@@ -223,17 +223,23 @@ void ModelView::PropertyChangedEx(CProperty& property, Attribute attribute) {
     if (m_Grid.m_Selection.SelectedProperty() == &property)
         m_Grid.m_Panes.m_picDescPane.Invalidate(true); // name and help
     const Ref<CNode> node(m_Grid.m_ActiveNodes->ItemOf(property));
-    m_Grid.m_Tips.Hide(); // it may show what was there before
-    Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node.Get()); });
+    if (attribute != Attribute::Value)
+        m_Grid.m_Tips.Hide(); // rows may come, go or take another place
+    Trapped([&] { ShowRowChanged(node.Get()); });
     Trapped([&] { UpdateChildren(property); });
     if (node)
-        Trapped([&] { m_Grid.m_Panes.InvalidateNodeRow(node->ParentNode()); });
+        Trapped([&] { ShowRowChanged(node->ParentNode()); });
     if (attribute == Attribute::Visible)
         VisibilityChanged(property);
     else if (attribute == Attribute::Value)
         ValueChanged(property);
     else if (attribute == Attribute::Picture)
         Trapped([&] { m_Grid.m_Panes.RepaintRows(); });
+}
+
+void ModelView::ShowRowChanged(CNode* node) {
+    m_Grid.m_Tips.RowChanged(node); // it may show what was there before
+    m_Grid.m_Panes.InvalidateNodeRow(node);
 }
 
 // The children of a property that holds an object follow the new object at once.
@@ -247,7 +253,7 @@ void ModelView::UpdateChildren(CProperty& property) {
         if (!childProperty)
             continue;
         childProperty->SetSourceObject(object.Get()); // the former one may be let go, which can call the host
-        m_Grid.m_Panes.InvalidateNodeRow(m_Grid.m_ActiveNodes->ItemOf(*childProperty.Get()));
+        ShowRowChanged(m_Grid.m_ActiveNodes->ItemOf(*childProperty.Get()));
     }
 }
 

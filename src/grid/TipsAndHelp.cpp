@@ -6,6 +6,7 @@
 #include "win/Gdi.h"
 #include "win/Rects.h"
 
+#include <algorithm>
 #include <bit>
 
 namespace ormisk {
@@ -16,6 +17,7 @@ constexpr Color kNotSet = static_cast<Color>(-1);
 constexpr UINT kHelpContext = 0xF; // of the HTML viewer
 // A longer text is cut: a tip is to be read at a glance.
 constexpr std::size_t kMostInTip = 2000;
+constexpr long kTipFrame = 8; // frame and margins, at least
 
 // The viewer is loaded when it is asked for: not every system has it.
 void ShowHtmlHelp(const std::wstring& file, long topic) {
@@ -78,14 +80,16 @@ bool TipsAndHelp::IsCutOff(const Place& place, const std::wstring& text, HFONT f
 }
 
 void TipsAndHelp::UpdateTooltip(long x, long y) {
-    const auto place = PlaceAt(x, y);
-    if (!place || place->cell == m_Shown)
+    const auto before = PlaceAt(x, y);
+    if (!before || before->cell == m_Shown)
         return;
-    CNode& node = *place->node;
+    CNode& node = *before->node;
     const ComPtr<CProperty> property(node.Property());
     RowLook& look = m_Grid.m_RowLook;
-    std::wstring text = look.CellText(node, property.Get(), place->cell.name); // may ask the host's objects
-    if (!m_Grid.IsAlive())
+    // May ask the host's objects, which can do anything to the rows.
+    std::wstring text = look.CellText(node, property.Get(), before->cell.name);
+    const auto place = m_Grid.IsAlive() ? PlaceAt(x, y) : std::nullopt;
+    if (!place || place->cell != before->cell || place->cell == m_Shown)
         return;
     const HFONT font = look.FontOf(node);
     const bool byteExpanded = look.ByteExpanded(property.Get());
@@ -101,6 +105,7 @@ void TipsAndHelp::UpdateTooltip(long x, long y) {
     m_Tooltip.SetNewToolRect(Tool(), rect.left, rect.top, rect.Width(), rect.Height());
     m_Tooltip.BackColor(node.BackColor() == kNotSet ? static_cast<Color>(state.propertyBackColor) : node.BackColor());
     m_Tooltip.ForeColor(node.ForeColor() == kNotSet ? static_cast<Color>(state.foreColor) : node.ForeColor());
+    m_Tooltip.MaxTipWidth(WorkArea(m_Grid.m_Panes.TreeWnd()).Width() - kTipFrame);
     m_Tooltip.Unicode(byteExpanded);
     m_Tooltip.Text(Tool(), text);
     m_Tooltip.Activate(true);
@@ -119,7 +124,7 @@ bool TipsAndHelp::OnNotify(const NMHDR& notice, LRESULT& result) {
     return true;
 }
 
-// The text stands where it stands in the cell.
+// The text stands where it stands in the cell, if it can be read there: a tip does not leave the screen.
 bool TipsAndHelp::OnTooltipShow() {
     POINT point{};
     GetCursorPos(&point);
@@ -130,7 +135,10 @@ bool TipsAndHelp::OnTooltipShow() {
     m_Shown = place->cell;
     POINT corner{place->rect.left + place->before - 1, place->rect.top};
     ClientToScreen(m_Grid.m_Panes.TreeWnd(), &corner);
-    m_Tooltip.SetToolWindowPos(corner.x, corner.y);
+    const Rect screen = WorkArea(m_Grid.m_Panes.TreeWnd());
+    const Size tip = m_Tooltip.TipSize(Tool());
+    m_Tooltip.SetToolWindowPos(std::max(screen.left, std::min(corner.x, screen.right - tip.cx)),
+                               std::max(screen.top, std::min(corner.y, screen.bottom - tip.cy)));
     return true;
 }
 
@@ -142,6 +150,11 @@ void TipsAndHelp::Hide() {
     m_Tooltip.Text(Tool(), {});
     m_Tooltip.SetNewToolRect(Tool(), 0, 0, 0, 0);
     m_Tooltip.Pop();
+}
+
+void TipsAndHelp::RowChanged(const CNode* node) {
+    if (node && node->NodeId() == m_Ready.node)
+        Hide();
 }
 
 void TipsAndHelp::RequestHelp(CProperty& property) {

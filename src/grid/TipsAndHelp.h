@@ -34,6 +34,8 @@ public:
     bool OnNotify(const NMHDR& notice, LRESULT& result);
     // The rows, or what they show, are other ones: no tip of before is shown, or comes up.
     void Hide();
+    // One row shows something else. Null for none.
+    void RowChanged(const CNode* node);
     // F1 on a row. What a handler raises comes out.
     void RequestHelp(CProperty& property);
 

@@ -126,6 +126,18 @@ void CTooltip::SetToolWindowPos(long x, long y) const {
         SetWindowPos(m_hWnd, HWND_TOPMOST, x, y, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
+void CTooltip::MaxTipWidth(long pixels) const { Send(TTM_SETMAXTIPWIDTH, 0, pixels); }
+
+// Some systems leave the frame out.
+Size CTooltip::TipSize(UINT_PTR nId) const {
+    auto tool = FindTool(nId);
+    const LRESULT size = tool ? SendTool(TTM_GETBUBBLESIZE, 0, *tool) : 0;
+    RECT rect{0, 0, LOWORD(size), HIWORD(size)};
+    AdjustWindowRectEx(&rect, static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_EXSTYLE)));
+    return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
 Color CTooltip::BackColor() const { return static_cast<Color>(Send(TTM_GETTIPBKCOLOR)); }
 
 void CTooltip::BackColor(Color color) const { Send(TTM_SETTIPBKCOLOR, TranslateColor(color)); }

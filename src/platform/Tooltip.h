@@ -38,6 +38,10 @@ public:
     // The window that has room for a text of this area.
     void AdjustRect(RECT& rect) const;
     void SetToolWindowPos(long x, long y) const; // on the screen
+    // Longer lines are broken; without it lines end at their line breaks only.
+    void MaxTipWidth(long pixels) const;
+    // Room for the window that shows the text of the tool.
+    Size TipSize(UINT_PTR nId) const;
     // False for a number that is taken, or when the system refuses. With `bSubclass` the number is that of a window.
     bool AddTool(UINT_PTR nId, bool bSubclass, long x, long y, long cx, long cy, const std::wstring& sText);
     void DeleteTool(UINT_PTR nId) const;

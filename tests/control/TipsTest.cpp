@@ -5,6 +5,8 @@
 #include "HandleCount.h"
 
 #include "grid/TipsAndHelp.h"
+#include "win/Rects.h"
+#include "win/WindowText.h"
 
 #include <commctrl.h>
 
@@ -33,11 +35,7 @@ public:
         const ULONGLONG end = GetTickCount64() + 900;
         return Eventually([&] { return GetTickCount64() > end; }) && !IsShown();
     }
-    std::wstring Text() const {
-        wchar_t text[4096] = L"";
-        GetWindowTextW(window, text, 4096);
-        return text;
-    }
+    std::wstring Text() const { return WindowText(window); }
     POINT Corner() const { // in the tree
         RECT place{};
         GetWindowRect(window, &place);
@@ -96,6 +94,31 @@ TEST_F(GridTest, ATipShowsWhereTheTextFitsOrNotWhereItIsCutOff) {
     host.Aside();
 }
 
+TEST_F(GridTest, ATipLeavesTheScreen) {
+    TipHost host;
+    std::wstring words;
+    for (int i = 0; i < 60; ++i)
+        words += L"a number of words ";
+    host.Add(L"Words", (words + L"\r\nand a line").c_str());
+    const Tip tip(host);
+    const HWND window = GetAncestor(host.Tree(), GA_ROOT);
+    const Rect screen = WorkArea(window);
+    for (const POINT corner : {POINT{screen.right - 180, 0}, POINT{0, screen.bottom - 140}, POINT{-60, 20}}) {
+        SetWindowPos(window, nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        for (const long row : {1L, 4L}) {
+            host.Over(row, false);
+            ASSERT_TRUE(tip.Comes()) << corner.x << ' ' << row;
+            const Rect place = WindowRect(tip.window);
+            EXPECT_GE(place.left, screen.left);
+            EXPECT_LE(place.right, screen.right) << corner.x << ' ' << row;
+            EXPECT_LE(place.bottom, screen.bottom) << corner.x << ' ' << row;
+            EXPECT_EQ(place.Height() > 3 * host.RowHeight(), row == 4) << "in lines";
+            host.Over(0, false);
+        }
+    }
+    host.Aside();
+}
+
 TEST_F(GridTest, AnOldTipHangsOverAnotherRow) {
     TipHost host;
     for (int i = 0; i < 40; ++i)
@@ -119,6 +142,8 @@ TEST_F(GridTest, AnOldTipHangsOverAnotherRow) {
             host.Aside();
             host.Over(1, !host.Item(L"_Long")); // the next row has a long name
             ASSERT_TRUE(tip.Comes()) << &change - changes;
+            host.Item(L"_Row3")->put_Value(_variant_t(L"live"));
+            EXPECT_TRUE(tip.IsShown()) << "another row changed";
         }
         change();
         EXPECT_FALSE(tip.IsShown()) << &change - changes;
