@@ -65,4 +65,10 @@ void WindowEditor::OnGotFocus() {
         m_Keys->OnGotFocus();
 }
 
+void WindowEditor::OnLostFocus() {
+    const ComPtr<_CEditor> self(this);
+    if (m_Keys)
+        m_Keys->OnLostFocus();
+}
+
 } // namespace ormisk

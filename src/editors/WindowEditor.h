@@ -37,6 +37,7 @@ protected:
     void CancelAndLeave();
 
     void OnGotFocus() override;
+    void OnLostFocus() override;
     void OnButton() override {}
 
 private:

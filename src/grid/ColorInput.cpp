@@ -48,4 +48,6 @@ void ColorInput::OnKeyUp(int& keyCode, int shift) {
 
 void ColorInput::OnGotFocus() { m_Grid.m_Host.FocusEntered(); }
 
+void ColorInput::OnLostFocus() { m_Grid.m_Host.FocusLeft(); }
+
 } // namespace ormisk

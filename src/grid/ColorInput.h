@@ -19,6 +19,7 @@ public:
     void OnKeyPress(int& keyAscii) override;
     void OnKeyUp(int& keyCode, int shift) override;
     void OnGotFocus() override;
+    void OnLostFocus() override;
 
 private:
     Grid& m_Grid;

@@ -77,6 +77,8 @@ void FieldInput::OnKeyUp(int& keyCode, int shift) {
 
 void FieldInput::OnGotFocus() { m_Grid.m_Host.FocusEntered(); }
 
+void FieldInput::OnLostFocus() { m_Grid.m_Host.FocusLeft(); }
+
 IUnknown* FieldInput::Keeper() { return m_Grid.m_Host.Outer(); }
 
 ComPtr<IOleInPlaceFrame> FieldInput::Container() { return m_Grid.m_Host.ContainerFrame(); }

@@ -18,6 +18,7 @@ public:
     void OnKeyPress(int& keyAscii) override;
     void OnKeyUp(int& keyCode, int shift) override;
     void OnGotFocus() override;
+    void OnLostFocus() override;
 
     IUnknown* Keeper() override;
     ComPtr<IOleInPlaceFrame> Container() override;

@@ -39,6 +39,7 @@ public:
     virtual ConnectionPoints& Sinks() = 0;
     virtual ComPtr<IOleInPlaceFrame> ContainerFrame() = 0; // null without one
     virtual void FocusEntered() = 0;                       // a window of the control took the focus
+    virtual void FocusLeft() = 0;                          // or lost it, maybe to another one of it
     virtual void AccessKeysChanged() = 0;                  // the container should ask for them anew
 
 protected:

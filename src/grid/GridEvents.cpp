@@ -54,6 +54,20 @@ VARIANT Flag(bool value) {
     return v;
 }
 
+// What a handler makes of a key counts, also when it fails afterwards.
+template <class Read> class KeyArgument {
+public:
+    explicit KeyArgument(int& key) : m_Key(key), m_Code(static_cast<SHORT>(key)) {}
+    KeyArgument(const KeyArgument&) = delete;
+    KeyArgument& operator=(const KeyArgument&) = delete;
+    ~KeyArgument() { m_Key = static_cast<Read>(m_Code); }
+    VARIANT Reference() { return ormisk::Reference(m_Code); }
+
+private:
+    int& m_Key;
+    SHORT m_Code;
+};
+
 constexpr std::size_t kMostArguments = 6;
 
 } // namespace
@@ -168,11 +182,9 @@ void GridEvents::DisplayError(const std::wstring& message, long number, bool& sh
 }
 
 void GridEvents::FireKey(DISPID id, int& keyCode, int& shift) {
-    auto code = static_cast<SHORT>(keyCode);
-    auto modifiers = static_cast<SHORT>(shift);
-    Tell(id, {Reference(code), Reference(modifiers)});
-    keyCode = code;
-    shift = modifiers;
+    KeyArgument<SHORT> code(keyCode);
+    KeyArgument<SHORT> modifiers(shift);
+    Tell(id, {code.Reference(), modifiers.Reference()});
 }
 
 void GridEvents::KeyUp(int& keyCode, int& shift) { FireKey(DISPID_KEYUP, keyCode, shift); }
@@ -180,9 +192,8 @@ void GridEvents::KeyUp(int& keyCode, int& shift) { FireKey(DISPID_KEYUP, keyCode
 void GridEvents::KeyDown(int& keyCode, int& shift) { FireKey(DISPID_KEYDOWN, keyCode, shift); }
 
 void GridEvents::KeyPress(int& keyAscii) {
-    auto code = static_cast<SHORT>(keyAscii);
-    Tell(DISPID_KEYPRESS, {Reference(code)});
-    keyAscii = static_cast<unsigned short>(code);
+    KeyArgument<unsigned short> code(keyAscii);
+    Tell(DISPID_KEYPRESS, {code.Reference()});
 }
 
 void GridEvents::Mouse(MouseStage stage, int button, int shift, float x, float y, omHitItem hitItem) {

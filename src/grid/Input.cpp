@@ -95,7 +95,7 @@ std::wstring Input::AccessKeys() const {
 }
 
 void Input::OnAccessKey(wchar_t key) {
-    if (!m_Grid.m_State.showTabs)
+    if (!m_Grid.m_State.showTabs || !m_Grid.m_State.enabled)
         return;
     const std::wstring pressed(1, SystemUpper(key));
     long position = 0;
@@ -130,7 +130,7 @@ void Input::OnTreeDblClick() {
     if (!node)
         return;
     node->SetExpanded(!node->Expanded());
-    if (m_Grid.IsAlive() && node->Property() && m_Grid.m_Session.IsEditorOpen())
+    if (m_Grid.m_Selection.IsOn(node) && node->Property() && m_Grid.m_Session.IsEditorOpen())
         m_Grid.m_Session.ActivateEditor(false);
 }
 
@@ -292,6 +292,7 @@ void Input::OnGotFocus() { m_Grid.m_Host.FocusEntered(); }
 void Input::OnLostFocus() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
     m_Grid.m_Session.TextLostFocus();
+    m_Grid.m_Host.FocusLeft();
 }
 
 } // namespace ormisk

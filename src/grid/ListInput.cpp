@@ -48,4 +48,6 @@ void ListInput::OnKeyUp(int& keyCode, int shift) {
 
 void ListInput::OnGotFocus() { m_Grid.m_Host.FocusEntered(); }
 
+void ListInput::OnLostFocus() { m_Grid.m_Host.FocusLeft(); }
+
 } // namespace ormisk

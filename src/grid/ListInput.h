@@ -17,6 +17,7 @@ public:
     void OnKeyPress(int& keyAscii) override;
     void OnKeyUp(int& keyCode, int shift) override;
     void OnGotFocus() override;
+    void OnLostFocus() override;
 
 private:
     void Choose();

@@ -63,6 +63,13 @@ void OrmiskGrid::OnAmbientChange(DISPID id) {
     }
 }
 
+void OrmiskGrid::FocusLeft() {
+    const HWND window = m_Grid.m_Panes.m_Control.hWnd();
+    const HWND focus = GetFocus();
+    if (focus != window && !IsChild(window, focus))
+        FocusLost();
+}
+
 void OrmiskGrid::OnDraw(HDC dc, const RECT& pixels) {
     const SavedDC saved(dc);
     OffsetWindowOrgEx(dc, -pixels.left, -pixels.top, nullptr);

@@ -143,6 +143,7 @@ private:
     ConnectionPoints& Sinks() override { return *this; }
     ComPtr<IOleInPlaceFrame> ContainerFrame() override { return ControlCore::ContainerFrame(); }
     void FocusEntered() override { UiActivate(); }
+    void FocusLeft() override;
     void AccessKeysChanged() override { NotifyAccessKeysChanged(); }
     // ControlFontListener
     void OnFontEdited(const FontDescription& font) override;

@@ -166,13 +166,21 @@ void PaneEvents::OnDblClick(Pane& pane) {
 
 void PaneEvents::OnKeyDown(Pane& pane, int& keyCode, int shift) { m_Grid.m_Input.PaneKeyDown(pane, keyCode, shift); }
 
-void PaneEvents::OnKeyUp(Pane&, int& keyCode, int shift) { m_Grid.m_Events.KeyUp(keyCode, shift); }
+void PaneEvents::OnKeyUp(Pane&, int& keyCode, int shift) {
+    if (m_Grid.m_State.enabled)
+        m_Grid.m_Events.KeyUp(keyCode, shift);
+}
 
-void PaneEvents::OnKeyPress(Pane&, int& keyAscii) { m_Grid.m_Events.KeyPress(keyAscii); }
+void PaneEvents::OnKeyPress(Pane&, int& keyAscii) {
+    if (m_Grid.m_State.enabled)
+        m_Grid.m_Events.KeyPress(keyAscii);
+}
 
 void PaneEvents::OnFocusChange(Pane& pane, bool gained) {
     if (gained)
         m_Grid.m_Host.FocusEntered();
+    else
+        m_Grid.m_Host.FocusLeft();
     if (const auto focused = m_Grid.m_Panes.EntryOf(pane).focused)
         focused(m_Grid, gained);
 }

@@ -175,9 +175,13 @@ bool Pane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void Pane::ButtonDown(const MouseEvent& event, bool doubleClick) {
     const HWND window = m_hWnd;
+    const auto isDown = [&] { return GetKeyState(event.button) < 0; }; // buttons have the numbers of their keys
+    const bool down = isDown();
     if (m_Options.takesFocus)
         SetFocus(window);
     if (PaneOf(window) != this || !m_Listener)
+        return;
+    if (down && !isDown()) // a message that came up with the loss of the focus took the release
         return;
     SetCapture(window);
     m_Pressed = event.button == 1 && !doubleClick;
@@ -215,8 +219,9 @@ bool Pane::HandleKey(UINT message, WPARAM wParam) {
         m_Listener->OnKeyDown(*this, code, ShiftState());
         return message == WM_KEYDOWN || code == 0;
     case WM_KEYUP:
+    case WM_SYSKEYUP:
         m_Listener->OnKeyUp(*this, code, ShiftState());
-        return true;
+        return message == WM_KEYUP || code == 0;
     case WM_CHAR:
         m_Listener->OnKeyPress(*this, code);
         return true;
