@@ -45,6 +45,7 @@ _variant_t InvokeByName(IDispatch* object, const std::wstring& member, WORD flag
     CheckPointer(object);
     const ComPtr<IDispatch> alive(object);
     DISPID id = DISPID_UNKNOWN;
+    SetErrorInfo(0, nullptr); // an older failure is not this one
     Check(FindByName(object, member, locale, &id));
     _variant_t result;
     EXCEPINFO exception{};

@@ -14,6 +14,9 @@ constexpr std::uint8_t kLetters[] = {'O', 'm', 'S', 't'};
 constexpr std::uint8_t kMark[] = {0xA5, 'V'};
 constexpr std::size_t kRecordHead = 8;
 constexpr std::size_t kChecksum = 4;
+// How often each byte is checked, on the average, and how many values are found, at most.
+constexpr std::size_t kMostChecked = 16;
+constexpr std::size_t kMostValues = 1000;
 
 constexpr std::array<std::uint32_t, 256> MakeCrcTable() {
     std::array<std::uint32_t, 256> table{};
@@ -43,7 +46,7 @@ struct Found {
     std::size_t length = 0;
     bool known = false; // of a type that this version has
 };
-std::optional<Found> RecordAt(Bytes bytes) {
+std::optional<Found> RecordAt(Bytes bytes, std::size_t& work) {
     if (bytes.size() < kRecordHead + kChecksum || !std::equal(std::begin(kMark), std::end(kMark), bytes.begin()))
         return std::nullopt;
     const std::size_t name = bytes[2];
@@ -52,6 +55,9 @@ std::optional<Found> RecordAt(Bytes bytes) {
     if (name == 0 || name > rest || data > rest - name)
         return std::nullopt;
     const std::size_t checked = kRecordHead + name + data;
+    if (checked > work)
+        return std::nullopt;
+    work -= checked;
     if (Checksum(bytes.first(checked)) != TakeNumber(bytes.subspan(checked, kChecksum)))
         return std::nullopt;
     Found found;
@@ -82,7 +88,8 @@ std::uint32_t TakeNumber(Bytes from) {
 std::vector<std::uint8_t> EncodeStored(const std::vector<StoredValue>& values) {
     std::vector<std::uint8_t> records;
     for (const StoredValue& value : values) {
-        if (value.name.empty() || value.name.size() > 255 || value.data.size() > kMostStored - records.size())
+        const std::size_t length = kRecordHead + value.name.size() + value.data.size() + kChecksum;
+        if (value.name.empty() || value.name.size() > 255 || length > kMostStored - records.size())
             continue;
         const std::size_t start = records.size();
         records.insert(records.end(), std::begin(kMark), std::end(kMark));
@@ -107,11 +114,13 @@ std::optional<std::size_t> StoredLength(Bytes header) {
     return std::min<std::size_t>(TakeNumber(header.subspan(6, 4)), kMostStored);
 }
 
-// Behind a damaged record the next sound one is looked for byte by byte.
+// Behind a damaged record the next sound one is looked for byte by byte; the work on heads that promise much and keep
+// nothing has an end.
 std::vector<StoredValue> DecodeStored(Bytes records) {
     std::vector<StoredValue> values;
-    while (!records.empty()) {
-        auto found = RecordAt(records);
+    std::size_t work = kMostChecked * records.size();
+    while (!records.empty() && values.size() < kMostValues) {
+        auto found = RecordAt(records, work);
         records = records.subspan(found ? found->length : 1);
         if (found && found->known && std::ranges::find(values, found->value.name, &StoredValue::name) == values.end())
             values.push_back(std::move(found->value));

@@ -56,7 +56,7 @@ std::vector<std::uint8_t> BytesOf(std::uint32_t number) {
 
 std::uint32_t NumberOf(const std::vector<std::uint8_t>& bytes) {
     if (bytes.size() != 4)
-        Check(DISP_E_TYPEMISMATCH);
+        CheckSystem(DISP_E_TYPEMISMATCH);
     return TakeNumber(bytes);
 }
 
@@ -88,7 +88,7 @@ std::vector<std::uint8_t> BytesOfObject(IUnknown* object) {
     const ComPtr<IPersistStream> persistent = Query<IPersistStream>(object);
     CLSID id{};
     if (!persistent || FAILED(persistent->GetClassID(&id)) || !IsStorable(id))
-        Check(DISP_E_TYPEMISMATCH);
+        CheckSystem(DISP_E_TYPEMISMATCH);
     const ComPtr<IStream> stream = MemoryStream({});
     Check(WriteClassStm(stream.Get(), id));
     Check(persistent->Save(stream.Get(), TRUE));
@@ -101,7 +101,7 @@ _variant_t ObjectFrom(std::span<const std::uint8_t> bytes) {
     CLSID id{};
     Check(ReadClassStm(MemoryStream(bytes).Get(), &id));
     if (!IsStorable(id))
-        Check(DISP_E_TYPEMISMATCH);
+        CheckSystem(DISP_E_TYPEMISMATCH);
     const ComPtr<IStream> stream = MemoryStream(bytes.subspan(sizeof id));
     ComPtr<IDispatch> object;
     if (id == CLSID_StdPicture) {
@@ -126,14 +126,14 @@ _variant_t Restore(const StoredValue& stored) {
         return _variant_t(std::bit_cast<float>(NumberOf(stored.data)));
     case StoredType::Boolean:
         if (stored.data.size() != 1)
-            Check(DISP_E_TYPEMISMATCH);
+            CheckSystem(DISP_E_TYPEMISMATCH);
         return _variant_t(stored.data.front() != 0);
     case StoredType::Text:
         return ToVariant(TextFrom(stored.data));
     case StoredType::Object:
         return ObjectFrom(stored.data);
     }
-    Check(DISP_E_TYPEMISMATCH);
+    CheckSystem(DISP_E_TYPEMISMATCH);
     return {};
 }
 
@@ -166,14 +166,14 @@ StoredValue Kept(const wchar_t* name, const _variant_t& value) {
         }
         break;
     default:
-        Check(DISP_E_BADVARTYPE);
+        CheckSystem(DISP_E_BADVARTYPE);
     }
     return stored;
 }
 
 } // namespace
 
-// A bag may want to know the type, or to tell its own.
+// A bag may want to know the type, or to tell its own. What the second way can read is no error of the first.
 _variant_t BagValues::Read(const wchar_t* name, const _variant_t& defaultValue) {
     const VARTYPE type = V_VT(&defaultValue) == VT_I2 ? VARTYPE{VT_I4} : V_VT(&defaultValue);
     HRESULT hr = E_INVALIDARG;
@@ -181,7 +181,8 @@ _variant_t BagValues::Read(const wchar_t* name, const _variant_t& defaultValue) 
         _variant_t value;
         V_VT(&value) = wanted;
         V_BSTR(&value) = nullptr; // as every pointer lies
-        hr = m_Bag->Read(name, &value, m_Log.Get());
+        SetErrorInfo(0, nullptr); // an older failure is not this one
+        hr = m_Bag->Read(name, &value, wanted == VT_EMPTY ? m_Log.Get() : nullptr);
         if (SUCCEEDED(hr))
             return V_VT(&value) == VT_EMPTY ? defaultValue : value;
         V_VT(&value) = VT_EMPTY; // nothing of it is ours
@@ -196,6 +197,7 @@ void BagValues::Write(const wchar_t* name, const _variant_t& value, const _varia
     if (!m_All && !HoldsObject(value) && CompareValues(value, defaultValue) == Comparison::Equal)
         return;
     _variant_t given = value;
+    SetErrorInfo(0, nullptr);
     Check(m_Bag->Write(name, &given));
 }
 

@@ -13,6 +13,7 @@ namespace {
 _variant_t Get(IDispatch* font, DISPID member) {
     DISPPARAMS none{};
     _variant_t value;
+    SetErrorInfo(0, nullptr); // an older failure is not this one
     Check(font->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &value, nullptr, nullptr));
     return value;
 }
@@ -20,6 +21,7 @@ _variant_t Get(IDispatch* font, DISPID member) {
 void Put(IDispatch* font, DISPID member, _variant_t value) {
     DISPID put = DISPID_PROPERTYPUT;
     DISPPARAMS arguments{&value, &put, 1, 1};
+    SetErrorInfo(0, nullptr);
     Check(font->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &arguments, nullptr, nullptr,
                        nullptr));
 }
