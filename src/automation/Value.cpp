@@ -97,67 +97,6 @@ std::optional<std::uint32_t> ReadHexText(std::wstring_view text) {
     return fits ? std::optional(static_cast<std::uint32_t>(std::stoul(digits, nullptr, 16))) : std::nullopt;
 }
 
-const wchar_t* ElementName(VARTYPE type) {
-    switch (type) {
-    case VT_EMPTY:
-        return L"Empty";
-    case VT_NULL:
-        return L"Null";
-    case VT_I2:
-        return L"Integer";
-    case VT_I4:
-    case VT_INT:
-        return L"Long";
-    case VT_R4:
-        return L"Single";
-    case VT_R8:
-        return L"Double";
-    case VT_CY:
-        return L"Currency";
-    case VT_DATE:
-        return L"Date";
-    case VT_BSTR:
-        return L"String";
-    case VT_DISPATCH:
-        return L"Object";
-    case VT_ERROR:
-        return L"Error";
-    case VT_BOOL:
-        return L"Boolean";
-    case VT_VARIANT:
-        return L"Variant";
-    case VT_DECIMAL:
-        return L"Decimal";
-    case VT_UI1:
-        return L"Byte";
-    case VT_I1:
-        return L"SByte";
-    case VT_UI2:
-        return L"UShort";
-    case VT_UI4:
-    case VT_UINT:
-        return L"ULong";
-    case VT_I8:
-        return L"LongLong";
-    case VT_UI8:
-        return L"ULongLong";
-    default:
-        return L"Unknown";
-    }
-}
-
-std::wstring ClassNameOf(IUnknown* object) {
-    ComPtr<ITypeInfo> info;
-    if (const auto provider = Query<IProvideClassInfo>(object))
-        provider->GetClassInfo(info.GetAddressOf());
-    if (!info) {
-        if (const auto dispatch = Query<IDispatch>(object))
-            dispatch->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.GetAddressOf());
-    }
-    const std::wstring name = info ? NameOf(info.Get()) : std::wstring();
-    return name.empty() ? L"Object" : name;
-}
-
 } // namespace
 
 bool HoldsObject(const VARIANT& v) {
@@ -287,16 +226,6 @@ bool IsNumeric(const VARIANT& v) {
     if (type == VT_EMPTY || IsNumberOrBoolean(type))
         return true;
     return type == VT_BSTR && SUCCEEDED(ConvertValue(v, VT_R8, value));
-}
-
-std::wstring TypeNameOf(const VARIANT& v) {
-    if (HoldsObject(v)) {
-        IUnknown* object = ObjectOf(v);
-        return object ? ClassNameOf(object) : L"Nothing";
-    }
-    const VARTYPE type = TypeOf(v);
-    const std::wstring element = ElementName(type & ~VT_ARRAY);
-    return type & VT_ARRAY ? element + L"()" : element;
 }
 
 std::wstring FromBstr(BSTR text) { return text ? std::wstring(text, SysStringLen(text)) : std::wstring(); }

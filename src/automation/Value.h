@@ -39,7 +39,6 @@ std::wstring TextOf(const VARIANT& v); // value & "": Empty and Null give "", an
 // Numbers, booleans, Empty and texts that read as a number; no dates. Of an object its default value decides.
 bool IsNumeric(const VARIANT& v);
 // "Integer", "Long", "String", "Nothing", "Byte()" and so on; of an object the name of its class, else "Object".
-std::wstring TypeNameOf(const VARIANT& v);
 
 // Strings keep their length, embedded zeros too. A null BSTR is the empty string.
 std::wstring FromBstr(BSTR text);

@@ -28,10 +28,6 @@ void ReportFailure(const MemberInfo& member, HRESULT hr, Mark mark) {
 
 } // namespace
 
-bool IsStandardCategory(const std::wstring& name) {
-    return std::ranges::find(kStandardCategories, name) != std::end(kStandardCategories);
-}
-
 PROPCAT MapMemberCategory(ICategorizeProperties* categories, const MemberInfo& member, LCID locale,
                           std::wstring& category) {
     if (IsStock(member.memberId)) {
@@ -41,6 +37,7 @@ PROPCAT MapMemberCategory(ICategorizeProperties* categories, const MemberInfo& m
     if (!categories)
         return 0;
     PROPCAT code = 0;
+    SetErrorInfo(0, nullptr); // an older failure is not this one
     const HRESULT mapped = categories->MapPropertyToCategory(member.memberId, &code);
     if (FAILED(mapped)) {
         code = 0;
@@ -52,6 +49,7 @@ PROPCAT MapMemberCategory(ICategorizeProperties* categories, const MemberInfo& m
     }
     category.clear();
     BSTR name = nullptr;
+    SetErrorInfo(0, nullptr);
     const HRESULT named = categories->GetCategoryName(code, locale, &name);
     if (SUCCEEDED(named))
         category = FromBstr(name);

@@ -18,9 +18,6 @@ protected:
 
 constexpr PROPCAT kNilCategory = -1; // hides a property
 
-// Whether a category is one of those that all objects share, compared with case.
-bool IsStandardCategory(const std::wstring& name);
-
 // The category of a member: its code, and its name unless the object tells none. What the object fails at is written to
 // the debug output and passed over. `categories` is that interface of the object, null for an object without it.
 PROPCAT MapMemberCategory(ICategorizeProperties* categories, const MemberInfo& member, LCID locale,

@@ -116,7 +116,6 @@ void Members::Builder::ReadVariable(UINT index) {
         return;
     member.memberId = variable->memid;
     member.attributeMask = variable->wVarFlags;
-    member.descKind = DescKind::Variable;
     AddReader(*item, texts, std::move(member));
 }
 
@@ -142,8 +141,6 @@ void Members::Builder::ReadFunction(UINT index) {
     member.memberId = function->memid;
     member.returnType = Resolve(m_Info, *result, 0);
     member.attributeMask = function->wFuncFlags;
-    member.descKind = DescKind::Function;
-    member.vtableOffset = function->oVft;
     AddReader(*item, texts, std::move(member));
 }
 
@@ -194,23 +191,6 @@ std::vector<const SearchItem*> Members::GetFilteredMembers(bool showHidden) cons
         if (showHidden || !item.name.starts_with(L'_'))
             items.push_back(&item);
     return items;
-}
-
-const MemberInfo* Members::Reader(const std::wstring& name) const {
-    const auto found = m_ByName.find(name);
-    return found == m_ByName.end() ? nullptr : Reader(m_Items[found->second]);
-}
-
-void TraceMember(const MemberInfo& member) {
-    const std::wstring descKind = L"DescKind >> " + std::to_wstring(static_cast<long>(member.descKind));
-    WriteDebugLine(L"---------------------------");
-    WriteDebugLine(L"Name >> " + member.name);
-    WriteDebugLine(L"MemberId >> " + std::to_wstring(member.memberId));
-    WriteDebugLine(L"AttributeMask >> " + std::to_wstring(member.attributeMask));
-    WriteDebugLine(descKind);
-    WriteDebugLine(L"InvokeKind >> " + std::to_wstring(static_cast<long>(member.invokeKind)));
-    WriteDebugLine(L"VTableOffset >> " + std::to_wstring(member.vtableOffset));
-    WriteDebugLine(descKind);
 }
 
 } // namespace ormisk

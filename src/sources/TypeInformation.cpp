@@ -106,13 +106,6 @@ TypeLibInfo::TypeLibInfo(ComPtr<ITypeLib> library) : m_Library(std::move(library
     m_Lcid = attributes->lcid;
 }
 
-std::wstring TypeLibInfo::Name() const {
-    OwnedText name;
-    if (!m_Library || FAILED(m_Library->GetDocumentation(-1, name.Slot(), nullptr, nullptr, nullptr)))
-        return {};
-    return name.Text();
-}
-
 TypeInfo TypeLibInfo::TypeAt(UINT number) const {
     ComPtr<ITypeInfo> info;
     if (!m_Library || FAILED(m_Library->GetTypeInfo(number, info.GetAddressOf())))

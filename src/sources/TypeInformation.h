@@ -56,7 +56,6 @@ public:
     WORD MajorVersion() const { return m_Major; }
     WORD MinorVersion() const { return m_Minor; }
     LCID Lcid() const { return m_Lcid; }
-    std::wstring Name() const;
     UINT TypeCount() const { return m_Library ? m_Library->GetTypeInfoCount() : 0; }
     TypeInfo TypeAt(UINT number) const;                             // from 0
     std::optional<UINT> TypeNumber(const std::wstring& name) const; // in any case of letters
@@ -76,18 +75,13 @@ struct VarTypeInfo {
     std::shared_ptr<const TypeInfo> type;
 };
 
-enum class DescKind : long { None = 0, Function = 1, Variable = 2 };
-
 // A property that can be read.
 struct MemberInfo {
     std::wstring name;
     MEMBERID memberId = MEMBERID_NIL;
-    INVOKEKIND invokeKind = INVOKE_PROPERTYGET;
     long parameterCount = 0; // without the result
     VarTypeInfo returnType;
     unsigned attributeMask = 0; // FUNCFLAGS, of a variable VARFLAGS: above the first two bits they mean the same
-    DescKind descKind = DescKind::None;
-    long vtableOffset = 0;
     std::wstring helpString;
     std::wstring helpFile;
     DWORD helpContext = 0;
@@ -111,8 +105,7 @@ public:
     // underscore only when they are asked for.
     const std::vector<SearchItem>& SearchItems() const { return m_Items; }
     std::vector<const SearchItem*> GetFilteredMembers(bool showHidden) const;
-    // The member of that name, compared with case, whose kind is INVOKE_PROPERTYGET; null when there is none.
-    const MemberInfo* Reader(const std::wstring& name) const;
+    // The member whose kind is INVOKE_PROPERTYGET; null when there is none.
     const MemberInfo* Reader(const SearchItem& item) const { return item.reader ? &m_Readers[*item.reader] : nullptr; }
 
 private:
@@ -130,8 +123,5 @@ TypeLibInfo TypeLibInfoFromRegistry(const GUID& guid, WORD majorVersion, WORD mi
 // The type to walk: what the object says of itself, as its registered library has it where that is no dispatch
 // interface.
 TypeInfo GetObjectTypeInfo(IDispatch* object);
-
-// Writes what is known of a member to the debug output.
-void TraceMember(const MemberInfo& member);
 
 } // namespace ormisk

@@ -9,10 +9,4 @@ namespace ormisk {
 // With INVOKE_PROPERTYPUTREF among its kinds it is set as an object, else let. What cannot be read counts as refused.
 bool IsReadOnlyMember(const NamedProperty& property, unsigned invokeKinds);
 
-// For members that want an argument of their exact type: a let plain value is passed by reference as one. Raises what
-// the object raised.
-inline _variant_t InvokeTyped(IDispatch* target, const std::wstring& name, WORD callType, const VARIANT& value) {
-    return InvokeProperty(target, name, callType, value);
-}
-
 } // namespace ormisk

@@ -57,7 +57,8 @@ TEST_F(GridTest, ANewControlHasOtherDefaults) {
         std::wistringstream list(names);
         for (std::wstring name; list >> name;) {
             const _variant_t value = InvokeByName(host.grid.Get(), name, DISPATCH_PROPERTYGET);
-            found += (HoldsObject(value) ? TypeNameOf(value) : TextOf(value)) + L" ";
+            found +=
+                (HoldsObject(value) ? L"Nothing" + std::wstring(ObjectOf(value) ? 1 : 0, L'!') : TextOf(value)) + L" ";
         }
         EXPECT_EQ(found, expected);
     }
