@@ -83,7 +83,11 @@ ComPtr<CProperty> CProperties::AddProperty(CProperty* parent, const NewProperty&
     const ComPtr<CProperties> alive(this);
     const ComPtr<CProperty> parentAlive(parent);
     const std::wstring_view key = TrimBlanks(arguments.key);
+    const bool isObject = IsGiven(arguments.value) && HoldsObject(*arguments.value);
+    const _variant_t held = isObject ? _variant_t(*arguments.value) : _variant_t(); // asked, it may do anything
     CheckArguments(parent, arguments, key);
+    if (parent && !parent->IsFiled())
+        return nullptr;
 
     ComPtr<CProperty> property = MakeObject<CProperty>();
     property->SetInternalKey(
@@ -95,9 +99,9 @@ ComPtr<CProperty> CProperties::AddProperty(CProperty* parent, const NewProperty&
     }
     if (!Owner())
         return nullptr;
-    const _variant_t none;
-    property->Init(m_Owner, arguments.name, IsGiven(arguments.value) ? *arguments.value : none, arguments.source,
-                   arguments.autoUpdate, arguments.editorType, arguments.readOnly);
+    const VARIANT& value = IsGiven(arguments.value) && !isObject ? *arguments.value : held;
+    property->Init(m_Owner, arguments.name, value, arguments.source, arguments.autoUpdate, arguments.editorType,
+                   arguments.readOnly);
     property->SetKey(key);
     property->SetCategory(arguments.category);
     property->SetIndex(CountOf() + 1);
@@ -133,9 +137,9 @@ CProperty* CProperties::FindItem(const VARIANT& indexOrKey) const {
         return nullptr;
     _variant_t value;
     CheckSystem(ResolveDefault(indexOrKey, value));
-    if (IsNumeric(value))
-        return At(PositionOf(value));
     const std::wstring text = TextOf(value);
+    if (V_VT(&value) == VT_BSTR ? IsNumericText(text) : IsNumeric(value)) // as a key is refused
+        return At(PositionOf(value));
     const FoldedKey key(text);
     CProperty* property = text.empty() ? nullptr : m_Keys.Find(key);
     return property ? property : RaisingFaults([&] { return m_Items.Get(key); });

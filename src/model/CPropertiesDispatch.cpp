@@ -32,11 +32,14 @@ HRESULT CProperties::Add2(BSTR name, VARIANT* value, BSTR category, BSTR* key, I
     return Member([&] {
         CheckPointer(property);
         *property = nullptr;
+        // The caller's variables may be others when an object has been asked for its value.
+        const std::wstring keyText(key ? View(*key) : std::wstring_view());
+        const ComPtr<IDispatch> sourceObject(source ? *source : nullptr);
         const NewProperty arguments{.name = View(name),
                                     .value = value,
                                     .category = View(category),
-                                    .key = key ? View(*key) : std::wstring_view(),
-                                    .source = source ? *source : nullptr,
+                                    .key = keyText,
+                                    .source = sourceObject.Get(),
                                     .autoUpdate = autoUpdate != VARIANT_FALSE,
                                     .editorType = editorType ? *editorType : omTextEditor,
                                     .editorKey = View(editorKey)};

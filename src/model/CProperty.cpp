@@ -4,8 +4,15 @@
 #include "model/NumberText.h"
 #include "model/ValueKind.h"
 #include "model/ValueRules.h"
+#include "win/Meanwhile.h"
 
 namespace ormisk {
+
+namespace {
+
+constexpr unsigned char kMostWrites = 8;
+
+} // namespace
 
 OLE_COLOR CProperty::ResolvedBackColor() const {
     if (m_BackColor != kColorOfOwner)
@@ -148,11 +155,13 @@ bool CProperty::MirrorValue(const VARIANT& given) {
     return true;
 }
 
-// The source's own idea of the value wins. The source may do anything meanwhile; it and the member's name are held.
+// The source's own idea of the value wins. The source may do anything meanwhile; it and the member's name are held. One
+// that sets the row from within is written to again, but not for ever.
 void CProperty::WriteThrough(const std::wstring& memberName, WORD callType, const _variant_t& value) {
     const ComPtr<IDispatch> source = m_SourceObject;
-    if (!m_AutoUpdateSource || !source)
+    if (!m_AutoUpdateSource || !source || m_Writes == kMostWrites)
         return;
+    const Meanwhile writing(m_Writes, static_cast<unsigned char>(m_Writes + 1));
     const std::wstring member = memberName;
     const bool written = callType == DISPATCH_PROPERTYPUT && IgnoringFailures([&] {
                              _variant_t argument = value;

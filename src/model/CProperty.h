@@ -221,6 +221,7 @@ private:
     bool m_Visible = true;
     bool m_Unicode = false;
     bool m_Filed = false;
+    unsigned char m_Writes = 0; // that go on, one inside another
 };
 
 } // namespace ormisk

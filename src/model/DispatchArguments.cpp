@@ -33,9 +33,9 @@ const VARIANT* DispatchArguments::Given(UINT parameter) const {
 
 const VARIANT& DispatchArguments::Converted(UINT parameter, VARTYPE type) {
     const VARIANT* given = Given(parameter);
-    if (V_VT(given) == type)
+    if (V_VT(given) == type && given == &m_Parameters.rgvarg[m_Places[parameter]])
         return *given;
-    _variant_t converted;
+    _variant_t converted; // also of a variable, which can be another while the call runs
     const HRESULT hr = ConvertValue(*given, type, converted, m_Locale);
     if (FAILED(hr))
         Refuse(hr == DISP_E_OVERFLOW ? hr : DISP_E_TYPEMISMATCH, parameter);
