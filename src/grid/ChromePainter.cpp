@@ -99,7 +99,7 @@ void ChromePainter::DrawColumnHeader(HDC dc, bool nameColumn) {
 
 void ChromePainter::DrawSortArrow(HDC dc, Size client) {
     const Point at = SortArrowPlace(client);
-    if (const Unique<HBITMAP> arrow = GetArrowBitmap(dc, m_Grid.m_State.sortOrder == omAscending))
+    if (const Unique<HBITMAP> arrow = GetArrowBitmap(dc, m_Grid.m_State.sortOrder != omDescending))
         DrawStateA(dc, nullptr, nullptr, reinterpret_cast<LPARAM>(arrow.get()), 0, at.x, at.y, 0, 0, DST_BITMAP);
 }
 

@@ -26,14 +26,21 @@ void GridProperties::Put(const PropertyEntry& entry, PropertyValue value) {
     if (entry.effects & kReplacesSeparator && m_Grid.m_CProperties)
         m_Grid.m_ModelView.ReplaceSeparator(state.categorySeparator, std::get<std::wstring>(value));
     entry.Write(state, std::move(value));
-    if (entry.effects & kSwitchesView)
-        m_Grid.m_ModelView.ViewChanged();
+    std::exception_ptr failure; // of the editor that comes up; the view is another one all the same
+    try {
+        if (entry.effects & kSwitchesView)
+            m_Grid.m_ModelView.ViewChanged();
+    } catch (...) {
+        failure = std::current_exception();
+    }
     if (entry.effects & kNotifies)
         m_Grid.m_Host.NotifyChanged(entry.id);
     if (entry.effects & kSwitchesView)
         TellOfView();
     if (m_Grid.IsAlive())
         Apply(entry);
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 void GridProperties::TellOfView() {

@@ -113,8 +113,10 @@ void ModelView::Sort(bool nameButtonClicked) {
         m_Grid.m_Session.FollowRow();
 }
 
-// False when a handler ended the control.
+// False when a handler ended the control. One may also want no more questions.
 bool ModelView::AskHost(const CNode& first, const CNode& second, bool nameButtonClicked, bool& swap) {
+    if (!m_Grid.m_State.customSort)
+        return m_Grid.m_CProperties != nullptr;
     if (first.IsCategory())
         m_Grid.m_Events.CategoryCompare(first.Name(), second.Name(), nameButtonClicked, swap);
     else if (first.Property() && second.Property())
@@ -132,7 +134,7 @@ void ModelView::HeaderSort(bool nameButtonClicked) {
     IgnoringFailures([&] { Sort(nameButtonClicked); }); // a click has no caller to hear of it
     if (!m_Grid.IsAlive())
         return;
-    m_Grid.m_Selection.SetSelectedNode(nullptr);
+    IgnoringFailures([&] { m_Grid.m_Selection.SetSelectedNode(nullptr); });
     if (!m_Grid.IsAlive())
         return;
     m_Grid.m_Panes.RecalcLayout();
@@ -174,8 +176,10 @@ ModelView::Removal ModelView::BeginRemoval(ComPtr<CProperty> property) {
 // Null when there is none that is still in the collection.
 CProperty* ModelView::FirstChildOf(const CProperty& property) const {
     const CNode* node = m_Grid.m_CategorizedNodes.ItemOf(property);
-    const CNode* child = node ? node->FirstChild() : nullptr;
-    return child ? child->Property() : nullptr;
+    for (const CNode* child = node ? node->FirstChild() : nullptr; child; child = child->NextSibling())
+        if (CProperty* found = child->Property())
+            return found;
+    return nullptr;
 }
 
 void ModelView::EndRemoval(const Removal& removal) {
@@ -312,8 +316,8 @@ void ModelView::NodePropertyChanged(CNode& node) {
         return;
     }
     m_Grid.m_Panes.UpdateScrollBar();
+    m_Grid.m_Panes.InvalidateRowsFrom(node); // first: an editor may fail to start
     m_Grid.m_Selection.SetSelectedNode(selected);
-    m_Grid.m_Panes.InvalidateRowsFrom(node);
 }
 
 void ModelView::ViewChanged() {
@@ -357,6 +361,7 @@ void ModelView::ExpandParents(const CNode& node) {
 
 // One after the other, each with its event; what shows follows once, also when a handler raised on the way.
 void ModelView::Open(const std::vector<Ref<CNode>>& path, bool restartEditor) {
+    const Ref<CNode> selected = m_Grid.m_Selection.SelectedNode();
     bool opened = false;
     bool* const outer = std::exchange(m_Opened, &opened);
     std::exception_ptr failure;
@@ -369,9 +374,9 @@ void ModelView::Open(const std::vector<Ref<CNode>>& path, bool restartEditor) {
     m_Opened = outer;
     if (opened && m_Grid.IsAlive()) {
         m_Grid.m_Panes.UpdateScrollBar();
-        if (restartEditor)
-            m_Grid.m_Selection.SetSelectedNode(m_Grid.m_Selection.SelectedNode());
         m_Grid.m_Panes.m_picTreeContainer.Invalidate(false);
+        if (restartEditor || !m_Grid.m_Selection.IsOn(selected)) // a handler's selection lost its editor on the way
+            m_Grid.m_Selection.SetSelectedNode(m_Grid.m_Selection.SelectedNode());
     }
     if (failure)
         std::rethrow_exception(failure);
