@@ -54,7 +54,8 @@ void Grid::Release() {
     m_Records.Release();
     m_Session.Drop();
     m_State.picture = nullptr;
-    m_Alive = false; // from here on no room touches a window
+    m_Alive = false;     // from here on no room touches a window
+    m_Records.Release(); // once more: the former recordset may have brought another one when it went
     IgnoringFailures([&] { properties->RemoveAll(); });
     properties->ReleaseOwner();
     m_CProperties = nullptr;

@@ -23,6 +23,12 @@ std::optional<RecordField> FindField(const Recordset& recordset, const std::wstr
     return field;
 }
 
+// One that reads as a number would be a position.
+bool CanBeKey(const std::wstring& fieldName) {
+    const std::wstring_view key = TrimBlanks(fieldName);
+    return !key.empty() && !IsNumericText(key);
+}
+
 // A field that fails is passed over.
 void ForEachField(const Recordset& source, const std::function<bool()>& goesOn,
                   const std::function<void(const RecordField&)>& body) {
@@ -107,7 +113,7 @@ void RecordBinding::AddRow(const RecordField& field, bool autoUpdate) {
     _variant_t value;
     IgnoringFailures([&] { value = field.Value(); });
     NewProperty row{.name = name, .value = &value, .autoUpdate = autoUpdate};
-    if (!IsNumericText(TrimBlanks(name))) // such a key would be a position
+    if (CanBeKey(name))
         row.key = name;
     row.readOnly = !field.IsUpdatable();
     row.editorType = EditorTypeForField(field, row.readOnly);
@@ -127,8 +133,8 @@ void RecordBinding::AddRow(const RecordField& field, bool autoUpdate) {
 CProperty* RecordBinding::RowOf(const std::wstring& fieldName) const {
     if (!m_Grid.m_CProperties)
         return nullptr;
-    CProperty* row = m_Grid.m_CProperties->ItemByKey(fieldName);
-    return row ? row : m_Grid.m_CProperties->ItemByInternalKey(L"_" + fieldName);
+    return CanBeKey(fieldName) ? m_Grid.m_CProperties->ItemByKey(fieldName)
+                               : m_Grid.m_CProperties->ItemByInternalKey(L"_" + fieldName);
 }
 
 // True when the row has another value by now.

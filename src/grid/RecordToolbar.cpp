@@ -352,13 +352,14 @@ void RecordToolbar::OnKeyDown(int& keyCode, int shift) {
 
 void RecordToolbar::OnKeyPress(int& keyAscii) {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
-    m_Grid.m_Events.KeyPress(keyAscii);
+    IgnoringFailures([&] { m_Grid.m_Events.KeyPress(keyAscii); }); // no letter gets in by it
     if (!m_Grid.IsAlive())
         return;
+    const Recordset source = m_Grid.m_Records.Source();
     if (keyAscii == VK_RETURN)
         GoToNumber();
-    else if (keyAscii == VK_ESCAPE)
-        ShowPosition(m_Grid.m_Records.Source());
+    else if (keyAscii == VK_ESCAPE && source)
+        ShowPosition(source);
     if ((keyAscii < L'0' || keyAscii > L'9') && keyAscii != VK_BACK)
         keyAscii = 0;
 }
@@ -369,7 +370,9 @@ void RecordToolbar::OnGotFocus() { m_Grid.m_Host.FocusEntered(); }
 
 void RecordToolbar::OnLostFocus() {
     const ComPtr<IUnknown> control(m_Grid.m_Host.Outer());
-    GoToNumber();
+    if (!m_Grid.IsReporting()) // the box of the report took the focus
+        GoToNumber();
+    m_Grid.m_Host.FocusLeft();
 }
 
 } // namespace ormisk
