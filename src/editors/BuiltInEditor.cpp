@@ -30,6 +30,7 @@ void BuiltInEditor::FocusRows() const {
 }
 
 std::wstring BuiltInEditor::Param(_CProperty* property, const wchar_t* name) {
+    CheckPointer(property);
     BSTR text = nullptr;
     Check(property->GetEditorParam(_bstr_t(name), &text));
     return FromBstr(_bstr_t(text, false));

@@ -24,6 +24,7 @@ bool CDirectoryEditor::TakeFont(omEditorType type, const FontDescription& font) 
 }
 
 void CDirectoryEditor::ReadRow(_CProperty* property) {
+    CheckPointer(property);
     omEditorType type = omDirectoryEditor;
     Check(property->get_EditorType(&type));
     PathParams params;

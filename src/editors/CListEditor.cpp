@@ -77,13 +77,17 @@ void CListEditor::SetValue(const VARIANT& value) {
     m_ListBox->SetListIndex(found < 0 ? 0 : found);
 }
 
-void CListEditor::SetVisible(bool visible) {
-    unsigned row = m_Row;
-    // The values of a row that has gone may be objects, and are not to be kept alive here.
-    if (m_ListBox && !visible) {
-        row = ++m_Row;
+// The values of a row that has gone may be objects, and are not to be kept alive here.
+void CListEditor::LetObjectsGo() {
+    ++m_Row;
+    if (m_ListBox)
         m_ListBox->Clear();
-    }
+}
+
+void CListEditor::SetVisible(bool visible) {
+    const unsigned row = visible ? m_Row : m_Row + 1;
+    if (!visible)
+        LetObjectsGo();
     if (Serves(row))
         m_ListBox->SetVisible(visible);
 }

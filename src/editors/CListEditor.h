@@ -14,6 +14,7 @@ public:
     void TakeControlFont(const FontDescription& font) override { TakeFont(omListEditor, font); }
     // Opens the list, or goes on to the next entry and commits it.
     void Activate(bool dropDown) override;
+    void LetObjectsGo() override;
     void KeyPress(int& keyAscii) override; // ENTER and ESC end the edit; never cleared, raises nothing
 
 private:

@@ -26,6 +26,7 @@ bool DialogEditor::WithDialog(Tells tells, const std::function<bool()>& dialog) 
 }
 
 void DialogEditor::ReadColors(_CProperty* property) {
+    CheckPointer(property);
     OLE_COLOR backColor = 0;
     OLE_COLOR foreColor = 0;
     Check(property->get_BackColor(&backColor));

@@ -32,7 +32,6 @@ void EditSession::LetObjectsGo() {
     if (!m_Editors.BuiltIn(m_CurrentEditor.Get()) || IsOpen(omListEditor) || IsOpen(omCustomDialog))
         HideCurrentEditor();
     m_Editors.LetObjectsGo();
-    m_Grid.m_Panes.m_ListEditor.Clear();
     m_Editors.EndUse();
 }
 
@@ -77,8 +76,10 @@ void EditSession::StartEditor() {
         if (editor && goesOn()) {
             EditorProxy proxy(editor.Get());
             const HWND window = proxy.Hwnd();
-            if (window && GetParent(window) != m_Grid.m_Panes.TreeWnd())
+            if (window && GetParent(window) != m_Grid.m_Panes.TreeWnd()) {
                 SetParent(window, m_Grid.m_Panes.TreeWnd());
+                m_Grid.m_Panes.m_picHeaderContainer.BringToTop(); // it came above them
+            }
             GiveFont(editor.Get(), *node, property->EditorKind());
             ++m_Starts;
             proxy.Reset(property.Get(), m_editListener.Get());
@@ -185,9 +186,20 @@ void EditSession::FontChanged() {
 
 void EditSession::ReloadEditor(CProperty& property) {
     const ComPtr<_CEditor> editor = m_CurrentEditor;
+    if (!editor)
+        return;
     // A value that is none for the editor would be lost when the editor commits what it has.
-    if (editor && !LoadEditorValue(property, editor.Get()) && m_CurrentEditor == editor)
-        HideCurrentEditor();
+    const auto hide = [&] {
+        if (m_CurrentEditor == editor)
+            HideCurrentEditor();
+    };
+    try {
+        if (!LoadEditorValue(property, editor.Get()))
+            hide();
+    } catch (...) {
+        hide();
+        throw;
+    }
 }
 
 void EditSession::ActivateEditor(bool dropDown) {

@@ -88,8 +88,13 @@ void Selection::StartPropertyEdit(_CProperty* property) {
     Check(property->get_ReadOnly(&readOnly));
     if (visible == VARIANT_FALSE || readOnly != VARIANT_FALSE || m_Grid.m_State.readOnly)
         Raise(ErrorCode::InvalidAction);
+    const ComPtr<CProperty> present(SelectedProperty());
+    const bool isSelected = SameObject(property, static_cast<_CProperty*>(present.Get()));
     SelectProperty(property);
-    m_Grid.m_Session.OpenAndActivate(true);
+    if (isSelected)
+        m_Grid.m_Session.OpenAndActivate(true);
+    else
+        m_Grid.m_Session.ActivateEditor(true); // one that failed to start has been reported
 }
 
 void Selection::Lose() {

@@ -163,7 +163,8 @@ void frmColorPicker::PickByMouse(int button) {
         picked = (cells || m_View.hotRow >= 0) && TakeHot(color);
     } else if (button == kRight && cells && m_View.hotCell.custom && m_View.hotCell) {
         picked = true;
-        if (!AskColor(color) || !m_bShown) // the user, or a handler, has gone elsewhere
+        const unsigned opening = m_Openings;
+        if (!AskColor(color) || !m_bShown || m_Openings != opening) // the user, or a handler, has gone elsewhere
             return;
     }
     if (Close() && picked)
@@ -192,8 +193,10 @@ bool frmColorPicker::AskColor(Color& color) {
         return false;
     m_bColorDialogOpen = false;
     m_DialogColors = kept;
-    if (!chosen)
+    if (!chosen) {
+        color = m_View.settings.SelectedColor; // which the owner may have changed meanwhile
         return true;
+    }
     const int cell = CellOfPick(m_nNextCustomColor);
     m_nNextCustomColor = cell + 1;
     m_View.custom[static_cast<std::size_t>(cell)] = dialog.rgbResult;

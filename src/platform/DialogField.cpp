@@ -9,6 +9,7 @@
 namespace ormisk {
 
 void DialogField::Create(HWND parent, DialogFieldListener* listener, Content content) {
+    Destroy();
     ChildWindow::Create(L"STATIC", SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_CENTERIMAGE | WS_CLIPCHILDREN, parent,
                         listener);
     m_FieldListener = listener;
