@@ -246,7 +246,7 @@ long Panes::ComputeAutoDividerWidth() const {
         return 0;
     long widest = 0;
     const LayoutMetrics metrics = Metrics();
-    for (CNode* node = m_Grid.m_ActiveNodes->NodeAtRow(0); node; node = node->NextVisible()) {
+    for (Ref<CNode> node(m_Grid.m_ActiveNodes->NodeAtRow(0)); node; node = Ref<CNode>(node->NextVisible())) {
         const SelectGuard selected(dc.Get(), m_Grid.m_RowLook.FontOf(*node));
         const RowGeometry geometry = LayoutRow(metrics, 0, node->Level(), m_Grid.m_RowLook.PictureSize(*node));
         const CProperty* property = node->Property();

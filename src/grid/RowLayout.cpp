@@ -47,18 +47,18 @@ RowGeometry LayoutRow(const LayoutMetrics& metrics, long row, long level, std::o
     g.value = {divider, g.row.top, right, g.row.bottom};
 
     const long glyph = GlyphSize(metrics.rowHeight);
-    const long depth = level - 1;
+    const double indentation = std::min(metrics.indentation * (level - 1), kMostIndentation);
     long x = 0;
     if (metrics.expanderStyle) {
-        g.expander.left = RoundToLong(metrics.indentation * depth + 2.0);
+        g.expander.left = RoundToLong(indentation + 2.0);
         g.expander.top = RoundToLong((metrics.rowHeight - glyph) / 2.0);
         g.expander.right = g.expander.left + glyph + 1;
         g.expander.bottom = g.expander.top + glyph + 1;
         x = g.expander.right + 2;
         g.treeLineLeft = RoundToLong((g.expander.right + g.expander.left) / 2.0);
     } else {
-        x = RoundToLong(metrics.indentation * depth);
-        g.treeLineLeft = RoundToLong(glyph / 2.0 + x - metrics.indentation);
+        x = RoundToLong(indentation);
+        g.treeLineLeft = RoundToLong(glyph / 2.0 + x - std::min(metrics.indentation, kMostIndentation));
     }
     if (picture) {
         g.picture.left = x;

@@ -9,8 +9,9 @@ namespace ormisk {
 // Where the rows lie: everything that follows from a row's number and a few sizes, all in pixels. Nothing is cached: a
 // row's rectangles are computed when they are painted or hit.
 
-// What the rectangles of all rows depend on. The place of the divider comes twice, since each cell reads it in the
-// scale of its own header pane.
+inline constexpr double kMostIndentation = 1e6; // pixels: what is beyond is on no screen
+
+// What the rectangles of all rows depend on.
 struct LayoutMetrics {
     long rowHeight = 18;
     long headerHeight = 0; // 0 without headers

@@ -40,14 +40,14 @@ bool RowLook::ByteExpanded(const CProperty* property) const {
     return property ? property->ByteExpanded() : m_Grid.m_State.unicode;
 }
 
-HFONT RowLook::FontOf(const CNode& node) {
+HFONT RowLook::FontOf(const CNode& node, const wchar_t* key) {
     const FontDescription& font = m_Grid.m_State.font;
     if (node.Bold() == font.Bold && node.Italic() == font.Italic)
         return m_Grid.m_ResourceMgr.GetFont(font, L"TreeFont");
     m_NodeFont = font;
     m_NodeFont.Bold = node.Bold();
     m_NodeFont.Italic = node.Italic();
-    return m_Grid.m_ResourceMgr.GetFont(m_NodeFont, L"NodeFont");
+    return m_Grid.m_ResourceMgr.GetFont(m_NodeFont, key);
 }
 
 // A row's colour of -1 is not set.

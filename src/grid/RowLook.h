@@ -25,7 +25,7 @@ public:
     bool ByteExpanded(const CProperty* property) const; // the form of the texts
 
     // The font of a row's texts; owned by the resource cache.
-    HFONT FontOf(const CNode& node);
+    HFONT FontOf(const CNode& node, const wchar_t* key = L"NodeFont");
 
     // RGB values. `unset` is for a row without a back colour of its own.
     Color BackColor(const CNode& node, bool selected, long unset) const;

@@ -4,6 +4,7 @@
 #include "grid/PaintPrimitives.h"
 #include "platform/Rounding.h"
 #include "platform/TextOutput.h"
+#include "win/Dpi.h"
 #include "win/Rects.h"
 
 #include <algorithm>
@@ -183,9 +184,10 @@ void RowPainter::DrawTreeLines(HDC dc, const Cell& cell) {
     DrawGridLine(dc, color, x, start, x, start + length, false);
 
     const double fontSize =
-        ConvertScale(state.font.Size, ScaleMode::Point, ScaleMode::Pixel, GetDeviceCaps(dc, LOGPIXELSX), Axis::X);
+        ConvertScale(state.font.Size, ScaleMode::Point, ScaleMode::Pixel, DpiOf(m_Grid.m_Panes.TreeWnd()), Axis::X);
     const long left = last ? x : x + 1;
-    const long branch = RoundToLong(last ? state.indentation - fontSize / 2.0 : fontSize / 2.0);
+    const long branch =
+        RoundToLong(last ? std::min<double>(state.indentation, kMostIndentation) - fontSize / 2.0 : fontSize / 2.0);
     DrawGridLine(dc, color, left, middle, left + branch, middle, false);
 }
 

@@ -2,6 +2,7 @@
 
 #include "grid/Grid.h"
 #include "grid/TipRules.h"
+#include "platform/TextForms.h"
 #include "platform/TextOutput.h"
 #include "win/Gdi.h"
 #include "win/Rects.h"
@@ -25,11 +26,11 @@ void ShowHtmlHelp(const std::wstring& file, long topic) {
     static const HMODULE viewer = LoadLibraryW(L"hhctrl.ocx");
     const FARPROC found = viewer ? GetProcAddress(viewer, "HtmlHelpW") : nullptr;
     if (found)
-        std::bit_cast<Show>(found)(GetDesktopWindow(), file.c_str(), kHelpContext, static_cast<DWORD_PTR>(topic));
+        std::bit_cast<Show>(found)(GetDesktopWindow(), file.c_str(), kHelpContext, static_cast<DWORD>(topic));
 }
 
 void ShowClassicHelp(const std::wstring& file, long topic) {
-    WinHelpW(GetDesktopWindow(), file.c_str(), HELP_CONTEXT, static_cast<ULONG_PTR>(topic));
+    WinHelpW(GetDesktopWindow(), file.c_str(), HELP_CONTEXT, static_cast<DWORD>(topic));
 }
 
 // Byte-expanded text may begin with the mark of its byte order, which takes no room.
@@ -91,14 +92,14 @@ void TipsAndHelp::UpdateTooltip(long x, long y) {
     const auto place = m_Grid.IsAlive() ? PlaceAt(x, y) : std::nullopt;
     if (!place || place->cell != before->cell || place->cell == m_Shown)
         return;
-    const HFONT font = look.FontOf(node);
+    const HFONT font = look.FontOf(node, L"TMP_FONT");
     const bool byteExpanded = look.ByteExpanded(property.Get());
     if (!IsCutOff(*place, text, font, byteExpanded)) {
         Hide();
         return;
     }
     if (text.size() > kMostInTip)
-        text = text.substr(0, kMostInTip) + L"\x2026";
+        text = text.substr(0, kMostInTip) + (byteExpanded ? ExpandText(L"\x2026") : L"\x2026");
     const GridState& state = m_Grid.m_State;
     m_Tooltip.hFont(font);
     const Rect& rect = place->rect;
