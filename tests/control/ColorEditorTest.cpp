@@ -257,6 +257,13 @@ TEST_F(GridTest, APickGoesToTheRowThatCameMeanwhile) {
              const InDialog dialog([&] { select(host); }, IDOK);
              ClickPalette(host, 3, 7, true);
          }},
+        {"the dialog, from under which another palette opens",
+         [&](GridContainer& host) {
+             const InDialog dialog([&] { host->StartPropertyEdit(host.Item(2L).Get()); }, IDOK);
+             ClickPalette(host, 3, 7, true);
+             EXPECT_TRUE(Palette());
+             host.RealKeys({VK_ESCAPE});
+         }},
         {"ValidateValue",
          [&](GridContainer& host) {
              host.events.on[L"ValidateValue"] = [&](const EventCall&) { select(host); };
@@ -279,8 +286,9 @@ TEST_F(GridTest, APickGoesToTheRowThatCameMeanwhile) {
             EXPECT_TRUE(Palette());
             use(host);
             EXPECT_EQ(host.Selected(), L"C");
-            EXPECT_EQ(std::ranges::count(host.log, "EnableModeless 0"), way == ways[0].first);
-            EXPECT_EQ(std::ranges::count(host.log, "EnableModeless 1"), way == ways[0].first);
+            const bool dialog = std::string(way).starts_with("the dialog");
+            EXPECT_EQ(std::ranges::count(host.log, "EnableModeless 0"), dialog);
+            EXPECT_EQ(std::ranges::count(host.log, "EnableModeless 1"), dialog);
             EXPECT_FALSE(Palette());
             host.events.on.clear();
             const _variant_t left = ValueOf(next.Get());

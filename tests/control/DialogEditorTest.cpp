@@ -134,6 +134,12 @@ TEST_F(GridTest, AFontRowWithoutAFontFailsOrAWrongOneShows) {
     EXPECT_EQ(FailureOfCall(host->putref_SelectedProperty(empty.Get())),
               L"80040002|OrmiskGrid|Invalid property value.");
     EXPECT_FALSE(FieldOf(host));
+    // Emptied by the host under its editor, which would write the former font back.
+    GoTo(host, nothing.Get());
+    nothing->put_Value(_variant_t());
+    EXPECT_FALSE(FieldOf(host));
+    GoTo(host, other.Get());
+    EXPECT_EQ(V_VT(&static_cast<const VARIANT&>(ValueOf(nothing.Get()))), VT_EMPTY);
     // A name that no description of a font has room for, and sizes beyond all screens.
     const std::wstring longName(200, L'x');
     for (const auto& odd : {MakeFont(longName.c_str(), 8), MakeFont(L"Tahoma", 3000)}) {

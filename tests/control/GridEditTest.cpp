@@ -1,6 +1,7 @@
 // The life of an edit: editors over rows, values on their way, refusals, custom editors.
 
 #include "GridContainer.h"
+#include "InDialog.h"
 
 namespace ormisk::test {
 namespace {
@@ -237,7 +238,7 @@ TEST_F(GridTest, ARowWhoseEditorFailsLosesTheSelectionOrReportsOnce) {
     GridContainer host;
     const auto row = host.Add(L"A", L"text", L"", omCustomEditor, L"unknown");
     host.Heard();
-    host.Select(row.Get());
+    EXPECT_EQ(host->StartPropertyEdit(row.Get()), S_OK);
     const std::wstring report = L"DisplayError Editor is not registered. -2147221492 True";
     EXPECT_EQ(host.Heard(), L"SelChanged A; " + report);
     EXPECT_EQ(host.Selected(), L"A");
@@ -252,6 +253,29 @@ TEST_F(GridTest, ARowWhoseEditorFailsLosesTheSelectionOrReportsOnce) {
     row->put_Value(_variant_t());
     host.ClickRow(0);
     EXPECT_TRUE(IsWindowVisible(host.EditBox())) << "Empty suits every editor";
+    // The other view comes on screen all the same, and is told.
+    row->put_EditorType(omFontEditor);
+    host.Heard();
+    EXPECT_NE(FailureOfCall(host->put_ActiveView(omCatagorized)), L"");
+    EXPECT_EQ(host.Heard(), L"ActiveViewChanged");
+}
+
+// Each loss of an edit's focus reports it, in a loop of its own, where the button comes up.
+TEST_F(GridTest, AClickThatEndsInAMessageCatchesTheMouse) {
+    GridContainer host;
+    const auto row = host.Add(L"A", L"old");
+    row->SetEditorParam(_bstr_t(L"MinLength"), _bstr_t(L"3"));
+    host.Add(L"B", L"other");
+    host->StartPropertyEdit(row.Get());
+    host.RealKeys({'X'});
+    EXPECT_EQ(host.EditText(), L"x");
+    host.events.messageBoxes = true;
+    const InDialog message;
+    host.RealClick(host.Tree(), 30, host.RowTop(1) + 6);
+    EXPECT_GE(message.Seen(), 1);
+    EXPECT_EQ(GetCapture(), nullptr);
+    host.RealClick(host.Tree(), 30, host.RowTop(1) + 6);
+    EXPECT_EQ(host.Selected(), L"B");
 }
 
 TEST_F(GridTest, StartingAnEditByTheHostIsRefusedOrTakesNoFocus) {

@@ -211,6 +211,45 @@ TEST_F(GridTest, ADisabledControlTakesTheKeysOfItsOpenEditor) {
     host.Select(host.Item(1L).Get());
     EXPECT_EQ(host.EditText(), L"old");
     EXPECT_EQ(ValueText(list.Get()), L"True");
+    // Nor do the panes tell a key, of which none comes in part: F10 is a key of the system.
+    host.events.quiet.clear();
+    SetFocus(host.Tree());
+    for (const bool enabled : {true, false}) {
+        host->put_Enabled(enabled ? VARIANT_TRUE : VARIANT_FALSE);
+        host.Heard();
+        for (const UINT message : {WM_SYSKEYDOWN, WM_SYSKEYUP})
+            SendMessageW(host.Tree(), message, VK_SHIFT, 0);
+        SendMessageW(host.Tree(), WM_CHAR, L'x', 1);
+        EXPECT_EQ(host.Heard(), enabled ? L"KeyDown 16 0; KeyUp 16 0; KeyPress 120" : L"");
+    }
+}
+
+TEST_F(GridTest, TheContainerIsNotToldThatTheFocusCameOrLeft) {
+    for (const omEditorType type : {omTextEditor, omBooleanEditor, omDateEditor, omColorEditor}) {
+        GridContainer host;
+        const auto row = host.Add(L"A", _variant_t(), L"", type);
+        const auto told = [&] {
+            std::string focus;
+            for (const std::string& call : std::exchange(host.log, {}))
+                if (call.starts_with("OnFocus"))
+                    focus += call.back();
+            return focus;
+        };
+        SetFocus(host.window);
+        told();
+        host->StartPropertyEdit(row.Get());
+        SetFocus(host.window);
+        const std::string calls = told(); // a palette or a calendar may have had it meanwhile
+        EXPECT_TRUE(calls.starts_with('1') && calls.ends_with('0')) << type << ' ' << calls;
+        for (const HWND pane : {host.Tree(), host.TabStrip(), host.HeaderStrip()}) {
+            SetFocus(pane);
+            EXPECT_EQ(told(), "1");
+            SetFocus(host.DescriptionPane());
+            EXPECT_EQ(told(), "") << "within the control";
+            SetFocus(host.window);
+            EXPECT_EQ(told(), "0");
+        }
+    }
 }
 
 TEST_F(GridTest, TheMouseIsToldWithAnotherPartPlaceOrStage) {

@@ -132,6 +132,15 @@ TEST_F(GridTest, AMeddlingComparisonLosesRowsOrHangs) {
     EXPECT_EQ(sortWith([&](const EventCall&) { host->put_Sorted(VARIANT_TRUE); }), L"abcd");
     sortWith([&](const EventCall&) { host.events.answer = DISP_E_EXCEPTION; });
     EXPECT_EQ(host.Count(), 4);
+    int calls = 0;
+    host.events.on[L"PropertyCompare"] = [&](const EventCall& call) {
+        ++calls;
+        call.Set(3, true); // and so on for ever
+        host->put_CustomSort(VARIANT_FALSE);
+    };
+    host->put_Sorted(VARIANT_TRUE);
+    EXPECT_EQ(calls, 1) << "asked by a control that asks no more";
+    host->put_CustomSort(VARIANT_TRUE);
     // A click ends as ever: nobody hears that its sort failed.
     host.Select(host.Item(L"_a").Get());
     host.events.on[L"PropertyCompare"] = [&](const EventCall&) { host.events.answer = DISP_E_EXCEPTION; };

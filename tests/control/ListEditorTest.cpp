@@ -4,6 +4,7 @@
 
 #include "editors/CListEditor.h"
 #include "listbox/OrmiskListBox.h"
+#include "platform/FontDescription.h"
 
 #include <cwchar>
 
@@ -256,6 +257,13 @@ TEST_F(GridTest, OddValuesOfEntriesAreLostOrTakenForEachOther) {
     host.RealKeys({VK_F4, VK_DOWN, 'A', VK_RETURN});
     host.RealClick(host.Tree(), 30, host.RowTop(1) + 6, 2);
     EXPECT_EQ(host.Heard(), L"") << "the only entry is the present value";
+    // A load of other rows lets go of what the list shows.
+    empty->putref_Value(_variant_t(static_cast<IDispatch*>(objectB.Get())));
+    GoTo(host, empty.Get());
+    VARIANT_BOOL result = VARIANT_FALSE;
+    host->LoadObjectProperties(NewFont(L"Tahoma", 80000).Get(), VARIANT_TRUE, VARIANT_FALSE, &result);
+    objectB.Get()->AddRef();
+    EXPECT_EQ(objectB.Get()->Release(), 3U) << "but for this test, an entry and a value that it holds";
 }
 
 TEST_F(GridTest, ARefusedChoiceIsStoredOrForgottenAtOnce) {

@@ -12,16 +12,18 @@ void Exercise(GridContainer& host, RecordsetDouble& records) {
         if (host.Window())
             IgnoringFailures(act);
     };
-    const ComPtr<OrmiskGrid> grid = host.grid;
-    VARIANT_BOOL result = VARIANT_FALSE;
-    step([&] { grid->LoadRecordset(&records, VARIANT_TRUE, &result); });
+    step([&] {
+        const ComPtr<OrmiskGrid> grid = host.grid; // the caller's
+        VARIANT_BOOL result = VARIANT_FALSE;
+        grid->LoadRecordset(&records, VARIANT_TRUE, &result);
+    });
     if (!host.Window())
         return;
     const HWND number = RecordBar(host).number, next = RecordBar(host).next;
     step([&] { records.Host(L"MoveNext"); });
     step([&] {
         if (const auto age = host.Item(L"Age"))
-            grid->putref_SelectedProperty(age.Get());
+            host->putref_SelectedProperty(age.Get());
         host.TypeIntoEditor(L"77");
     });
     step([&] { SendMessageW(next, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3)); });

@@ -94,6 +94,14 @@ TEST_F(RecordsetTest, ARowOfAFieldHasAnotherNameKeyValueOrSource) {
     }
     host->put_LockRefresh(VARIANT_FALSE);
     EXPECT_EQ(host.Rows(), L"Name Age");
+    // A row of the host's own in the place of one is none of a field.
+    const auto people = People();
+    LoadRecords(host, people.Get());
+    host->put_DefaultCategory(_bstr_t(L""));
+    host.Remove(L"Age");
+    host.Add(L"Age", L"mine");
+    people->Host(L"MoveNext");
+    EXPECT_EQ(Values(host), L"Name=Bob Age=mine");
 }
 
 TEST_F(RecordsetTest, WhatIsNoRecordsetIsTakenOrEmptiesTheRows) {

@@ -47,6 +47,13 @@ TEST(RowLayout, TextStartsBehindGlyphIndentAndPicture) {
     EXPECT_EQ(g.textLeft, 10);
     EXPECT_EQ(g.treeLineLeft, 4);
     EXPECT_EQ(LayoutRow(m, 0, 1, {}).treeLineLeft, -6);
+    for (const bool expanderStyle : {false, true}) {
+        m.indentation = 1e300;
+        m.expanderStyle = expanderStyle;
+        g = LayoutRow(m, 0, 1000, {});
+        EXPECT_GE(g.textLeft, 1000000) << "off every screen";
+        EXPECT_LT(g.textLeft, 1100000);
+    }
 }
 
 TEST(RowLayout, CellsMeetAtTheDividerAndLeaveTheScrollBarFree) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <random>
 
 namespace ormisk {
@@ -91,6 +92,17 @@ TEST(StoredForm, DamageCostsMoreThanTheRecordThatItHits) {
         }
         ASSERT_LE(found.size(), values.size());
     }
+}
+
+// Heads that each promise all that follows, and keep nothing.
+TEST(StoredForm, AHostileStreamIsReadForMinutes) {
+    const Bytes head = {0xA5, 'V', 1, 1, 0, 0, 8, 0};
+    Bytes records;
+    for (int i = 0; i < 200000; ++i)
+        records.insert(records.end(), head.begin(), head.end());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(DecodeStored(records).empty());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 } // namespace

@@ -71,6 +71,21 @@ On Error GoTo 0
 CheckEvents "refused", ""
 CheckEqual "rows after refusals", 3, all.Count
 
+' What an object does to the variables of the call, when it is asked for its value, does not reach the row.
+Class Restless
+    Public Default Property Get Itself()
+        text = String(500, "z")
+        names = String(500, "z")
+        Itself = 5
+    End Property
+End Class
+text = "unchanged"
+names = "of old"
+Set item = all.Add(text, New Restless, names, names, Nothing, True, omNumberEditor)
+CheckEqual "a row of its first texts", "unchanged of old of old", item.Name & " " & item.Category & " " & item.Key
+all.Remove "of old"
+CheckEvents "restless", "added unchanged as 4 of 4, deleted unchanged leaving 3"
+
 ' An object that is its own default value is no number for the host of the script either.
 Dim entry
 Set item = all("tall")
