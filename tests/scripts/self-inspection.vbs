@@ -2,6 +2,7 @@
 Option Explicit
 Host.Include "lib\common.vbs"
 Host.Include "..\..\examples\lib\palette.vbs"
+Host.Include "..\..\examples\lib\click-on-row.vbs"
 Host.Include "..\..\examples\lib\own-looks.vbs"
 Host.Include "..\..\examples\lib\own-settings.vbs"
 
