@@ -275,7 +275,10 @@ void RowPainter::DrawBackgroundPicture(HDC dc, const Rect& clip) {
         break;
     }
     case omPictureTiled:
-        TileBitmap(dc, picture.Get(), area, source.Get());
+        TileBitmap(dc, picture.Get(),
+                   {std::max(area.left, clip.left), std::max(area.top, clip.top), std::min(area.right, clip.right),
+                    std::min(area.bottom, clip.bottom)},
+                   source.Get());
         break;
     default:
         break;
