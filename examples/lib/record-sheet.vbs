@@ -8,6 +8,8 @@ Sub MakeRecords(file)
     Dim records, i, widths
     MakeClocks file
     StartRecords omShow, "few"
+    SelectRow 1 ' into view, wherever the former sheet was
+    Set Grid.SelectedProperty = Nothing
     Shot "No recordset (omShow)"
 
     StartRecords omAutomatic, ""
