@@ -12,7 +12,7 @@ Host.Include "lib\file-rows.vbs"
 FillGrid
 If Not Host.Interactive Then ShowItself
 
-' ---- A short session for when nobody is there ----
+' A short session for when nobody is there.
 
 Sub ShowItself()
     ' Typing over a selected row replaces its text; ENTER stores it.

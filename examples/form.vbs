@@ -9,9 +9,9 @@ Option Explicit
 ' What the script uses of the control's enumerations.
 Const omCatagorized = 1
 Const omFlat = 0
-Const omStretch = 1
-Const omTile = 2
-Const omHorizontalSolid = 3
+Const omPictureStretched = 1
+Const omPictureTiled = 2
+Const omHorzSolid = 3
 Const omTreeLinesPlusMinusText = 3
 
 Const kHalf = 380
@@ -35,7 +35,7 @@ If Not Host.Interactive Then
     Host.Quit 0
 End If
 
-' ---- The design ----
+' The design.
 
 Sub Design()
     Dim crew
@@ -45,7 +45,7 @@ Sub Design()
         .Font.Size = 9
         .ActiveView = omCatagorized
         .TreeStyle = omTreeLinesPlusMinusText
-        .Grid = omHorizontalSolid
+        .Grid = omHorzSolid
         .NameCaption = "Voyage"
         .ValueCaption = "Planned"
         .CategorizedTabCaption = "By &leg"
@@ -56,7 +56,7 @@ Sub Design()
         .LineColor = &HA8BCC8
         .HighlightBackColor = &H5A82B4
         Set .Picture = Host.Picture("pictures\weave.bmp")
-        .PictureLayout = omTile
+        .PictureLayout = omPictureTiled
     End With
     FillVoyage Grid
 
@@ -78,7 +78,7 @@ Sub Design()
         .LineColor = &H706860
         .Sorted = True
         Set .Picture = Host.Picture("pictures\hills.bmp")
-        .PictureLayout = omStretch
+        .PictureLayout = omPictureStretched
     End With
     FillCrew crew
 End Sub
@@ -112,7 +112,7 @@ Sub FillCrew(place)
     place.ColumnDividerPosition = kHalf * 0.45
 End Sub
 
-' ---- The file ----
+' The file.
 
 Function TextOf(path)
     Dim file
@@ -144,7 +144,7 @@ Function Renamed(text)
     Renamed = changed
 End Function
 
-' ---- A check for when nobody is there: both halves have the same settings, to the last byte of their pictures ----
+' A check for when nobody is there: both halves have the same settings, to the last byte of their pictures
 
 Sub CompareHalves()
     Dim lines, key, other, compared, differ

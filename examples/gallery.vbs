@@ -57,7 +57,7 @@ Else
     Host.Quit 0
 End If
 
-' ---- The rows: a weather station ----
+' The rows: a weather station.
 
 Sub FillStation()
     Dim row
@@ -165,7 +165,7 @@ Sub Grid_DisplayError(message, number, showBox)
     Host.Quit 1
 End Sub
 
-' ---- The sheets ----
+' The sheets.
 
 Sub MakeSheets()
     MakeViews

@@ -15,7 +15,7 @@ Host.Include "lib\own-looks.vbs"
 
 Dim inspector, objects
 Set inspector = Host.AddControl("Ormisk.OrmiskGrid", "Inspector", 0, 0, 400, 100)
-' The rows of a member do not keep its object: whoever shows an object keeps it, here for as long as the script runs.
+' The grid keeps an object only while it shows it: those of the list are kept here.
 Set objects = CreateObject("Scripting.Dictionary")
 
 Host.Resize 680, 480
@@ -77,7 +77,7 @@ Sub Inspector_DisplayError(message, number, showBox)
     showBox = Host.Interactive
 End Sub
 
-' ---- A short session for when nobody is there: every object is shown, and the grid at the right changes its own looks ----
+' A short session for when nobody is there: every object is shown, and the grid at the right changes its own looks
 
 Sub ShowItself()
     Dim i

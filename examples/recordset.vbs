@@ -12,7 +12,7 @@ Host.Include "lib\click-on-row.vbs"
 Host.Include "lib\clocks.vbs"
 Host.Include "lib\toolbar.vbs"
 
-' What the script uses of the enumerations of grid and recordset.
+' What the script uses of the recordset's enumerations.
 Const adOpenForwardOnly = 0
 Const adOpenKeyset = 1
 Const adLockReadOnly = 1
@@ -36,7 +36,7 @@ ElseIf Not Host.Interactive Then
     Host.Quit 0
 End If
 
-' ---- The table ----
+' The table.
 
 Sub ChooseTable()
     Dim words
@@ -81,7 +81,7 @@ Sub Fail(message)
     Host.Quit 1
 End Sub
 
-' ---- The rows ----
+' The rows.
 
 ' LoadRecordset makes a row of each field; what only the script knows of it follows.
 Sub ShowRecords()
@@ -137,7 +137,7 @@ Sub Describe(name, help)
     Grid.Properties(name).Help = help
 End Sub
 
-' ---- What the grid tells ----
+' What the grid tells.
 
 ' What the table refuses is told in a box. With nobody there to shut it, it is only told.
 Sub Grid_DisplayError(message, number, showBox)
@@ -145,7 +145,7 @@ Sub Grid_DisplayError(message, number, showBox)
     showBox = Host.Interactive
 End Sub
 
-' ---- A short session for when nobody is there: goes over the table, edits a record and looks into the file ----
+' A short session for when nobody is there: goes over the table, edits a record and looks into the file
 
 Sub ShowItself()
     GoBy "Next", omRSToolbarNextButton, 2

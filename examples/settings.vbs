@@ -10,7 +10,6 @@
 Option Explicit
 
 ' What the script uses of the control's enumerations.
-Const omAlphabetic = 0
 Const omCatagorized = 1
 Const omDescending = 1
 Const omCustomDialog = 0
@@ -24,7 +23,7 @@ Const omDirectoryEditor = 8
 Const omListEditor = 9
 Const omColorEditor = 10
 Const omPictureEditor = 11
-Const omTile = 2
+Const omPictureTiled = 2
 
 ' Where the short session looks for rows.
 Const kTopRow = 56
@@ -46,7 +45,7 @@ Grid.CustomSort = True
 Grid.Sorted = True
 If Not Host.Interactive Then ShowItself
 
-' ---- The rows ----
+' The rows.
 
 Sub FillPage()
     Grid.LockRefresh = True
@@ -177,7 +176,7 @@ Sub ShowRow(key, visible)
     RowOf(key).Visible = visible
 End Sub
 
-' ---- What the grid asks and tells ----
+' What the grid asks and tells.
 
 Sub Grid_ValidateValue(aProperty, newValue, cancel)
     Dim i
@@ -258,7 +257,7 @@ End Sub
 
 Sub SetPaper(picture)
     Set Grid.Picture = picture
-    Grid.PictureLayout = omTile
+    Grid.PictureLayout = omPictureTiled
 End Sub
 
 ' A sort compares two rows: swap is True when the first one is to stand after the second one.
@@ -287,7 +286,7 @@ Sub Grid_DisplayError(message, number, showBox)
     showBox = Host.Interactive
 End Sub
 
-' ---- A short session for when nobody is there ----
+' A short session for when nobody is there.
 
 Sub ShowItself()
     ClickOn "Remind from"

@@ -59,7 +59,7 @@ std::optional<double> ParsedDecimal(const std::string& text) {
     return error == std::errc() && stop == end && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
-// ---- Bytes as text, four letters for three of them.
+// Bytes as text, four letters for three of them.
 
 std::string Encoded(const std::uint8_t* bytes, std::size_t count) {
     std::string text;
@@ -96,7 +96,7 @@ std::optional<FormPicture> Decoded(std::string_view text) {
     return bytes;
 }
 
-// ---- Writing.
+// Writing.
 
 std::wstring Quote(const std::wstring& text) {
     std::wstring quoted = L"\"";
@@ -186,7 +186,7 @@ struct ValueText {
     std::wstring operator()(const FormPicture& picture) const { return PictureText(picture); }
 };
 
-// ---- Reading.
+// Reading.
 
 // What is left of a line.
 class LineReader {

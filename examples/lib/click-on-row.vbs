@@ -1,5 +1,5 @@
-' Clicks down the names of a grid, from `top` to `bottom` on the form, until the row of that name is selected, and gives where
-' that was.
+' Clicks down the names of a grid, at `x` and from `top` to `bottom` as Host.Click counts, until the row of that name is selected,
+' and gives the y of that click.
 Function ClickOnRow(place, name, x, top, bottom)
     Dim y
     For y = top To bottom Step 16

@@ -3,7 +3,6 @@
 
 ' What the script uses of the control's enumerations.
 Const omCatagorized = 1
-Const omTextEditor = 2
 Const omNumberEditor = 3
 Const omPreErase = 0
 
@@ -17,7 +16,7 @@ Set files = CreateObject("Scripting.FileSystemObject")
 Set file = files.GetFile(FileToShow())
 Set folder = files.GetFolder(files.GetParentFolderName(file.Path))
 
-' ---- The rows ----
+' The rows.
 
 ' The file named on the command line, else one that is surely there.
 Function FileToShow()
@@ -112,7 +111,7 @@ Function Max(a, b)
     If a > b Then Max = a Else Max = b
 End Function
 
-' ---- What the grid asks and tells ----
+' What the grid asks and tells.
 
 ' An edited value is about to be stored; cancel = True refuses it.
 Sub Grid_ValidateValue(aProperty, newValue, cancel)

@@ -14,7 +14,7 @@ Sub ChangeOwnLooks(place, pictures)
     Host.Keys "+{TAB}^+p{F4}{END}{ENTER}"
 End Sub
 
-' What the double click on the row of that name opens gets the keys. Gives the height of the row on the form.
+' What the double click on the row of that name opens gets the keys. Gives the y of the row.
 Function DoubleClickOn(place, name, keys)
     Dim x
     x = place.Left + 60

@@ -1,6 +1,6 @@
 ' A second grid at the right edge that shows its own settings, and a session that changes seven of them by mouse and keyboard.
 
-' Needs palette.vbs and own-looks.vbs.
+' Needs palette.vbs, click-on-row.vbs and own-looks.vbs.
 
 Const kRightEdge = 4
 

@@ -89,7 +89,7 @@ Sub LoadOnce(where)
     Host.LoadForm path
 End Sub
 
-' ---- All of it comes back
+' All of it comes back
 
 Sub Design()
     Host.Resize 500, 300
@@ -161,7 +161,7 @@ CheckEqual "made anew", 0, Grid.Properties.Count
 Host.SaveForm path
 CheckEqual "saved again", saved, Text()
 
-' ---- The new controls are heard, and have the focus where the old ones had it
+' The new controls are heard, and have the focus where the old ones had it
 
 EventLog = ""
 Grid.Properties.Add "A", 1
@@ -177,7 +177,7 @@ Grid.Properties.Add "B", 2
 Host.Keys "{DOWN 2}"
 CheckEvents "the focus", "grid"
 
-' ---- A file that a person has edited
+' A file that a person has edited
 
 Write Replace(saved, vbCrLf, vbLf)
 Edit "Second.Object.CategorySeparator = ""/""", "second.object.categoryseparator = ""  """
@@ -204,7 +204,7 @@ Host.LoadForm path
 CheckEqual "one control alone", "alone" & True, second.Tag & (second.BackColor <> 255)
 CheckEqual "the others stay", "1 Third 5 6 70 80", Host.Control("Third").Properties.Count & " Third " & Place(Host.Control("Grid"))
 
-' ---- A file that cannot be loaded
+' A file that cannot be loaded
 
 Sub CheckUnloaded(what, lines, words)
     Write lines
@@ -230,7 +230,7 @@ Host.SaveForm path & "\no\folder.txt"
 CheckFailed "a missing folder"
 On Error GoTo 0
 
-' ---- A form that is loaded by a control's own event
+' A form that is loaded by a control's own event
 
 Write Replace(saved, "Second.TabStop = False", "Second.TabStop = True")
 For Each what In Array("nothing", "SelChanged", "SelChanged by a key", "SelChanged of the other", "AddingProperty", _

@@ -11,7 +11,7 @@ Const kHighlight = &HFF0000
 Dim EventLog, RowHeight, RowsTop
 EventLog = ""
 
-' ---- The log of events.
+' The log of events.
 
 Sub Note(text)
     If EventLog <> "" Then EventLog = EventLog & ", "
@@ -24,7 +24,7 @@ Sub CheckEvents(what, expected)
     EventLog = ""
 End Sub
 
-' ---- Rows. They fill the whole grid, without tabs, headers, description or border.
+' Rows. They fill the whole grid, without tabs, headers, description or border.
 
 Sub MakePlain(width, height)
     Grid.ShowTabs = False
