@@ -258,9 +258,11 @@ End Sub
 Sub MakeViews()
     Start 300, 420, False, "station"
     Grid.Sorted = True
+    Grid.ReadOnlyPropertyColor = &H303030
     SelectRow "Sensors|Wind_Wind unit"
     Shot "Alphabetic, sorted"
     Start 300, 420, False, "station"
+    Grid.ReadOnlyPropertyColor = &H303030
     Grid.ActiveView = omCatagorized
     SelectRow "Sensors|Wind_Wind unit"
     Shot "Categorized"
@@ -406,7 +408,7 @@ Sub MakeFonts()
     Dim sizes, i
     sizes = Array(6, 8, 12, 18)
     For i = 0 To 3
-        Start Pick(i, Array(170, 190, 250, 330)), Pick(i, Array(190, 220, 290, 380)), False, "few"
+        Start Pick(i, Array(170, 190, 250, 370)), Pick(i, Array(190, 220, 290, 380)), False, "few"
         Grid.Font.Size = sizes(i)
         Grid.ActiveView = omCatagorized
         Grid.DescriptionPaneHeight = Pick(i, Array(40, 50, 70, 90))
@@ -508,7 +510,7 @@ Sub MakePalettes()
     StartColors &HFFFF80
     OpenPalette "Sky"
     Host.Keys "{RIGHT 2}{DOWN}"
-    Shot "The selected cell, and the hot one by the keys"
+    Shot "Selected cell, hot cell"
     CloseList
     StartColors &H80000007
     OpenPalette "Sky"
