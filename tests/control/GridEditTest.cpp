@@ -270,8 +270,19 @@ TEST_F(GridTest, AClickThatEndsInAMessageCatchesTheMouse) {
     host.RealKeys({'X'});
     EXPECT_EQ(host.EditText(), L"x");
     host.events.messageBoxes = true;
-    const InDialog message;
-    host.RealClick(host.Tree(), 30, host.RowTop(1) + 6);
+    const auto button = [](DWORD flags) {
+        INPUT input{};
+        input.type = INPUT_MOUSE;
+        input.mi.dwFlags = flags;
+        SendInput(1, &input, sizeof input);
+    };
+    const InDialog message([&] {
+        button(MOUSEEVENTF_LEFTUP);
+        host.Pump();
+    });
+    host.MouseTo(host.Tree(), 30, host.RowTop(1) + 6);
+    button(MOUSEEVENTF_LEFTDOWN);
+    host.Pump();
     EXPECT_GE(message.Seen(), 1);
     EXPECT_EQ(GetCapture(), nullptr);
     host.RealClick(host.Tree(), 30, host.RowTop(1) + 6);
