@@ -119,6 +119,32 @@ TEST_F(GridTest, ATipLeavesTheScreen) {
     host.Aside();
 }
 
+TEST_F(GridTest, ATipTakesTheMouseFromItsRow) {
+    TipHost host;
+    for (int i = 0; i < 40; ++i)
+        host.Add(L"Row" + std::to_wstring(i), L"v");
+    const Tip tip(host);
+    const auto show = [&] {
+        host.Aside();
+        host.Over(1, false);
+        return tip.Comes();
+    };
+    ASSERT_TRUE(show());
+    host.events.quiet.clear();
+    host.Heard();
+    const RECT cell = host.ValueCell(1);
+    host.MouseTo(host.Tree(), cell.left + 21, (cell.top + cell.bottom) / 2);
+    EXPECT_NE(host.Heard().find(L"MouseMove"), std::wstring::npos);
+    EXPECT_TRUE(tip.IsShown()) << "a step within the cell";
+    host.RealClick(host.Tree(), cell.left + 21, (cell.top + cell.bottom) / 2);
+    EXPECT_EQ(host.Selected(), L"Long");
+    host.Select(nullptr);
+    ASSERT_TRUE(show());
+    host.RealWheel(-WHEEL_DELTA);
+    EXPECT_NE(GetScrollPos(host.ScrollBarWindow(), SB_CTL), 0);
+    host.Aside();
+}
+
 TEST_F(GridTest, AnOldTipHangsOverAnotherRow) {
     TipHost host;
     for (int i = 0; i < 40; ++i)
