@@ -1,6 +1,6 @@
 // List and Boolean rows: choosing by keys and mouse, what is stored, and lists that are odd or vanish meanwhile.
 
-#include "GridContainer.h"
+#include "DialogTools.h"
 
 #include "editors/CListEditor.h"
 #include "listbox/OrmiskListBox.h"
@@ -41,19 +41,6 @@ _variant_t Array() {
 VARTYPE TypeOf(const VARIANT& value) { return V_VT(&value); }
 
 const Entries kColors{{L"Red", 1L}, {L"Green", 2L}, {L"Blue", 3L}};
-
-_variant_t ValueOf(_CProperty* property) {
-    _variant_t value;
-    property->get_Value(&value);
-    return value;
-}
-
-// As a user comes to a row: the rows have the focus.
-void GoTo(GridContainer& host, _CProperty* property) {
-    SetFocus(host.Tree());
-    host.Select(property);
-    host.Heard();
-}
 
 // The windows of the list editor.
 HWND Box(const GridContainer& host) { return FindWindowExW(host.Tree(), nullptr, L"ComboBox", nullptr); }
@@ -145,11 +132,8 @@ TEST_F(GridTest, TheMouseInAListMissesAnEntryOrTakesOneFromOutside) {
     EXPECT_FALSE(IsOpen(host));
     EXPECT_EQ(Shown(host), L"Blue");
     EXPECT_EQ(host.Heard(), L"");
-    // A double click on the row goes round.
     host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2);
-    EXPECT_EQ(host.Heard(), L"ValidateValue A 1 False; PropertyValueChanged A");
-    host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2);
-    EXPECT_EQ(host.Heard(), L"ValidateValue A 2 False; PropertyValueChanged A");
+    EXPECT_EQ(host.Heard(), L"ValidateValue A 1 False; PropertyValueChanged A") << "a double click goes round";
 }
 
 TEST_F(GridTest, TheWheelChangesAListThatItShouldScrollPast) {

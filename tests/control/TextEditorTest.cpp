@@ -1,7 +1,6 @@
 #include "HandleCount.h"
 
 #include "automation/Value.h"
-#include "editors/CEditor.h"
 #include "editors/CEditorListener.h"
 #include "editors/CTextEditor.h"
 #include "editors/EditorRegistry.h"
@@ -164,23 +163,6 @@ TEST_F(TextEditorTest, AStoreThatFailsReachesTheKeyHandlerWithItsError) {
     EXPECT_EQ(GetFocus(), box->hWnd());
 }
 
-TEST_F(TextEditorTest, NumberLimitsAreInclusiveBelowAndExclusiveAboveAndNamedInTheMessage) {
-    Start(number, 0L,
-          {{L"EnableMinValueCheck", L"1"},
-           {L"MinValue", L"0"},
-           {L"EnableMaxValueCheck", L"1"},
-           {L"MaxValue", L"10"},
-           {L"AllowNegative", L"1"}});
-    EXPECT_EQ(CommitError(), L"none");
-    EXPECT_EQ(heard, L"commit; ");
-    Put(L"10");
-    EXPECT_EQ(CommitError(), L"Entered value is greater than 10");
-    Put(L"-1");
-    EXPECT_EQ(CommitError(), L"Entered value is less than 0");
-    Put(L"1.5");
-    EXPECT_EQ(CommitError(), L"Entered value is less than 0") << "a refusal without words repeats the last ones";
-}
-
 TEST_F(TextEditorTest, ParametersThatARowDoesNotSetKeepTheirLastValue) {
     Start(number, 0L,
           {{L"AllowFloatingPoint", L"-1"}, {L"EnableMaxValueCheck", L"True"}, {L"MaxValue", L"1E3 and more"}});
@@ -197,6 +179,8 @@ TEST_F(TextEditorTest, ParametersThatARowDoesNotSetKeepTheirLastValue) {
     EXPECT_EQ(heard, L"");
     Put(L"a");
     EXPECT_EQ(CommitError(), L"Entered text is too small in length");
+    Put(L"abcde");
+    EXPECT_EQ(CommitError(), L"Entered text is too small in length") << "a refusal without words repeats the last ones";
     Put(L"ab ");
     EXPECT_EQ(CommitError(), L"none");
     Start(text, L"", {{L"MaxLength", L"1E300"}});
@@ -253,17 +237,6 @@ TEST_F(TextEditorTest, AControlThatEndsDuringACommitLeavesTheEditorInert) {
     EXPECT_EQ(editor.Value(), _variant_t(L""));
     EXPECT_EQ(editor.Hwnd(), nullptr);
     EXPECT_EQ(heard, L"commit; ");
-}
-
-TEST_F(TextEditorTest, TheEditorClassAnswersEmpty) {
-    const auto editor = MakeObject<CEditor>();
-    EditorProxy proxy(editor.Get());
-    proxy.SetValue(_variant_t(5L));
-    proxy.SetVisible(true);
-    EXPECT_EQ(proxy.Value().vt, VT_EMPTY);
-    EXPECT_FALSE(proxy.Visible());
-    EXPECT_EQ(proxy.Hwnd(), nullptr);
-    proxy.Commit();
 }
 
 } // namespace ormisk

@@ -15,18 +15,15 @@ protected:
     void SetUp() override {
         parent = CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
         CTooltip().init(parent); // the system keeps what the first one made
-        windows = LiveWindows();
-        handles = LiveGdiHandles();
+        before = {};
     }
     void TearDown() override {
-        EXPECT_EQ(LiveWindows(), windows);
-        EXPECT_EQ(LiveGdiHandles(), handles);
+        before.ExpectNoMore();
         DestroyWindow(parent);
     }
 
     HWND parent = nullptr;
-    unsigned windows = 0;
-    unsigned handles = 0;
+    Inventory before;
 };
 
 TEST_F(TooltipTest, ToolsAreAddedTwiceRefusedWithoutATextOrLost) {
