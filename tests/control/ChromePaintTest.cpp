@@ -24,17 +24,6 @@ POINT OriginIn(HWND window, HWND frame) {
 
 RECT Whole(const Picture& picture) { return {0, 0, picture.Size().cx, picture.Size().cy}; }
 
-// The pane of a window whose place in the window is nearest to its left, counted from 0.
-HWND PaneAt(HWND parent, long index) {
-    std::map<long, HWND> byLeft;
-    for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        byLeft[OriginIn(child, parent).x] = child;
-    for (const auto& [left, child] : byLeft)
-        if (index-- == 0)
-            return child;
-    return nullptr;
-}
-
 HWND Toolbar(const GridContainer& host) {
     for (HWND child = GetWindow(host.TabStrip(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         if (child != host.Tree())

@@ -75,14 +75,14 @@ TEST_F(GridTest, AConfirmedFontIsNotStoredOrSharedOrAskedAboutTwice) {
     GoTo(host, row.Get());
     EXPECT_EQ(FieldText(host), L"Tahoma");
     constexpr int kSizes = 1138;
-    const auto pickSize = [] {
+    const auto confirm = [&](const std::function<void()>& choose) {
+        const InDialog dialog(choose, IDOK);
+        host.RealKeys({VK_F4});
+    };
+    confirm([] {
         SetDlgItemTextW(Dialog(), kSizes, L"12");
         SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(kSizes, CBN_EDITCHANGE), 0);
-    };
-    {
-        InDialog dialog(pickSize, IDOK);
-        host.RealKeys({VK_F4});
-    }
+    });
     EXPECT_EQ(host.Heard().substr(0, 16), L"ValidateValue A ");
     EXPECT_EQ(FontOf(row.Get()), L"Tahoma 1200");
     EXPECT_NE(ObjectOf(ValueOf(row.Get())), font.Get());
@@ -91,17 +91,11 @@ TEST_F(GridTest, AConfirmedFontIsNotStoredOrSharedOrAskedAboutTwice) {
     host.Select(host.Item(2L).Get());
     EXPECT_EQ(host.Heard(), L"SelChanged B");
     GoTo(host, row.Get());
-    {
-        InDialog dialog([] {}, IDOK);
-        host.RealKeys({VK_F4});
-    }
+    confirm({});
     EXPECT_EQ(host.Heard(), L"");
     // Refused: the field shows what was chosen, the row what it has.
     host.events.on[L"ValidateValue"] = [](const EventCall& call) { call.Set(2, true); };
-    {
-        InDialog dialog([] { SetDlgItemTextW(Dialog(), kSizes, L"18"); }, IDOK);
-        host.RealKeys({VK_F4});
-    }
+    confirm([] { SetDlgItemTextW(Dialog(), kSizes, L"18"); });
     EXPECT_EQ(FontOf(row.Get()), L"Tahoma 1200");
     // ENTER and ESC do nothing here; a key of the rows goes to them.
     host.Heard();

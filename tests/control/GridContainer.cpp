@@ -50,6 +50,16 @@ HWND FindChild(HWND root, const wchar_t* className, HWND parent = nullptr) {
 
 } // namespace
 
+HWND PaneAt(HWND parent, long index) {
+    std::map<long, HWND> byLeft;
+    for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        byLeft[PlaceInParent(child).left] = child;
+    for (const auto& [left, child] : byLeft)
+        if (index-- == 0)
+            return child;
+    return nullptr;
+}
+
 void SendKey(WORD key, DWORD flags) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;

@@ -174,6 +174,7 @@ private:
 // The number in hexadecimal digits, source and text of a failed call.
 std::wstring FailureOfCall(HRESULT hr);
 std::wstring ValueText(_CProperty* property);
+HWND PaneAt(HWND parent, long index); // its children from left to right, counted from 0
 // Presses a key, or with KEYEVENTF_KEYUP lets it go, as a keyboard does.
 void SendKey(WORD key, DWORD flags);
 

@@ -218,19 +218,7 @@ TEST_F(GridTest, TheMouseIsToldWithAnotherPartPlaceOrStage) {
     AddRows(host, 2);
     host.events.quiet.clear();
     const HWND tree = host.Tree(), strip = host.HeaderStrip(), tabs = host.TabStrip();
-    const HWND names = [&] {
-        for (HWND pane = ::GetWindow(strip, GW_CHILD); pane; pane = ::GetWindow(pane, GW_HWNDNEXT)) {
-            RECT place{};
-            GetWindowRect(pane, &place);
-            ScreenToClient(strip, reinterpret_cast<POINT*>(&place));
-            if (place.left == 0)
-                return pane;
-        }
-        return HWND{};
-    }();
-    HWND values = ::GetWindow(names, GW_HWNDNEXT);
-    if (!values)
-        values = ::GetWindow(names, GW_HWNDPREV);
+    const HWND names = PaneAt(strip, 0), values = PaneAt(strip, 1);
     const auto toldBy = [&](HWND pane, POINT at) {
         host.Heard();
         const LPARAM point = MAKELPARAM(at.x, at.y);

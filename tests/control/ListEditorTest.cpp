@@ -31,13 +31,6 @@ ComPtr<_CProperty> AddList(GridContainer& host, const wchar_t* name, const _vari
     return property;
 }
 
-_variant_t Array() {
-    _variant_t array;
-    V_VT(&array) = VT_ARRAY | VT_I4;
-    V_ARRAY(&array) = SafeArrayCreateVector(VT_I4, 0, 3);
-    return array;
-}
-
 VARTYPE TypeOf(const VARIANT& value) { return V_VT(&value); }
 
 const Entries kColors{{L"Red", 1L}, {L"Green", 2L}, {L"Blue", 3L}};
@@ -193,8 +186,7 @@ TEST_F(GridTest, OddValuesOfEntriesAreLostOrTakenForEachOther) {
     const auto objectA = host.Add(L"X");
     const auto objectB = host.Add(L"Y");
     const _variant_t array = Array();
-    _variant_t null;
-    V_VT(&null) = VT_NULL;
+    const _variant_t null = Null();
     const auto row = AddList(
         host, L"A", L"elsewhere",
         {{L"first", 1L}, {L"second", 2L}, {L"list", array}, {L"nothing", null}, {L"one", 1L}, {L"x", 5L}, {L"y", 6L}});

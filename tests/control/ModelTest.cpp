@@ -126,13 +126,10 @@ TEST_F(Model, ValuesAreCopiesThatKeepEveryCharacter) {
     EXPECT_TRUE(FromBstr(V_BSTR(&value)) == text);
     EXPECT_TRUE(TextShown(property.Get()) == text);
 
-    SAFEARRAY* numbers = SafeArrayCreateVector(VT_I4, 0, 3);
-    _variant_t array;
-    V_VT(&array) = VT_ARRAY | VT_I4;
-    V_ARRAY(&array) = numbers;
+    const _variant_t array = Array();
     property->LetValue(array);
     EXPECT_EQ(V_VT(&property->Value()), VT_ARRAY | VT_I4);
-    EXPECT_NE(V_ARRAY(&property->Value()), numbers);
+    EXPECT_NE(V_ARRAY(&property->Value()), V_ARRAY(&array));
 }
 
 // Source objects

@@ -1,4 +1,5 @@
 #include "HandleCount.h"
+#include "ModelTestTools.h"
 
 #include "automation/Value.h"
 #include "editors/CEditorListener.h"
@@ -200,18 +201,11 @@ TEST_F(TextEditorTest, BoxTakesTheGreatestLengthUnlessItIsBelowTheLeast) {
 }
 
 TEST_F(TextEditorTest, LoadedValuesAreUnmodifiedAndThoseWithoutATextLeaveTheBoxEmpty) {
-    VARIANT null{};
-    null.vt = VT_NULL;
-    SAFEARRAY* array = SafeArrayCreateVector(VT_I4, 0, 2);
-    _variant_t withArray;
-    withArray.vt = VT_ARRAY | VT_I4;
-    withArray.parray = array;
-    _variant_t nothing(static_cast<IDispatch*>(nullptr));
-    for (const VARIANT& value : {VARIANT(_variant_t()), null, VARIANT(nothing), VARIANT(withArray)}) {
+    for (const _variant_t& value : {_variant_t(), Null(), kNothing, Array()}) {
         Start(text, L"before");
         Type(L"x");
-        Start(text, _variant_t(value));
-        EXPECT_EQ(box->Text(), L"") << value.vt;
+        Start(text, value);
+        EXPECT_EQ(box->Text(), L"") << V_VT(&value);
         EXPECT_FALSE(registry.BuiltIn(text.Get())->IsModified());
     }
     Start(text, 12.5);

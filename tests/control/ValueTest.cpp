@@ -32,13 +32,6 @@ _variant_t Decimal(double number) {
     return value;
 }
 
-_variant_t Array() {
-    _variant_t value;
-    V_ARRAY(&value) = SafeArrayCreateVector(VT_I4, 0, 2);
-    V_VT(&value) = VT_ARRAY | VT_I4;
-    return value;
-}
-
 class Values : public testing::Test {
 protected:
     // Calls a member as a script does. The arguments are in the order of the declaration, the named ones last.

@@ -192,7 +192,6 @@ Sub CheckUnloaded(what, lines, words)
 End Sub
 
 CheckUnloaded "a foreign file", "Option Explicit" & vbLf & "Third.Left = 2", "is not a form file"
-CheckUnloaded "an empty file", "", "is not a form file"
 CheckUnloaded "no such class", "Ormisk form 1" & vbLf & "Third.Left = 2" & vbLf & "New.Class = ""No.Such""", "No.Such"
 CheckUnloaded "another class", "Ormisk form 1" & vbLf & "Third.Left = 2" & vbLf & "Second.Class = ""StdFont""", "another class"
 CheckUnloaded "no control", "Ormisk form 1" & vbLf & "Second.Tag = ""lost""" & vbLf & "New.Class = ""StdFont""", "StdFont"
