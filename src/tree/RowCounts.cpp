@@ -49,14 +49,11 @@ void RowCounts::Append(long rows) {
     m_Total += rows;
 }
 
-bool RowCounts::Set(std::size_t position, long rows) {
+void RowCounts::Set(std::size_t position, long rows) {
     const long more = rows - At(position);
-    if (more == 0)
-        return false;
     for (std::size_t i = position + 1; i <= m_Sums.size(); i += LowBit(i))
         m_Sums[i - 1] += more;
     m_Total += more;
-    return true;
 }
 
 // Entries in front of the gap end before it and stay; those behind are summed up anew.
@@ -69,11 +66,6 @@ void RowCounts::Remove(std::size_t position) {
     m_Sums.resize(position);
     for (; !behind.empty(); behind.pop_back())
         Append(behind.back());
-}
-
-void RowCounts::Clear() {
-    m_Sums = {};
-    m_Total = 0;
 }
 
 } // namespace ormisk

@@ -22,9 +22,8 @@ public:
     Place Find(long row) const;
 
     void Append(long rows);
-    bool Set(std::size_t position, long rows); // true when it was another number
+    void Set(std::size_t position, long rows);
     void Remove(std::size_t position);
-    void Clear();
 
 private:
     std::vector<long> m_Sums; // a Fenwick tree: entry i - 1 sums the lowbit(i) numbers that end at i

@@ -41,25 +41,15 @@ void ClickPalette(GridContainer& host, long column, long row, bool right = false
     if (const HWND other = GetWindow(page, GW_HWNDNEXT); PlaceInParent(other).top > PlaceInParent(page).top)
         page = other;
     const long edge = (ClientRect(Palette()).right - 10) / 8;
-    host.MouseTo(page, 5 + column * edge + edge / 2, 5 + row * edge + edge / 2);
-    for (const DWORD flag : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
-        INPUT input{};
-        input.mi.dwFlags = right ? flag * (MOUSEEVENTF_RIGHTDOWN / MOUSEEVENTF_LEFTDOWN) : flag;
-        SendInput(1, &input, sizeof input);
-        host.Pump();
-    }
+    host.PlainClick(page, 5 + column * edge + edge / 2, 5 + row * edge + edge / 2, right);
 }
 
-const std::pair<const char*, void (*)(GridContainer&)> kOpenings[] = {
-    {"F4", [](GridContainer& host) { host.RealKeys({VK_F4}); }},
-    {"ALT+DOWN", [](GridContainer& host) { host.RealKeys({VK_DOWN}, VK_MENU); }},
-    {"a double click on the name", [](GridContainer& host) { host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2); }},
+const Deeds kOpenings = AndOpenings({
     {"a click on the button",
      [](GridContainer& host) { host.RealClick(Field(host), ClientRect(Field(host)).right - 5, 6); }},
     {"a click on the text", [](GridContainer& host) { host.RealClick(Field(host), 40, 6); }},
     {"F4 in the field", [](GridContainer& host) { SetFocus(Field(host)), host.RealKeys({VK_F4}); }},
-    {"a call", [](GridContainer& host) { EXPECT_EQ(host->StartPropertyEdit(host.Item(1L).Get()), S_OK), host.Pump(); }},
-};
+});
 
 const std::pair<const char*, void (*)(GridContainer&)> kPicks[] = {
     {"ENTER", [](GridContainer& host) { host.RealKeys({VK_RIGHT, VK_RETURN}); }},
@@ -200,19 +190,11 @@ TEST_F(GridTest, ARefusedColorIsAskedAboutTwiceOrNeverAgain) {
 }
 
 TEST_F(GridTest, APaletteStaysWithoutItsRow) {
-    const std::pair<const char*, void (*)(GridContainer&)> deeds[] = {
-        {"removed", [](GridContainer& host) { host.Remove(1L); }},
-        {"cleared", [](GridContainer& host) { host.Clear(); }},
-        {"hidden", [](GridContainer& host) { host.Item(1L)->put_Visible(VARIANT_FALSE); }},
-        {"another row", [](GridContainer& host) { host.Select(host.Item(2L).Get()); }},
+    const Deeds deeds = AndDeeds({
         {"another colour row", [](GridContainer& host) { host.Select(host.Item(3L).Get()); }},
-        {"the other view", [](GridContainer& host) { host->put_ActiveView(omCatagorized); }},
         {"disabled", [](GridContainer& host) { host->put_Enabled(VARIANT_FALSE); }},
-        {"the control resized", [](GridContainer& host) { host.Resize({200, 200}); }},
-        {"the control hidden", [](GridContainer& host) { ShowWindow(host.Window(), SW_HIDE); }},
-        {"let go", [](GridContainer& host) { host.LetGo(); }},
         {"another window", LeaveForAnotherWindow},
-    };
+    });
     for (const auto& [name, act] : deeds) {
         SCOPED_TRACE(name);
         GridContainer host;

@@ -157,24 +157,6 @@ TEST_F(ControlInHost, AHostThatNeverSitesTheControlCrashesItOrIsToldASuccess) {
     EXPECT_EQ(box->SetClientSite(nullptr), S_OK);
 }
 
-TEST_F(ControlInHost, NullPointersAreFollowed) {
-    SitedBox box;
-    EXPECT_EQ(box->GetClientSite(nullptr), E_POINTER);
-    EXPECT_EQ(box->SetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
-    EXPECT_EQ(box->GetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
-    EXPECT_EQ(box->EnumVerbs(nullptr), E_POINTER);
-    EXPECT_EQ(box->GetUserType(USERCLASSTYPE_FULL, nullptr), E_POINTER);
-    EXPECT_EQ(box->EnumAdvise(nullptr), E_POINTER);
-    EXPECT_EQ(box->GetControlInfo(nullptr), E_POINTER);
-    EXPECT_EQ(box->OnMnemonic(nullptr), E_POINTER);
-    EXPECT_EQ(box->SetObjectRects(nullptr, nullptr), E_POINTER);
-    EXPECT_EQ(box->GetWindow(nullptr), E_POINTER);
-    EXPECT_EQ(box->GetAdvise(nullptr, nullptr, nullptr), S_OK);
-    EXPECT_EQ(box->GetClassID(nullptr), E_POINTER);
-    EXPECT_EQ(box->QuickActivate(nullptr, nullptr), E_POINTER);
-    EXPECT_EQ(box->GetInterfaceSafetyOptions(IID_IDispatch, nullptr, nullptr), E_POINTER);
-}
-
 // What a host may do to the control from inside any of its own methods.
 using Act = std::pair<const char*, void (*)(Host&, ComPtr<Box>&)>;
 const Act kActs[] = {

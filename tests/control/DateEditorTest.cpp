@@ -36,28 +36,18 @@ std::wstring Shown(const GridContainer& host) {
 // In its middle; the other button would open a menu.
 void ClickCalendar(GridContainer& host) {
     const Rect size = ClientRect(Calendar(host));
-    host.MouseTo(Calendar(host), size.Width() / 2, size.Height() / 2);
-    for (const DWORD flag : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
-        INPUT input{};
-        input.mi.dwFlags = flag;
-        SendInput(1, &input, sizeof input);
-        host.Pump();
-    }
+    host.PlainClick(Calendar(host), size.Width() / 2, size.Height() / 2);
 }
 
 void Param(_CProperty* row, const wchar_t* name, const _variant_t& value) {
     EXPECT_EQ(row->SetEditorParam(_bstr_t(name), _bstr_t(value)), S_OK);
 }
 
-const std::pair<const char*, void (*)(GridContainer&)> kOpenings[] = {
-    {"F4", [](GridContainer& host) { host.RealKeys({VK_F4}); }},
-    {"ALT+DOWN", [](GridContainer& host) { host.RealKeys({VK_DOWN}, VK_MENU); }},
-    {"a double click on the name", [](GridContainer& host) { host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2); }},
+const Deeds kOpenings = AndOpenings({
     {"a click on the button",
      [](GridContainer& host) { host.RealClick(Picker(host), ClientRect(Picker(host)).right - 5, 6); }},
     {"F4 in the picker", [](GridContainer& host) { SetFocus(Picker(host)), host.RealKeys({VK_F4}); }},
-    {"a call", [](GridContainer& host) { EXPECT_EQ(host->StartPropertyEdit(host.Item(1L).Get()), S_OK), host.Pump(); }},
-};
+});
 
 TEST_F(GridTest, ACalendarDoesNotOpenOrLeavesTheFocusElsewhere) {
     GridContainer host;
@@ -239,18 +229,11 @@ TEST_F(GridTest, AVisitOfADateRowChangesWhatItCannotShow) {
 }
 
 TEST_F(GridTest, WhatHappensUnderACalendarLeavesItOpen) {
-    const std::pair<const char*, void (*)(GridContainer&)> deeds[] = {
-        {"clear", [](GridContainer& host) { host.Clear(); }},
-        {"remove the row", [](GridContainer& host) { host.Remove(1L); }},
-        {"select the next", [](GridContainer& host) { host.Select(host.Item(2L).Get()); }},
-        {"another size", [](GridContainer& host) { host.Resize({200, 150}); }},
+    const Deeds deeds = AndDeeds({
         {"rows above", [](GridContainer& host) { host->put_Headers(omHeadersNone); }},
-        {"hide the control", [](GridContainer& host) { ShowWindow(host.Window(), SW_HIDE); }},
-        {"let the control go", [](GridContainer& host) { host.LetGo(); }},
-        {"destroy the form", [](GridContainer& host) { DestroyWindow(host.window); }},
         {"a click on the rows", [](GridContainer& host) { host.RealClick(host.Tree(), 30, host.RowTop(0) + 6); }},
         {"another window", LeaveForAnotherWindow},
-    };
+    });
     for (const auto& [name, deed] : deeds) {
         SCOPED_TRACE(name);
         GridContainer host;

@@ -28,14 +28,10 @@ const Kind kKinds[] = {
     {"picture", omPictureEditor, [] { return kNothing; }, L"Open", L"SelChanged B", true},
 };
 
-const std::pair<const char*, void (*)(GridContainer&)> kOpenings[] = {
-    {"F4", [](GridContainer& host) { host.RealKeys({VK_F4}); }},
-    {"ALT+DOWN", [](GridContainer& host) { host.RealKeys({VK_DOWN}, VK_MENU); }},
-    {"a double click on the name", [](GridContainer& host) { host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2); }},
+const Deeds kOpenings = AndOpenings({
     {"a click on the button", [](GridContainer& host) { host.RealClick(ButtonOf(host), 4, 6); }},
     {"F4 in the field", [](GridContainer& host) { SetFocus(FieldOf(host)), host.RealKeys({VK_F4}); }},
-    {"a call", [](GridContainer& host) { EXPECT_EQ(host->StartPropertyEdit(host.Item(1L).Get()), S_OK), host.Pump(); }},
-};
+});
 
 void AnswerWith(const EventCall& call, _variant_t answer) { VariantCopy(V_VARIANTREF(&call[1]), &answer); }
 
@@ -79,14 +75,14 @@ TEST_F(GridTest, AConfirmedFontIsNotStoredOrSharedOrAskedAboutTwice) {
     GoTo(host, row.Get());
     EXPECT_EQ(FieldText(host), L"Tahoma");
     constexpr int kSizes = 1138;
-    const auto pickSize = [] {
+    const auto confirm = [&](const std::function<void()>& choose) {
+        const InDialog dialog(choose, IDOK);
+        host.RealKeys({VK_F4});
+    };
+    confirm([] {
         SetDlgItemTextW(Dialog(), kSizes, L"12");
         SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(kSizes, CBN_EDITCHANGE), 0);
-    };
-    {
-        InDialog dialog(pickSize, IDOK);
-        host.RealKeys({VK_F4});
-    }
+    });
     EXPECT_EQ(host.Heard().substr(0, 16), L"ValidateValue A ");
     EXPECT_EQ(FontOf(row.Get()), L"Tahoma 1200");
     EXPECT_NE(ObjectOf(ValueOf(row.Get())), font.Get());
@@ -95,17 +91,11 @@ TEST_F(GridTest, AConfirmedFontIsNotStoredOrSharedOrAskedAboutTwice) {
     host.Select(host.Item(2L).Get());
     EXPECT_EQ(host.Heard(), L"SelChanged B");
     GoTo(host, row.Get());
-    {
-        InDialog dialog([] {}, IDOK);
-        host.RealKeys({VK_F4});
-    }
+    confirm({});
     EXPECT_EQ(host.Heard(), L"");
     // Refused: the field shows what was chosen, the row what it has.
     host.events.on[L"ValidateValue"] = [](const EventCall& call) { call.Set(2, true); };
-    {
-        InDialog dialog([] { SetDlgItemTextW(Dialog(), kSizes, L"18"); }, IDOK);
-        host.RealKeys({VK_F4});
-    }
+    confirm([] { SetDlgItemTextW(Dialog(), kSizes, L"18"); });
     EXPECT_EQ(FontOf(row.Get()), L"Tahoma 1200");
     // ENTER and ESC do nothing here; a key of the rows goes to them.
     host.Heard();
@@ -377,27 +367,10 @@ TEST_F(GridTest, APictureIsNotEmptiedOrAPromptIsTakenForAFile) {
     EXPECT_EQ(FieldText(host), L"5 none");
 }
 
-// What can happen under an open dialog. What was confirmed in it is for its row, or for nobody.
-const std::pair<const char*, void (*)(GridContainer&)> kDeeds[] = {
-    {"clear", [](GridContainer& host) { host.Clear(); }},
-    {"remove the row", [](GridContainer& host) { host.Remove(1L); }},
-    {"select the next", [](GridContainer& host) { host.Select(host.Item(2L).Get()); }},
-    {"hide the row", [](GridContainer& host) { host.Item(1L)->put_Visible(VARIANT_FALSE); }},
-    {"the other view", [](GridContainer& host) { host->put_ActiveView(omCatagorized); }},
-    {"another size", [](GridContainer& host) { host.Resize({200, 150}); }},
-    {"load an object",
-     [](GridContainer& host) {
-         VARIANT_BOOL loaded = VARIANT_FALSE;
-         host->LoadObjectProperties(MakeFont().Get(), VARIANT_TRUE, VARIANT_TRUE, &loaded);
-     }},
-    {"hide the control", [](GridContainer& host) { ShowWindow(host.Window(), SW_HIDE); }},
-    {"let the control go", [](GridContainer& host) { host.LetGo(); }},
-    {"destroy the form", [](GridContainer& host) { DestroyWindow(host.window); }},
-};
-
+// What was confirmed in a dialog is for its row, or for nobody.
 TEST_F(GridTest, WhatHappensUnderADialogGivesItsChoiceToAnotherRow) {
     for (const Kind& kind : kKinds)
-        for (const auto& [name, deed] : kDeeds) {
+        for (const auto& [name, deed] : AndDeeds({})) {
             SCOPED_TRACE(std::string(kind.name) + ", " + name);
             GridContainer host;
             const auto row = host.Add(L"A", kind.value(), L"", kind.type);
@@ -453,6 +426,7 @@ TEST_F(GridTest, TheAnswerOfAHostIsNotTakenOrTakenForAChange) {
         {1L, L"1", false},
         {one, bytes({1, 2}), false},
         {one, bytes({1, 2}, 5), false},
+        {bytes({}), bytes({}), false},
         {one, bytes({1, 3}), true},
         {one, bytes({1}), true},
         {one, L"x", true},
@@ -556,7 +530,7 @@ TEST_F(GridTest, AnAnswerOfAnObjectIsLostOrFailsInSilence) {
 }
 
 TEST_F(GridTest, AHostThatDoesSomethingElseInsteadOfAnsweringFails) {
-    for (const auto& [name, deed] : kDeeds)
+    for (const auto& [name, deed] : AndDeeds({}))
         for (const bool byButton : {false, true}) {
             SCOPED_TRACE(name);
             GridContainer host;

@@ -38,6 +38,44 @@ inline void LeaveForAnotherWindow(GridContainer& host) {
     DestroyWindow(other);
 }
 
+using Deeds = std::vector<std::pair<const char*, void (*)(GridContainer&)>>;
+
+// The ways to the editor of the first row, and those of its kind.
+inline Deeds AndOpenings(Deeds all) {
+    const Deeds openings = {
+        {"F4", [](GridContainer& host) { host.RealKeys({VK_F4}); }},
+        {"ALT+DOWN", [](GridContainer& host) { host.RealKeys({VK_DOWN}, VK_MENU); }},
+        {"a double click on the name",
+         [](GridContainer& host) { host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2); }},
+        {"a call",
+         [](GridContainer& host) { EXPECT_EQ(host->StartPropertyEdit(host.Item(1L).Get()), S_OK), host.Pump(); }},
+    };
+    all.insert(all.end(), openings.begin(), openings.end());
+    return all;
+}
+
+// What can happen under what an editor has opened, and under those of its kind.
+inline Deeds AndDeeds(Deeds all) {
+    const Deeds deeds = {
+        {"clear", [](GridContainer& host) { host.Clear(); }},
+        {"remove the row", [](GridContainer& host) { host.Remove(1L); }},
+        {"select the next", [](GridContainer& host) { host.Select(host.Item(2L).Get()); }},
+        {"hide the row", [](GridContainer& host) { host.Item(1L)->put_Visible(VARIANT_FALSE); }},
+        {"the other view", [](GridContainer& host) { host->put_ActiveView(omCatagorized); }},
+        {"another size", [](GridContainer& host) { host.Resize({200, 150}); }},
+        {"load an object",
+         [](GridContainer& host) {
+             VARIANT_BOOL loaded = VARIANT_FALSE;
+             host->LoadObjectProperties(MakeFont().Get(), VARIANT_TRUE, VARIANT_TRUE, &loaded);
+         }},
+        {"hide the control", [](GridContainer& host) { ShowWindow(host.Window(), SW_HIDE); }},
+        {"let the control go", [](GridContainer& host) { host.LetGo(); }},
+        {"destroy the form", [](GridContainer& host) { DestroyWindow(host.window); }},
+    };
+    all.insert(all.end(), deeds.begin(), deeds.end());
+    return all;
+}
+
 inline _variant_t ValueOf(_CProperty* property) { return Read(property, &_CProperty::get_Value); }
 
 inline std::wstring FontOf(_CProperty* property) {

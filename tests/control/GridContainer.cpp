@@ -40,28 +40,24 @@ std::wstring TextOfArgument(const VARIANT& argument) {
     return text;
 }
 
-struct Search {
-    const wchar_t* className;
-    HWND parent;
-    HWND found;
-};
-
-BOOL CALLBACK MatchWindow(HWND window, LPARAM data) {
-    auto& search = *reinterpret_cast<Search*>(data);
-    wchar_t name[32] = L"";
-    GetClassNameW(window, name, 32);
-    const bool match = _wcsicmp(name, search.className) == 0 && (!search.parent || GetParent(window) == search.parent);
-    if (match)
-        search.found = window;
-    return !match;
-}
-
 // The first child window of a class, at any depth, or with the parent given.
 HWND FindChild(HWND root, const wchar_t* className, HWND parent = nullptr) {
-    Search search{className, parent, nullptr};
-    if (root)
-        EnumChildWindows(root, MatchWindow, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    for (const HWND part : root ? PartsOf(root) : std::vector<HWND>())
+        if (ClassOf(part) == className && (!parent || GetParent(part) == parent))
+            return part;
+    return nullptr;
+}
+
+} // namespace
+
+HWND PaneAt(HWND parent, long index) {
+    std::map<long, HWND> byLeft;
+    for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        byLeft[PlaceInParent(child).left] = child;
+    for (const auto& [left, child] : byLeft)
+        if (index-- == 0)
+            return child;
+    return nullptr;
 }
 
 void SendKey(WORD key, DWORD flags) {
@@ -72,8 +68,6 @@ void SendKey(WORD key, DWORD flags) {
     input.ki.dwFlags = flags | (key >= VK_PRIOR && key <= VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0);
     SendInput(1, &input, sizeof input);
 }
-
-} // namespace
 
 std::wstring EventCall::Text() const {
     std::wstring text = m_Name;
@@ -321,11 +315,10 @@ void GridContainer::ClickTree(long x, long y) const {
     SendMessageW(tree, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
 }
 
-void GridContainer::SendMouse(DWORD flags, DWORD data, DWORD time) const {
+void GridContainer::SendMouse(DWORD flags, DWORD time) const {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
-    input.mi.mouseData = data;
     input.mi.time = time;
     SendInput(1, &input, sizeof input);
     Pump();
@@ -354,7 +347,7 @@ void GridContainer::RealClick(HWND target, long x, long y, int count) {
     // However long each takes, they belong together.
     const DWORD time = GetTickCount();
     for (; count > 0; --count) {
-        SendMouse(MOUSEEVENTF_LEFTDOWN, 0, time);
+        SendMouse(MOUSEEVENTF_LEFTDOWN, time);
         SendMouse(MOUSEEVENTF_LEFTUP);
     }
 }
@@ -373,7 +366,11 @@ void GridContainer::RealDrag(HWND target, POINT from, POINT to) {
     SendMouse(MOUSEEVENTF_LEFTUP);
 }
 
-void GridContainer::RealWheel(int amount) { SendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(amount)); }
+void GridContainer::PlainClick(HWND target, long x, long y, bool right) {
+    MouseTo(target, x, y);
+    SendMouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
+    SendMouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
+}
 
 void GridContainer::RealKeys(std::initializer_list<WORD> keys, WORD modifier) {
     ComeToFront();

@@ -154,8 +154,8 @@ public:
     // Real input, worked off; keys are offered to the control first, as hosts do.
     void MouseTo(HWND target, long x, long y);
     void RealClick(HWND target, long x, long y, int count = 1);
+    void PlainClick(HWND target, long x, long y, bool right = false); // without a right click beside it before
     void RealDrag(HWND target, POINT from, POINT to);
-    void RealWheel(int amount);
     void RealKeys(std::initializer_list<WORD> keys, WORD modifier = 0);
     void Pump() const;
 
@@ -164,7 +164,7 @@ public:
 
 private:
     void ComeToFront() const;
-    void SendMouse(DWORD flags, DWORD data = 0, DWORD time = 0) const;
+    void SendMouse(DWORD flags, DWORD time = 0) const;
 
     MouseShield m_MouseShield;
     DWORD m_EventCookie = 0;
@@ -174,6 +174,9 @@ private:
 // The number in hexadecimal digits, source and text of a failed call.
 std::wstring FailureOfCall(HRESULT hr);
 std::wstring ValueText(_CProperty* property);
+HWND PaneAt(HWND parent, long index); // its children from left to right, counted from 0
+// Presses a key, or with KEYEVENTF_KEYUP lets it go, as a keyboard does.
+void SendKey(WORD key, DWORD flags);
 
 // Tests with a grid.
 class GridTest : public LeakTest {

@@ -146,25 +146,6 @@ TEST_F(GridTest, WhatAHandlerMakesOfAValueIsLostWhenTheEditorIsRead) {
     EXPECT_EQ(ValueText(text.Get()), L"typed");
 }
 
-TEST_F(GridTest, AVeryLongTextLosesItsEndInAnEdit) {
-    GridContainer host;
-    const std::wstring text = std::wstring(100'000, L'x') + L"end";
-    const auto row = host.Add(L"A", ToVariant(text));
-    host.Add(L"B", L"other");
-    host.Select(row.Get());
-    host.Heard();
-    SetFocus(host.EditBox());
-    host.RealKeys({VK_RETURN});
-    host.Press(VK_DOWN);
-    EXPECT_EQ(host.Heard(), L"SelChanged B") << "looked at, and left as it was";
-    host.Select(row.Get());
-    SetFocus(host.EditBox());
-    host.RealKeys({VK_HOME, 'A', VK_RETURN});
-    EXPECT_TRUE(ValueText(row.Get()) == L'a' + text);
-    host.RealKeys({'B', VK_RETURN});
-    EXPECT_TRUE(ValueText(row.Get()) == L"b") << "typing over the row replaces all of it";
-}
-
 TEST_F(GridTest, AnInvalidTextIsKeptOnLeavingOrGivenUpOnEnter) {
     GridContainer host;
     const auto row = host.Add(L"A", L"old");
@@ -239,12 +220,8 @@ TEST_F(GridTest, ARowWhoseEditorFailsLosesTheSelectionOrReportsOnce) {
     const auto row = host.Add(L"A", L"text", L"", omCustomEditor, L"unknown");
     host.Heard();
     EXPECT_EQ(host->StartPropertyEdit(row.Get()), S_OK);
-    const std::wstring report = L"DisplayError Editor is not registered. -2147221492 True";
-    EXPECT_EQ(host.Heard(), L"SelChanged A; " + report);
-    EXPECT_EQ(host.Selected(), L"A");
-    EXPECT_EQ(host.EditText(), L"");
-    host.ClickRow(0);
-    EXPECT_EQ(host.Heard(), report);
+    EXPECT_EQ(host.Heard(), L"SelChanged A; DisplayError Editor is not registered. -2147221492 True");
+    EXPECT_EQ(host.Selected() + host.EditText(), L"A");
     // The type of editor that the value does not suit.
     row->put_EditorType(omNumberEditor);
     host.ClickRow(0);
@@ -363,6 +340,12 @@ TEST_F(GridTest, ADoubleClickOrF4DoesNotActivateTheEditor) {
     EXPECT_EQ(focused([&] { host.RealClick(host.Tree(), 30, host.RowTop(0) + 6, 2); }), host.EditBox());
     EXPECT_EQ(focused([&] { host.RealKeys({VK_F4}); }), host.EditBox());
     EXPECT_EQ(focused([&] { host.RealKeys({VK_DOWN}, VK_MENU); }), host.EditBox());
+    host.RealKeys({VK_HOME});
+    host.RealKeys({VK_DOWN}, VK_MENU);
+    EXPECT_EQ(HIWORD(SendMessageW(host.EditBox(), EM_GETSEL, 0, 0)), 4) << "and selects all in it";
+    host.PlainClick(host.EditBox(), 90, 5);
+    host.RealKeys({'X'});
+    EXPECT_EQ(host.EditText(), L"textx") << "a click there goes to its place in the text";
     host.Item(1L)->put_ReadOnly(VARIANT_TRUE);
     host.Select(nullptr);
     host.ClickRow(0);

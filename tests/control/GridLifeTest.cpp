@@ -48,11 +48,6 @@ TEST_F(GridTest, AControlWithoutASiteCrashesOrForgetsWhatItWasTold) {
     EXPECT_EQ(Read(grid, &OrmiskGrid::get_NameCaption), L"Before");
     SIZEL extent{};
     EXPECT_EQ(grid->GetExtent(DVASPECT_CONTENT, &extent), S_OK);
-    const Picture nothing({40, 40}, [&](HDC dc) {
-        const RECTL bounds{0, 0, 40, 40};
-        EXPECT_EQ(grid->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr, nullptr, 0),
-                  OLE_E_BLANK);
-    });
 }
 
 TEST_F(GridTest, AControlDisabledBeforeItHasAWindowComesUpEnabled) {

@@ -38,17 +38,14 @@ struct Deed {
 void Show(GridContainer& host, const wchar_t* key, bool visible) {
     EXPECT_EQ(host.Item(key)->put_Visible(visible ? VARIANT_TRUE : VARIANT_FALSE), S_OK);
 }
-void Remove(GridContainer& host, const _variant_t& indexOrKey) {
-    EXPECT_EQ(host.Properties()->Remove(indexOrKey), S_OK);
-}
 
 // All about rows in front of the selected one, in both views.
 const Deed kDeeds[] = {
     {"hidden", [](auto& host) { Show(host, L"A_a1", false); }},
     {"hidden with its category empty", [](auto& host) { Show(host, L"Only_only", false); }},
     {"shown", [](auto& host) { Show(host, L"A_a1", true); }},
-    {"removed", [](auto& host) { Remove(host, L"A_a2"); }},
-    {"removed with its categories", [](auto& host) { Remove(host, L"Only_only"); }},
+    {"removed", [](auto& host) { host.Remove(L"A_a2"); }},
+    {"removed with its categories", [](auto& host) { host.Remove(L"Only_only"); }},
     {"closed",
      [](auto& host) {
          if (Read(host.grid.Get(), &OrmiskGrid::get_ActiveView) != omAlphabetic)
@@ -60,7 +57,7 @@ const Deed kDeeds[] = {
     {"removed again",
      [](auto& host) {
          for (const wchar_t* key : {L"A_a1", L"A_a3", L"A_a9", L"0_B1"})
-             Remove(host, key);
+             host.Remove(key);
      }},
     {"many more",
      [](auto& host) {
@@ -70,7 +67,7 @@ const Deed kDeeds[] = {
     {"less again",
      [](auto& host) {
          while (host.Count() > 8)
-             Remove(host, host.Count());
+             host.Remove(host.Count());
      }},
 };
 
@@ -110,7 +107,7 @@ TEST_F(GridTest, TheOpenEditorCoversAnotherRowWhenAScrolledListShrinks) {
         ExpectEditorOverItsRow(host, "scrolled");
         for (long i = 1; i <= 36; ++i) {
             if (removed)
-                Remove(host, 1L);
+                host.Remove(1L);
             else
                 host.Item(i)->put_Visible(VARIANT_FALSE);
             if (i == 20)

@@ -80,17 +80,6 @@ TEST_F(GridTest, HeaderClicksSortInTheWrongOrderOrKeepTheSelection) {
     EXPECT_EQ(Read(host, &OrmiskGrid::get_SortOrder), omAscending);
 }
 
-TEST_F(GridTest, AnOpenEditorStaysBehindWhenItsRowMoves) {
-    GridContainer host;
-    Add(host, L"ba");
-    host.Select(host.Item(L"_b").Get());
-    host->put_Sorted(VARIANT_TRUE);
-    const Rect editor = PlaceInParent(host.EditBox());
-    EXPECT_GE(editor.top, host.RowTop(1));
-    EXPECT_LT(editor.bottom, host.RowTop(2) + 2);
-    EXPECT_EQ(host.Selected(), L"b");
-}
-
 TEST_F(GridTest, TheHostDecidesNothingOrHearsOfOtherPairs) {
     GridContainer host;
     for (const auto& [name, category] : {std::pair{L"b", L"Y"}, {L"a", L"Y"}, {L"c", L"X"}})

@@ -5,12 +5,6 @@
 namespace ormisk::test {
 namespace {
 
-std::wstring Param(_CProperty* row, const wchar_t* name) {
-    _bstr_t value;
-    row->GetEditorParam(_bstr_t(name), value.GetAddress());
-    return FromBstr(value);
-}
-
 // The rows with category (but the default one), editor, sign and point of numbers, number of list items and protection.
 std::wstring Rows(const GridContainer& host) {
     std::wstring all;

@@ -31,6 +31,13 @@ public:
 // Loads the object with all rows before it cleared; true when the grid said so.
 bool Load(OrmiskGrid* grid, IDispatch* object, long depth = 1, bool clear = true);
 
+// A parameter of a row's editor.
+inline std::wstring Param(_CProperty* row, const wchar_t* name) {
+    _bstr_t value;
+    row->GetEditorParam(_bstr_t(name), value.GetAddress());
+    return FromBstr(value);
+}
+
 // A function as a script would give one.
 class Function : public HostObject {
 public:

@@ -16,6 +16,12 @@ inline _variant_t Null() {
     V_VT(&value) = VT_NULL;
     return value;
 }
+inline _variant_t Array() {
+    _variant_t value;
+    V_VT(&value) = VT_ARRAY | VT_I4;
+    V_ARRAY(&value) = SafeArrayCreateVector(VT_I4, 0, 3);
+    return value;
+}
 inline _variant_t Object(IDispatch* object) { return _variant_t(object); }
 inline VARIANT Reference(VARTYPE type, void* to) {
     VARIANT reference{};

@@ -9,20 +9,20 @@ namespace {
 
 TEST_F(PaletteTest, TheColorDialogClosesThePaletteOrFillsTheCellUnderTheMouse) {
     FieldInFrame in;
-    AskColor(in, [&] {
+    const auto look = [&] {
         EXPECT_TRUE(in->IsPaletteOpen());
         EXPECT_FALSE(IsWindowEnabled(in->PaletteWindow()));
-        PostMessageW(Dialog(), WM_COMMAND, IDOK, 0);
-    });
+    };
+    AskColor(in, look, IDOK);
     EXPECT_EQ(in.Heard(), "CustomColor0 Closed Color SelectedColor Color");
     const Color chosen = in->SelectedColor();
     EXPECT_EQ(in->GetCustomColor(0), chosen);
     EXPECT_EQ(in->GetCustomColor(5), 0xFFFFFFU) << "only a trigger";
     in.Heard();
-    AskColor(in, VK_RETURN);
+    AskColor(in, {}, IDOK);
     EXPECT_EQ(in->GetCustomColor(1), chosen) << "the next in turn";
     in.Heard();
-    AskColor(in, VK_ESCAPE);
+    AskColor(in, {}, IDCANCEL);
     EXPECT_EQ(in.Heard(), "Closed Color") << "told with the old colour";
     EXPECT_EQ(in->SelectedColor(), 0x0000FFU);
     EXPECT_EQ(in->GetCustomColor(2), 0xFFFFFFU);
@@ -43,7 +43,7 @@ TEST_F(PaletteTest, HandlersThatTurnOnTheFieldLeaveThingsBehindOrCrash) {
         {"a click", [](FieldInFrame& in) { in.Click(in.Page(), in.Middle({false, 30})); }},
         {"ENTER", [](FieldInFrame& in) { in.Keys({VK_RIGHT, VK_RETURN}); }},
         {"a tab", [](FieldInFrame& in) { in.Click(in.Tabs(), {10, 10}); }},
-        {"the dialog", [](FieldInFrame& in) { AskColor(in, VK_RETURN); }},
+        {"the dialog", [](FieldInFrame& in) { AskColor(in, {}, IDOK); }},
     };
     for (const char* event : {"Opened", "Closed", "Color", "SelectedColor", "Tab", "CustomColor0"})
         for (const auto& [deed, act] : deeds)

@@ -2,6 +2,7 @@
 
 #include "Eventually.h"
 #include "GridContainer.h"
+#include "InDialog.h"
 
 #include "picker/OrmiskSwatch.h"
 #include "win/Rects.h"
@@ -112,18 +113,10 @@ public:
     }
     static void Keys(std::initializer_list<WORD> keys) {
         for (const WORD key : keys) {
-            Key(key, 0);
-            Key(key, KEYEVENTF_KEYUP);
+            SendKey(key, 0);
+            SendKey(key, KEYEVENTF_KEYUP);
             Pump();
         }
-    }
-    static void Key(WORD key, DWORD flags) {
-        INPUT input{};
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = key;
-        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-        input.ki.dwFlags = flags;
-        SendInput(1, &input, sizeof input);
     }
     void ClickButton() const { Click(field->hwnd(), {ClientRect(field->hwnd()).right - 5, 8}); }
     void Open() {
@@ -149,11 +142,9 @@ private:
     }
 };
 
-class PaletteTest : public testing::Test {
+class PaletteTest : public LeakTest {
 protected:
-    void SetUp() override {
-        OleInitialize(nullptr);
-        // The system keeps windows and drawing handles of its own from their first use on.
+    void WarmUp() override {
         static const bool warm = [] {
             for (int i = 0; i < 2; ++i) {
                 FieldInFrame in;
@@ -163,50 +154,21 @@ protected:
                     const Picture first(in.Page());
                     in->ShowDropDown(false);
                 }
-                AskColor(in, VK_ESCAPE);
+                AskColor(in, {}, IDCANCEL);
             }
             return true;
         }();
         ASSERT_TRUE(warm);
-        m_Windows = LiveWindows();
-        m_Handles = LiveGdiHandles();
-        m_Objects = LiveObjects();
-    }
-    void TearDown() override {
-        EXPECT_EQ(LiveWindows(), m_Windows) << "windows leaked";
-        EXPECT_EQ(LiveGdiHandles(), m_Handles) << "drawing handles leaked";
-        EXPECT_EQ(LiveObjects(), m_Objects) << "objects leaked";
-        OleUninitialize();
     }
 
-    static HWND Dialog() {
-        const HWND dialog = FindWindowW(L"#32770", nullptr);
-        return dialog && IsWindowVisible(dialog) ? dialog : nullptr;
-    }
-    static inline std::function<void()> s_InDialog;
-    static void CALLBACK InDialog(HWND, UINT, UINT_PTR timer, DWORD) {
-        if (!Dialog())
-            return;
-        KillTimer(nullptr, timer);
-        s_InDialog();
-    }
-    // Right-clicks the first custom cell and does something in the dialog that comes.
-    static void AskColor(FieldInFrame& in, const std::function<void()>& act) {
+    // Right-clicks the first custom cell and does something in the dialog that comes, or answers it.
+    static void AskColor(FieldInFrame& in, const std::function<void()>& act, WPARAM answer = 0) {
         in->SelectedColor(0x0000FF);
         in.Open();
-        s_InDialog = act;
-        SetTimer(nullptr, 0, 10, InDialog);
+        const InDialog dialog(act, answer);
         in.Click(in.Page(), in.Middle({true, 5}), true);
         FieldInFrame::Pump();
     }
-    static void AskColor(FieldInFrame& in, WPARAM key) {
-        AskColor(in, [key] { PostMessageW(Dialog(), WM_COMMAND, key == VK_RETURN ? IDOK : IDCANCEL, 0); });
-    }
-
-private:
-    unsigned m_Windows = 0;
-    unsigned m_Handles = 0;
-    long m_Objects = 0;
 };
 
 } // namespace ormisk::test

@@ -57,10 +57,7 @@ RecordBar::RecordBar(const GridContainer& host) {
 }
 
 // No right click beside it: that would open the menu of the number.
-void RecordBar::Click(GridContainer& host, HWND part, long x) {
-    host.RealDrag(part, {x, 5}, {x, 5});
-    host.Pump();
-}
+void RecordBar::Click(GridContainer& host, HWND part, long x) { host.PlainClick(part, x, 5); }
 
 bool RecordBar::IsShown() const { return GetWindowLongPtrW(strip, GWL_STYLE) & WS_VISIBLE; }
 

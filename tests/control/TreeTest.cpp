@@ -144,18 +144,6 @@ TEST_F(Tree, KeysThatAreTakenOrNumericAreRefused) {
     EXPECT_EQ(AddCategory(nullptr, L"z"), nullptr) << "without an owner nothing is added";
 }
 
-TEST_F(Tree, ASingleRootIsItsOwnFirstAndLastSibling) {
-    CNode* root = AddProperty(nullptr, L"a");
-    EXPECT_EQ(root->FirstSibling(), root);
-    EXPECT_EQ(root->LastSibling(), root);
-    EXPECT_EQ(root->FirstRoot(), root);
-    EXPECT_EQ(root->PrevSibling(), nullptr);
-    EXPECT_EQ(root->NextSibling(), nullptr);
-    EXPECT_TRUE(root->IsFirstRoot());
-    EXPECT_TRUE(root->IsLastSibling());
-    EXPECT_FALSE(root->IsDescendantOf(root));
-}
-
 TEST_F(Tree, TheWalkPassesOverHiddenRowsAndClosedOnes) {
     CNode* first = AddProperty(nullptr, L"first");
     CNode* hidden = AddProperty(nullptr, L"hidden", false);
@@ -169,7 +157,7 @@ TEST_F(Tree, TheWalkPassesOverHiddenRowsAndClosedOnes) {
     category->SetExpanded(false);
     EXPECT_EQ(Walked(), (std::vector{first, category, last}));
     EXPECT_TRUE(deep->IsDescendantOf(category));
-    EXPECT_FALSE(category->IsDescendantOf(deep));
+    EXPECT_FALSE(category->IsDescendantOf(deep) || deep->IsDescendantOf(deep));
 }
 
 TEST_F(Tree, OnlyACategoryAsksBeforeItOpensOrCloses) {
@@ -272,6 +260,7 @@ TEST_F(Tree, CategoriesAreSharedByPrefixWhateverBlanksAndCase) {
     EXPECT_FALSE(color->Bold()) << "each node has the look of the time it was made";
     EXPECT_EQ(Walk(L" | "), nullptr);
     EXPECT_EQ(nodes.Count(), 3);
+    EXPECT_NE(Walk(L"FontSize"), size) << "the key of a path is not that of its letters";
 }
 
 TEST_F(Tree, ANumberAsFirstSegmentDropsWhatFollowsToTheRoot) {
@@ -349,23 +338,6 @@ TEST_F(TreeRows, WalkingAndCountingAgreeOnRandomTrees) {
         nodes.Clear();
         model.properties->RemoveAll();
         ExpectRowsAgree();
-    }
-}
-
-TEST_F(TreeRows, ADeepTreeIsRemovedAndClearedWithoutDeepCalls) {
-    constexpr int kDepth = 20000;
-    for (int round = 0; round < 2; ++round) {
-        CNode* node = nullptr;
-        for (int i = 0; i < kDepth; ++i) {
-            node = AddCategory(node, L"c" + std::to_wstring(i));
-            node->SetExpanded(false);
-        }
-        EXPECT_EQ(nodes.VisibleRowCount(), 1);
-        if (round == 0)
-            nodes.Remove(nodes.FirstRootNode());
-        else
-            nodes.Clear();
-        EXPECT_EQ(nodes.Count(), 0);
     }
 }
 
@@ -475,22 +447,6 @@ TEST_F(Tree, TheHostIsAskedForOtherPairsOrItsAnswersAreLost) {
     // A pair of different kinds is never offered. What only the host exchanges is looked at at the same place again.
     EXPECT_EQ(asked, L"ba! bc cb! ab bc ab bc ab bc ");
     EXPECT_EQ(Outline(nodes), L"+k a b c");
-
-    // It may take away what it is asked about.
-    SortByHost(nodes, true, [&](const CNode&, const CNode&, bool& swap) {
-        nodes.Clear();
-        return swap = true;
-    });
-    EXPECT_EQ(nodes.Count(), 0);
-    // The rest is sorted all the same.
-    for (const wchar_t* name : {L"e", L"f", L"h", L"g"})
-        AddProperty(nullptr, name);
-    SortByHost(nodes, false, [&](const CNode&, const CNode& second, bool&) {
-        if (second.Name() == L"f")
-            nodes.Remove(Keyed(nodes, L"_f"));
-        return true;
-    });
-    EXPECT_EQ(Outline(nodes), L" e g h");
 }
 
 TEST_F(Tree, ARemovedPropertyLivesOnUntilTheNextSort) {

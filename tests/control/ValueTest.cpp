@@ -32,13 +32,6 @@ _variant_t Decimal(double number) {
     return value;
 }
 
-_variant_t Array() {
-    _variant_t value;
-    V_ARRAY(&value) = SafeArrayCreateVector(VT_I4, 0, 2);
-    V_VT(&value) = VT_ARRAY | VT_I4;
-    return value;
-}
-
 class Values : public testing::Test {
 protected:
     // Calls a member as a script does. The arguments are in the order of the declaration, the named ones last.
@@ -268,13 +261,11 @@ TEST_F(Values, ATextThatCannotBeMadeFailsByTheNumberThatScriptsKnow) {
 TEST_F(Values, AFormatNeverGetsMoreThanTheSystemCanBear) {
     EXPECT_EQ(Shown(_variant_t(1e300), L"0.00"), L"1E+300");
     EXPECT_EQ(Shown(_variant_t(-1.7e308), L"#,##0.00;(#,##0.00)"), L"-1.7E+308");
-    EXPECT_EQ(Shown(_variant_t(1e200), L"Currency"), L"1E+200");
     EXPECT_EQ(Shown(_variant_t(L"1e300"), L"0.00"), L"1e300") << "a text that reads as a number";
     const _variant_t infinity(std::numeric_limits<double>::infinity());
     EXPECT_EQ(Shown(infinity, L"0"), TextOf(infinity));
     EXPECT_EQ(Shown(_variant_t(5L), (std::wstring(400, L'-') + L"0").c_str()), L"5");
     const _variant_t date(2.0, VT_DATE);
-    EXPECT_EQ(Shown(date, std::wstring(90, L'd').c_str()), TextOf(date));
     EXPECT_EQ(Shown(date, L"c"), TextOf(date));
     EXPECT_EQ(Shown(_variant_t(1e283), L"x$E+00"), L"1E+283");
     EXPECT_EQ(Shown(_variant_t(5L), L"0AM/PM"), L"5") << "a number is no time of day";

@@ -26,6 +26,7 @@ TEST_F(RecordsetTest, OpensOnTheFirstRecord) {
     EXPECT_EQ(rs.Number(L"State"), adStateOpen);
     EXPECT_EQ(rs.Number(L"RecordCount"), 3);
     EXPECT_EQ(rs.Number(L"AbsolutePosition"), 1);
+    EXPECT_FALSE(rs.Is(L"BOF") || rs.Is(L"EOF"));
     EXPECT_EQ(V_VT(&rs.Get(L"RecordCount").GetVARIANT()), VT_I4) << "as scripts know numbers";
     EXPECT_EQ(rs.Number(L"CursorType"), adOpenKeyset);
     EXPECT_EQ(rs.Number(L"LockType"), adLockOptimistic);
@@ -43,11 +44,6 @@ TEST_F(RecordsetTest, MovesToBothEndsAndNotBeyond) {
     EXPECT_EQ(rs.Number(L"AbsolutePosition"), -3);
     EXPECT_EQ(ErrorOf([&] { rs.Value(L"name"); }).number, kNoRecord);
     EXPECT_EQ(rs.Do(L"MoveNext"), kNoRecord);
-    EXPECT_EQ(rs.Do(L"MovePrevious"), S_OK);
-    EXPECT_EQ(rs.Do(L"MoveFirst"), S_OK);
-    EXPECT_EQ(rs.Do(L"MovePrevious"), S_OK);
-    EXPECT_TRUE(rs.Is(L"BOF"));
-    EXPECT_EQ(rs.Do(L"MovePrevious"), kNoRecord);
     rs.Put(L"AbsolutePosition", 2L);
     EXPECT_EQ(rs.Text(L"name"), L"Bob");
     EXPECT_EQ(ErrorOf([&] { rs.Put(L"AbsolutePosition", 4L); }).number, Number(Failure::InvalidArgument));
@@ -206,14 +202,6 @@ TEST_F(RecordsetTest, WhatCannotBeOpenedTellsWhy) {
               Number(Failure::InvalidConnection));
     EXPECT_EQ(ErrorOf([&] { rs.Number(L"RecordCount"); }).number, Number(Failure::ObjectClosed));
     EXPECT_EQ(rs.Do(L"Close"), Number(Failure::ObjectClosed));
-}
-
-TEST_F(RecordsetTest, FormerIdentifiersAreAnswered) {
-    for (const unsigned long number : {0x50Eul, 0x54Ful, 0x555ul, 0x556ul, 0x150Eul, 0x1556ul, 0x534ul}) {
-        const IID iid = {number, 0, 0x10, {0x80, 0, 0, 0xAA, 0, 0x6D, 0x2E, 0xA4}};
-        ComPtr<IUnknown> found;
-        EXPECT_EQ(rs->QueryInterface(iid, reinterpret_cast<void**>(found.GetAddressOf())), S_OK) << std::hex << number;
-    }
 }
 
 TEST_F(RecordsetTest, FieldsAreEnumeratedAndPutByTheirRecordset) {

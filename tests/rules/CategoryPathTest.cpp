@@ -44,11 +44,3 @@ TEST(CategoryPath, ALetterAsSeparatorPartsInEitherCase) {
     EXPECT_EQ(SegmentsOf(L"1X2x3", L"x"), (Segments{L"1", L"2", L"3"}));
     EXPECT_EQ(SegmentsOf(L"1xY2Xy3", L"XY"), (Segments{L"1", L"2", L"3"}));
 }
-
-TEST(CategoryPath, KeysOfNestedCategoriesCannotBeTakenForOneAnother) {
-    std::wstring key;
-    AppendCategorySegment(key, L"Font");
-    EXPECT_EQ(key, L"Font");
-    AppendCategorySegment(key, L"Size");
-    EXPECT_EQ(key, std::wstring(L"Font\0Size", 9));
-}

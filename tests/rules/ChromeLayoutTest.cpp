@@ -32,27 +32,6 @@ TEST(ChromeLayout, TabsAreAsWideAsTheirTextsOrHalfOfTheStrip) {
     }
 }
 
-TEST(ChromeLayout, TheTabInFrontOpensIntoThePage) {
-    const TabStrip tabs({}, {400, 300}, {60, 13}, false);
-    const struct {
-        int front;
-        long gapLeft;
-        long gapRight;
-    } cases[] = {{0, 0, 97}, {1, 97, 194}};
-    for (const auto& c : cases) {
-        const auto page = tabs.Page({400, 300}, c.front);
-        EXPECT_EQ(page[1].to, (Point{c.gapLeft, 20}));
-        EXPECT_EQ(page[2].from, (Point{c.gapRight, 20}));
-        EXPECT_EQ(page[2].to, (Point{399, 20}));
-        EXPECT_EQ(tabs.TabFace(c.front, false).lines[0].to.x, c.gapLeft) << "no inset in front";
-        EXPECT_EQ(tabs.TabFace(c.front, false).lines[2].to.y, 0);
-        EXPECT_EQ(tabs.TabFace(c.front, true).lines[2].to.y, 3) << "lower behind";
-        EXPECT_EQ(tabs.TabFace(c.front, false).caption, (Rect{c.gapLeft + 5, 3, c.gapRight - 5, 19}));
-    }
-    EXPECT_EQ(tabs.TabFace(0, true).lines[0].to.x, 3);
-    EXPECT_EQ(tabs.TabFace(1, true).lines[0].to.x, 97) << "only the first is narrower at its left";
-}
-
 TEST(ChromeLayout, HeadersAndHelpKeepClearOfTheirEdges) {
     const struct {
         long width;

@@ -42,10 +42,3 @@ TEST(NumberText, NumbersBeyondTheRangeStayNumbers) {
     EXPECT_EQ(NumberFromText(L"1e-999"), 0);
     EXPECT_EQ(NumberFromText(L"0." + std::wstring(1000, L'0') + L"1"), 0);
 }
-
-TEST(NumberText, ColoursShowEightDigits) {
-    EXPECT_EQ(ColorHexText(255), L"&H000000FF&");
-    EXPECT_EQ(ColorHexText(0x8000000Fu), L"&H8000000F&");
-    EXPECT_EQ(ColorHexText(0), L"&H00000000&");
-    EXPECT_EQ(ColorHexText(0xFEDCBA98u), L"&HFEDCBA98&");
-}

@@ -143,11 +143,5 @@ TEST(RowLayout, DividerStaysInTheControl) {
     EXPECT_DOUBLE_EQ(*DividerLimit(190, 200, 16), 168);
 }
 
-TEST(RowLayout, SwatchAndEditorFillTheirCell) {
-    EXPECT_EQ(SwatchRect({0, 0, 90, 18}), (Rect{2, 2, 15, 15}));
-    EXPECT_EQ(EditorRect({101, 37, 200, 55}, true), (Rect{101, 37, 200, 54}));
-    EXPECT_EQ(EditorRect({101, 37, 200, 55}, false), (Rect{101, 38, 200, 54}));
-}
-
 } // namespace
 } // namespace ormisk

@@ -20,9 +20,7 @@ TEST(SplitterGeometry, ContainerWithoutRoomKeepsTheSecondPanesPixel) {
     EXPECT_EQ(ClampedSplitterLocation(0, 0, 4, 1), 1) << "too small a wish is still the least location";
 }
 
-TEST(SplitterGeometry, FirstAndTurnedLocationsUseTheDimensionsGivenToThem) {
-    EXPECT_EQ(InitialSplitterLocation(200, 100, 4, SplitterOrientation::Horizontal), 96);
-    EXPECT_EQ(InitialSplitterLocation(200, 100, 4, SplitterOrientation::Vertical), 46);
+TEST(SplitterGeometry, TurnedLocationsUseTheDimensionsGivenToThem) {
     EXPECT_EQ(TurnedSplitterLocation(96, 200, 100), 192);
     EXPECT_EQ(TurnedSplitterLocation(5, 100, 200), 2) << "2.5 to even";
     EXPECT_EQ(TurnedSplitterLocation(7, 100, 0), 7);
@@ -32,15 +30,6 @@ TEST(SplitterGeometry, ResizeKeepsTheFractionThatThePanesMeasure) {
     EXPECT_EQ(ProportionalSplitterLocation(48, 200, 48, 48, 4), 96);
     EXPECT_EQ(ProportionalSplitterLocation(30, 100, 60, 136, 4), 15) << "not the fraction of the old container";
     EXPECT_EQ(ProportionalSplitterLocation(30, 100, 0, 0, 0), 30);
-}
-
-TEST(SplitterGeometry, PanesFillTheContainerUpToTheBar) {
-    const SplitPanes rows = ArrangedPanes(200, 100, 30, 4, SplitterOrientation::Horizontal);
-    EXPECT_EQ(rows.First, (UnitRect{0, 0, 200, 30}));
-    EXPECT_EQ(rows.Second, (UnitRect{0, 34, 200, 66}));
-    const SplitPanes columns = ArrangedPanes(200, 100, 30, 4, SplitterOrientation::Vertical);
-    EXPECT_EQ(columns.First, (UnitRect{0, 0, 30, 100}));
-    EXPECT_EQ(columns.Second, (UnitRect{34, 0, 166, 100}));
 }
 
 } // namespace ormisk

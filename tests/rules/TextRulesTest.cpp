@@ -29,12 +29,6 @@ TEST(TextRules, LengthLimitsCountNoOuterBlanksAndAreInclusive) {
     EXPECT_TRUE(ValidateText(L"", TextLimits{}).Valid);
 }
 
-TEST(TextRules, ALeastLengthBeyondTheGreatestRefusesEveryText) {
-    const TextLimits limits{.MinLength = 5, .MaxLength = 3};
-    EXPECT_TRUE(Refused(ValidateText(L"abc", limits), L"Entered text is too small in length"));
-    EXPECT_TRUE(Refused(ValidateText(L"abcde", limits), L""));
-}
-
 TEST(TextRules, LowerLimitIsInclusiveAndUpperExclusive) {
     const NumberLimits limits{.AllowFloatingPoint = true,
                               .AllowNegative = true,
@@ -106,14 +100,6 @@ TEST(TextRules, WholeNumbersRoundTiesToEvenAndRefuseWhatDoesNotFit) {
     EXPECT_EQ(ToLong(std::nan("")), std::nullopt);
     EXPECT_EQ(ToSingle(1E300), std::nullopt);
     EXPECT_EQ(ToSingle(-2.5), -2.5F);
-}
-
-TEST(TextRules, EnterCommitsOnlyWhatWasModified) {
-    for (const NumberLimits* mode : {static_cast<const NumberLimits*>(nullptr), &kAnyNumber}) {
-        EXPECT_EQ(DecideKey(13, {L"1", 0, 0, true}, mode), KeyVerdict::Commit);
-        EXPECT_EQ(DecideKey(13, {L"1", 0, 0, false}, mode), KeyVerdict::Cancel);
-        EXPECT_EQ(DecideKey(27, {L"1", 0, 0, true}, mode), KeyVerdict::Cancel);
-    }
 }
 
 TEST(TextRules, NumberRowsTakeDigitsAndBackspaceAndTextRowsAnyKey) {

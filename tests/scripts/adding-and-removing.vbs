@@ -42,12 +42,6 @@ CheckEqual "enumeration", "1Width 2Height 3Width ", names
 On Error Resume Next
 all.Add "N", thing, "", "", Nothing, True, omNumberEditor
 CheckRefused "object for a number", 10, "CProperties.Add", "Invalid value for specified editor."
-all.Add2 "N", 1, "", "TALL", Nothing, True, 2, "mine"
-CheckRefused "key in use", 5, "CProperties.Add", "Property with this key is already present."
-Grid.CategorySeparator = " "
-CheckRefused "blank separator", 2, kLibrary, "CategorySeparator : Invalid property value."
-Grid.StartPropertyEdit Nothing
-CheckRefused "editing Nothing", 16, kLibrary, "Invalid property object specified."
 all.Add thing
 CheckFailed "an object for a name"
 Set item = all.Item(thing)
@@ -58,15 +52,8 @@ Set Grid.Font = thing
 CheckFailed "a foreign object for a font"
 Grid.BackColor = "red"
 CheckFailed "a word for a colour"
-Grid.BackColor = 2 ^ 32
-CheckEqual "a number beyond a colour", 6, Err.Number
-Err.Clear
 text = Grid.SelectedProperty(1).Name
 CheckFailed "an argument for Nothing"
-Grid.Refresh 1
-CheckFailed "an argument too many"
-text = Grid.RegisterEditor(" ", Nothing)
-CheckRefused "blank key of an editor", 3, "RegisterEditor : ", "Invalid key specified."
 On Error GoTo 0
 CheckEvents "refused", ""
 CheckEqual "rows after refusals", 3, all.Count

@@ -2,7 +2,7 @@
 Option Explicit
 Host.Include "lib/common.vbs"
 
-Dim all, files, path, file, drive, document, font, i
+Dim all, files, path, file, document, font, i
 Set all = Grid.Properties
 
 Function RowNames()
@@ -44,10 +44,6 @@ CheckEqual "attributes written", 33, file.Attributes
 all("Attributes").Value = 32
 CheckEqual "attributes written back", 32, files.GetFile(path).Attributes
 
-Set drive = files.GetDrive("C:")
-Load "drive", drive, 2
-CheckEqual "letter", "C", all("DriveLetter").Value
-CheckTrue "letter is read-only", all("DriveLetter").ReadOnly
 files.DeleteFile path
 
 ' An XML document.
@@ -59,8 +55,6 @@ CheckEqual "kind of node by name", "9 - NODE_DOCUMENT", all("nodeType").Formatte
 CheckTrue "the element is an object", IsObject(all("documentElement").Value)
 all("async").Value = False
 CheckEqual "written to the document", False, document.async
-all("preserveWhiteSpace").Value = True
-CheckEqual "the other, too", True, document.preserveWhiteSpace
 
 ' A font, whose properties are variables of a dispatch interface.
 Set font = CreateObject("StdFont")

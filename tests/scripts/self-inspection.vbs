@@ -22,17 +22,6 @@ CheckTrue "a picture row by its dialog", Not settings.Picture Is Nothing
 CheckEqual "how the picture lies", 2, settings.PictureLayout
 CheckEqual "a text row", "My setting", settings.NameCaption
 
-' What is solid now was dotted: there is a grid line without gaps under a row.
-Dim x, y, solid
-For y = 60 To 90
-    solid = Host.Pixel(place.Left + 100, y) <> &HFFFFFF
-    For x = place.Left + 101 To place.Left + 120
-        If solid Then solid = Host.Pixel(x, y) = Host.Pixel(x - 1, y)
-    Next
-    If solid Then Exit For
-Next
-CheckTrue "a grid line is solid", solid
-
 ' The row of its place moves the control itself.
 settings.Properties.Item("Position_Width").Value = 300
 CheckEqual "a place edited in a row", 300, place.Width

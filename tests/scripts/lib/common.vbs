@@ -74,8 +74,3 @@ End Function
 Sub ClickRow(row)
     Host.Click NameX(), RowY(row)
 End Sub
-
-' Whether the selected row on screen has its editor open: without one its value cell is highlighted.
-Function EditorIsOpen(row)
-    EditorIsOpen = Host.Pixel(NameX(), RowY(row)) = kHighlight And Host.Pixel(NameX() * 2 - 10, RowY(row)) <> kHighlight
-End Function
