@@ -315,11 +315,12 @@ void GridContainer::ClickTree(long x, long y) const {
     SendMessageW(tree, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
 }
 
-void GridContainer::SendMouse(DWORD flags, DWORD time) const {
+void GridContainer::SendMouse(DWORD flags, DWORD time, DWORD data) const {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
     input.mi.time = time;
+    input.mi.mouseData = data;
     SendInput(1, &input, sizeof input);
     Pump();
 }
@@ -371,6 +372,8 @@ void GridContainer::PlainClick(HWND target, long x, long y, bool right) {
     SendMouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
     SendMouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
 }
+
+void GridContainer::RealWheel(int amount) const { SendMouse(MOUSEEVENTF_WHEEL, 0, static_cast<DWORD>(amount)); }
 
 void GridContainer::RealKeys(std::initializer_list<WORD> keys, WORD modifier) {
     ComeToFront();

@@ -156,6 +156,7 @@ public:
     void RealClick(HWND target, long x, long y, int count = 1);
     void PlainClick(HWND target, long x, long y, bool right = false); // without a right click beside it before
     void RealDrag(HWND target, POINT from, POINT to);
+    void RealWheel(int amount) const;
     void RealKeys(std::initializer_list<WORD> keys, WORD modifier = 0);
     void Pump() const;
 
@@ -164,7 +165,7 @@ public:
 
 private:
     void ComeToFront() const;
-    void SendMouse(DWORD flags, DWORD time = 0) const;
+    void SendMouse(DWORD flags, DWORD time = 0, DWORD data = 0) const;
 
     MouseShield m_MouseShield;
     DWORD m_EventCookie = 0;

@@ -3,6 +3,10 @@
 #include "InspectTools.h"
 #include "RecordsetTools.h"
 
+#include "automation/ByName.h"
+
+#include <algorithm>
+
 namespace ormisk::test {
 namespace {
 
@@ -394,6 +398,49 @@ TEST_F(RecordsetTest, AControlWithoutASiteCrashesOnARecordset) {
     FailureOfCall(grid->LoadRecordset(people.Get(), VARIANT_TRUE, &result));
     people->Host(L"MoveNext");
     EXPECT_EQ(Read(Read(grid, &OrmiskGrid::get_Properties), &_CProperties::get_Count), 0);
+}
+
+// The platform's own recordset in memory; some versions of the platform cannot do it.
+TEST_F(RecordsetTest, ThePlatformsOwnRecordsetIsNotShownOrMoved) {
+    CLSID id{};
+    ComPtr<IDispatch> records;
+    if (FAILED(CLSIDFromProgID(L"ADODB.Recordset", &id)) ||
+        FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                reinterpret_cast<void**>(records.GetAddressOf()))))
+        GTEST_SKIP() << "there is none here";
+    const auto call = [](IDispatch* object, const wchar_t* member, std::vector<_variant_t> arguments) {
+        std::reverse(arguments.begin(), arguments.end());
+        wchar_t* name = const_cast<wchar_t*>(member);
+        DISPID dispid = 0;
+        Check(object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &dispid));
+        DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+        Check(object->Invoke(dispid, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                             nullptr));
+    };
+    try {
+        _variant_t clientSide(3L);
+        InvokeByName(records.Get(), L"CursorLocation", DISPATCH_PROPERTYPUT, &clientSide);
+        const _variant_t fields = InvokeByName(records.Get(), L"Fields", DISPATCH_PROPERTYGET);
+        call(V_DISPATCH(&fields), L"Append",
+             {_variant_t(L"Name"), _variant_t(202L), _variant_t(20L), _variant_t(0x24L)});
+        call(records.Get(), L"Open", {});
+        for (const wchar_t* name : {L"Ann", L"Bob"}) {
+            call(records.Get(), L"AddNew", {});
+            _variant_t index(0L), value(name);
+            const _variant_t field = InvokeByName(V_DISPATCH(&fields), L"Item", DISPATCH_PROPERTYGET, &index);
+            InvokeByName(V_DISPATCH(&field), L"Value", DISPATCH_PROPERTYPUT, &value);
+        }
+        call(records.Get(), L"MoveFirst", {});
+    } catch (...) {
+        GTEST_SKIP() << "it cannot be filled by name here: " << std::hex << CurrentError().number;
+    }
+    GridContainer host;
+    LoadRecords(host, records.Get());
+    EXPECT_EQ(Values(host), L"Name=Ann");
+    const RecordBar bar(host);
+    bar.Click(host, bar.next);
+    EXPECT_EQ(Values(host), L"Name=Bob");
+    EXPECT_EQ(LoadedRecordset(host), records);
 }
 
 } // namespace
