@@ -90,7 +90,7 @@ void TipsAndHelp::UpdateTooltip(long x, long y) {
     // May ask the host's objects, which can do anything to the rows.
     std::wstring text = look.CellText(node, property.Get(), before->cell.name);
     const auto place = m_Grid.IsAlive() ? PlaceAt(x, y) : std::nullopt;
-    if (!place || place->cell != before->cell || place->cell == m_Shown)
+    if (!place || place->node != before->node || place->cell != before->cell || place->cell == m_Shown)
         return;
     const HFONT font = look.FontOf(node, L"TMP_FONT");
     const bool byteExpanded = look.ByteExpanded(property.Get());

@@ -57,11 +57,13 @@ private:
 };
 
 struct TipHost : GridContainer {
-    TipHost() {
+    explicit TipHost(int more = 0) {
         Add(L"Short", L"fits");
         Add(L"Long", kLong.c_str());
         Add(kLong, L"x");
         Add(L"Color", 255L, L"", omColorEditor);
+        for (int i = 0; i < more; ++i)
+            Add(L"Row" + std::to_wstring(i), L"v");
     }
     void Over(long row, bool name) {
         const RECT cell = name ? NameCell(row) : ValueCell(row);
@@ -120,9 +122,7 @@ TEST_F(GridTest, ATipLeavesTheScreen) {
 }
 
 TEST_F(GridTest, ATipTakesTheMouseFromItsRow) {
-    TipHost host;
-    for (int i = 0; i < 40; ++i)
-        host.Add(L"Row" + std::to_wstring(i), L"v");
+    TipHost host(40);
     const Tip tip(host);
     const auto show = [&] {
         host.Aside();
@@ -146,9 +146,7 @@ TEST_F(GridTest, ATipTakesTheMouseFromItsRow) {
 }
 
 TEST_F(GridTest, AnOldTipHangsOverAnotherRow) {
-    TipHost host;
-    for (int i = 0; i < 40; ++i)
-        host.Add(L"Row" + std::to_wstring(i), L"v");
+    TipHost host(40);
     const Tip tip(host);
     const std::function<void()> changes[] = {
         [&] { SendMessageW(host.Tree(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0); },
